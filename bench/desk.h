@@ -1,0 +1,37 @@
+// The real windows at work in a program folder of their own, on the host's own file system.
+#pragma once
+
+#include <string>
+
+#include "core/machine.h"
+#include "core/project_window.h"
+#include "platform/random.h"
+#include "tests/support/robot.h"
+#include "workbench/format_window.h"
+
+namespace bench {
+
+class Desk {
+ public:
+  // In an existing empty folder of the host: the delivered files are copied into it, and the
+  // project window is shown.
+  explicit Desk(const std::string& hostFolder);
+
+  // Opens the workbench on the first collection of a project in a folder that exists. Its input
+  // texts are those of `inputFolder`; empty: the field stays as it is.
+  void OpenWorkbench(const std::string& projectFolder, const std::string& inputFolder = {});
+  // Clicks the input text in the list and lets the windows settle.
+  void OpenText(const std::string& fileName);
+
+ private:
+  std::string folder_;
+  platform::Random random_;
+  core::Machine machine_;
+
+ public:
+  core::Form1 form1;
+  workbench::Form3 form3;
+  testing_support::Robot robot;
+};
+
+}  // namespace bench

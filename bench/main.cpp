@@ -1,0 +1,100 @@
+// bench_table [--rounds N] [row...]: measures the rows, all of them where none is named, and prints
+// them as a table. The exit status is 0 if every target is met, 1 if one is missed, 2 if the bench
+// itself fails.
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "bench/box_rows.h"
+#include "bench/build_rows.h"
+#include "bench/process_rows.h"
+#include "bench/table.h"
+#include "bench/text_rows.h"
+#include "platform/application.h"
+
+namespace {
+
+constexpr int kFewestRounds = 5;
+
+const std::array<bench::NamedRow, 9> kRows = {{{"build", bench::MeasureTextBuild},
+                                               {"media", bench::MeasureMediaBuild},
+                                               {"mixed", bench::MeasureMixedBuild},
+                                               {"rep", bench::MeasureCleanUp},
+                                               {"plain", bench::MeasurePlainText},
+                                               {"rtf", bench::MeasureRichText},
+                                               {"f3", bench::MeasureMarking},
+                                               {"start", bench::MeasureStart},
+                                               {"memory", bench::MeasureMemory}}};
+
+struct Order {
+  int rounds = kFewestRounds;
+  std::vector<const bench::NamedRow*> rows;
+};
+
+const bench::NamedRow& RowOf(const std::string& name) {
+  const auto row = std::ranges::find(kRows, name, &bench::NamedRow::name);
+  if (row != kRows.end()) return *row;
+  std::string names;
+  for (const bench::NamedRow& each : kRows) names += " " + each.name;
+  throw std::runtime_error("no row " + name + "; there are:" + names);
+}
+
+Order OrderOf(const std::vector<std::string>& words) {
+  Order order;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (words[i] == "--rounds") {
+      order.rounds = std::max(kFewestRounds, std::stoi(words.at(++i)));
+    } else {
+      order.rows.push_back(&RowOf(words[i]));
+    }
+  }
+  if (order.rows.empty()) {
+    for (const bench::NamedRow& row : kRows) order.rows.push_back(&row);
+  }
+  return order;
+}
+
+// Figures of a machine that had other work say little.
+void WarnOfLoad() {
+  double load = 0;
+  if (::getloadavg(&load, 1) != 1 || load < std::thread::hardware_concurrency() / 2.0) return;
+  std::cerr << "The machine is busy (load " << load << "): take the figures with care.\n";
+}
+
+int PrintTable(const Order& order, bench::WorkFolder& work) {
+  int status = 0;
+  std::cout << bench::TableHead() << std::flush;
+  for (const bench::NamedRow* row : order.rows) {
+    WarnOfLoad();
+    const bench::Row measured = row->measure({work, order.rounds});
+    std::cout << bench::TableLine(measured) << std::flush;
+    if (!bench::IsMet(measured)) status = 1;
+  }
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  const platform::Application application(argc, argv);
+  try {
+    const Order order = OrderOf({argv + 1, argv + argc});
+    bench::WorkFolder work;
+    // Nothing reaches the user's own folders.
+    ::setenv("HOME", work.NewFolder("home").c_str(), 1);
+    ::sync();
+    return PrintTable(order, work);
+  } catch (const std::exception& problem) {
+    std::cerr << problem.what() << '\n';
+    return 2;
+  }
+}

@@ -1,0 +1,13 @@
+// Texts put together from pieces.
+#pragma once
+
+#include <initializer_list>
+
+#include "platform/text.h"
+
+namespace core {
+
+// The pieces one behind the other, in one allocation.
+platform::Text Joined(std::initializer_list<platform::TextView> pieces);
+
+}  // namespace core

@@ -1,0 +1,216 @@
+#include "core/project_window.h"
+
+#include <initializer_list>
+
+#include "core/book_places.h"
+#include "core/joined.h"
+#include "core/log.h"
+#include "core/messages.h"
+#include "core/selector.h"
+#include "core/settings.h"
+#include "core/version.h"
+#include "core/vocabulary.h"
+#include "platform/application.h"
+#include "platform/failure.h"
+#include "platform/message_box.h"
+#include "platform/paths.h"
+#include "support/window_catalogue.h"
+
+namespace core {
+
+using platform::Position;
+using platform::Text;
+using platform::TextView;
+
+namespace {
+
+Text StartNote() {
+  return Joined({platform::kApplicationTitle, u" v", platform::FromNumber(kVersionMajor), u".",
+                 platform::FromNumber(kVersionMinor), u".", platform::FromNumber(kVersionRevision),
+                 u" started."});
+}
+
+}  // namespace
+
+Form1::Form1(Machine& machine)
+    : Window(support::Form1Definition()),
+      machine_(machine),
+      folderChooser_([this] { upd(); }),
+      fileChooser_([this] { upd(); }) {
+  WireFields();
+  WireButtons();
+}
+
+void Form1::WireFields() {
+  for (platform::TextBox* field :
+       {&Back, &Mus1, &Mus2, &Text1, &title, &shenas, &matn, &ExBox, &index, &idir}) {
+    field->onGotFocus = [field] { SelectWhole(*field); };
+  }
+  for (platform::TextBox* count : {&title, &matn, &shenas}) {
+    count->onLostFocus = [this] { MakeCombo(); };
+  }
+  idir.onChange = [this] { idir_Change(); };
+  bMus.ForEach([this](platform::OptionButton& option) {
+    option.onClick = [this] { bMus_Click(); };
+    option.onKeyUp = [this] { bMus_KeyUp(); };
+  });
+}
+
+void Form1::WireButtons() {
+  Command1.onClick = [this] { Command1_Click(); };
+  Command2.onClick = [this] { Command2_Click(); };
+  Command3.onClick = [this] { Command3_Click(); };
+  Command4.onClick = [this] { Command4_Click(); };
+  Command5.onClick = [this] { Command5_Click(); };
+  Command6.onClick = [this] { Command6_Click(); };
+  Command7.onClick = [this] { Command7_Click(); };
+  Command8.onClick = [this] { Command8_Click(); };
+  Command9.onClick = [this] { Command9_Click(); };
+  Command10.onClick = [this] { Command10_Click(); };
+  Timer1.onTimer = [this] { Timer1_Timer(); };
+}
+
+void Form1::Form_Load() {
+  Catching(39, [&] {
+    fileSys = std::make_unique<platform::FileSystemObject>(machine_.files);
+    LogMe(Joined({u"Closing last log.\r\n\r\n", kLogRule, u"\r\n"}));
+    LogMe(StartNote());
+    InitVocabulary();
+    txtFolder = kTxtFolder;
+    xmlFolder = kXmlFolder;
+    bMus(0).SetValue(true);
+    Olgoo(0).SetValue(true);
+    MakeCombo();
+  });
+}
+
+void Form1::Form_Unload() {
+  Hide();
+  LogMe(u"Zorvand ended.");
+  fileSys.reset();
+  platform::EndProcess(0);
+}
+
+platform::FileSystemObject& Form1::FileSys() {
+  if (fileSys == nullptr) throw platform::Failure(u"Object variable not set: fileSys");
+  return *fileSys;
+}
+
+Text Form1::DoSlash(TextView path) {
+  Text slashed(path);
+  Catching(45, [&] { slashed = platform::DoSlash(path); });
+  return slashed;
+}
+
+Text Form1::ProgramRoot() { return DoSlash(machine_.programFolder); }
+
+Text Form1::BookRoot() { return DoSlash(idir.Text()); }
+
+// Log and messages.
+
+void Form1::LogMe(TextView text) {
+  platform::Ignoring([&] { DoLog(text, LogFile(platform::DoSlash(machine_.programFolder))); });
+  platform::Ignoring([&] { DoLog(text, machine_.systemLogPath); });
+}
+
+void Form1::DoLog(TextView text, TextView path) {
+  if (fileSys != nullptr) WriteLog(*fileSys, machine_.clock, text, path);
+}
+
+void Form1::LogErr(std::int16_t number) {
+  platform::Ignoring([&] { LogMe(FailureNote(number, lastErrorText)); });
+}
+
+void Form1::bepayam(std::int16_t number) {
+  if (NamesFailure(number)) LogErr(number);
+  if (!ShowsBox(number)) return;
+  platform::ShowNotice(MessageText(number), platform::kApplicationTitle);
+  LogMe(DisplayNote(number));
+}
+
+void Form1::Catching(std::int16_t number, const std::function<void()>& operation) {
+  platform::CatchingFailure(operation, [&](const Text& description) {
+    lastErrorText = description;
+    bepayam(number);
+  });
+}
+
+// The vocabulary record.
+
+Text Form1::LoadVocabulary() {
+  const Text record(kVocabularyRecord);
+  vocabulary = WithTodaysWords(record);
+  return record;
+}
+
+void Form1::InitVocabulary() { vocabulary = LoadVocabulary(); }
+
+void Form1::RefreshVocabulary() { vocabulary = LoadVocabulary(); }
+
+// The collection selector.
+
+void Form1::MakeCombo() {
+  Catching(42, [&] {
+    LogMe(u"Making combo...");
+    dataName.Clear();
+    ListRow(0, title.Text());
+    ListRow(1, matn.Text());
+    ListRow(2, shenas.Text());
+    if (dataName.ListCount() > 0) dataName.SetListIndex(0);
+    LogMe(
+        Joined({u"Combo made by ", title.Text(), u", ", matn.Text(), u", ", shenas.Text(), u"."}));
+  });
+}
+
+void Form1::ListRow(std::size_t row, TextView count) {
+  const CollectionRow& collections = kCollectionRows[row];
+  const auto isBuilt = [&](TextView digit) {
+    return FileSys().FileExists(CollectionFile(BookRoot(), xmlFolder, collections.letter, digit));
+  };
+  ListWaiting(collections, count, isBuilt, [&](TextView entry) { dataName.AddItem(entry); });
+}
+
+// Small handlers.
+
+void Form1::Command4_Click() {
+  Catching(33, [&] {
+    if (ports_.help != nullptr) ports_.help->ShowHelp(*this);
+  });
+}
+
+void Form1::Command10_Click() {
+  if (ports_.exporting != nullptr) ports_.exporting->Export();
+}
+
+void Form1::Timer1_Timer() {
+  Catching(43, [&] {
+    if (State() == platform::WindowState::kMinimised) return;
+    if (ports_.workbench != nullptr) ports_.workbench->RestoreWorkbench();
+    Timer1.SetTimerEnabled(false);
+    if (ports_.workbench != nullptr) ports_.workbench->StartWorkbenchTimer();
+  });
+}
+
+void Form1::bMus_Click() {
+  Catching(31, [&] {
+    const bool music = bMus(0).Value();
+    for (platform::Control* control : std::initializer_list<platform::Control*>{
+             &Mus1, &Mus2, &Command6, &Command7, &Label1, &Label10}) {
+      control->SetEnabled(music);
+    }
+  });
+}
+
+void Form1::bMus_KeyUp() { bMus_Click(); }
+
+void Form1::idir_Change() {
+  ReadSett();
+  MakeCombo();
+}
+
+void Form1::SelectWhole(platform::TextBox& field) {
+  field.SetSelStart(0);
+  field.SetSelLength(static_cast<Position>(field.Text().size()));
+}
+
+}  // namespace core

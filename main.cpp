@@ -1,0 +1,22 @@
+// Makes the windows, wires them, runs.
+#include "core/machine.h"
+#include "core/project_window.h"
+#include "platform/application.h"
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/paths.h"
+#include "platform/random.h"
+#include "workbench/format_window.h"
+
+int main(int argc, char** argv) {
+  platform::Application application(argc, argv);
+  platform::Random random;
+  core::Machine machine{platform::HostFileSystem(), platform::HostClock(), random,
+                        platform::ProgramFolder(), platform::SystemLogPath()};
+  core::Form1 form1(machine);
+  workbench::Form3 form3(form1);
+  core::Ports ports;
+  ports.workbench = &form3;
+  form1.Wire(ports);
+  return application.Run([&] { form1.Show(); });
+}

@@ -1,0 +1,100 @@
+#include "platform/beside_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+// Keeps the hidden name inside what file systems allow for one (255 bytes).
+constexpr std::size_t kLongestNamePart = 200;
+constexpr mode_t kModeBits = 07777;
+
+std::string WithLinksFollowed(const std::string& hostPath, TextView path) {
+  char buffer[PATH_MAX];
+  if (::realpath(hostPath.c_str(), buffer) == nullptr) FailHost(u"write", path, errno);
+  return buffer;
+}
+
+std::string BesidePath(const std::string& target) {
+  const std::size_t name = target.rfind('/') + 1;
+  return target.substr(0, name) + "." + target.substr(name, kLongestNamePart) + ".zorvand-new";
+}
+
+Descriptor MakeAnew(const std::string& hostPath) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
+  constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+  Descriptor made = OpenHost(hostPath, kFlags, kOwnerOnly);
+  if (made.IsOpen() || errno != EEXIST) return made;
+  if (::unlink(hostPath.c_str()) != 0) return Descriptor(-1);
+  return OpenHost(hostPath, kFlags, kOwnerOnly);
+}
+
+// Not everybody may give a file to its old owner or group; a text that is saved as one's own is
+// better than none.
+void KeepOwner(const Descriptor& file, const struct stat& known) {
+  constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+  const bool kept = ::fchown(file.Number(), known.st_uid, known.st_gid) == 0 ||
+                    ::fchown(file.Number(), kAsItIs, known.st_gid) == 0;
+  static_cast<void>(kept);
+}
+
+// The owner first, as a change of owner takes mode bits away.
+int TakeOver(const Descriptor& file, const struct stat& known) {
+  KeepOwner(file, known);
+  return ::fchmod(file.Number(), known.st_mode & kModeBits) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+BesideFile::BesideFile(const std::string& hostPath, TextView path, const struct stat& known)
+    : path_(path),
+      target_(WithLinksFollowed(hostPath, path)),
+      beside_(BesidePath(target_)),
+      file_(MakeAnew(beside_)) {
+  if (!file_.IsOpen()) FailHost(u"write", path_, errno);
+  const int error = TakeOver(file_, known);
+  if (error == 0) return;
+  ::unlink(beside_.c_str());
+  FailHost(u"write", path_, error);
+}
+
+BesideFile::~BesideFile() {
+  if (!inPlace_) ::unlink(beside_.c_str());
+}
+
+void BesideFile::Write(std::string_view bytes) {
+  if (error_ != 0) Fail(error_);
+  std::size_t written = 0;
+  const int error = WriteWhole(file_, bytes, written);
+  if (error != 0) Fail(error);
+}
+
+void BesideFile::Flush() {
+  if (error_ != 0) Fail(error_);
+  int result = 0;
+  do {
+    result = ::fsync(file_.Number());
+  } while (result != 0 && errno == EINTR);
+  if (result != 0) Fail(errno);
+}
+
+void BesideFile::TakePlace() {
+  if (error_ != 0) Fail(error_);
+  const int error = file_.Close();
+  if (error != 0) Fail(error);
+  if (std::rename(beside_.c_str(), target_.c_str()) != 0) Fail(errno);
+  inPlace_ = true;
+}
+
+void BesideFile::Fail(int error) {
+  error_ = error;
+  FailHost(u"write", path_, error);
+}
+
+}  // namespace platform

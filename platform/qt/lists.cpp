@@ -1,0 +1,107 @@
+// List boxes and drop-down lists.
+#include <QComboBox>
+
+#include "platform/failure.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/list_widget.h"
+#include "platform/qt/peers.h"
+#include "platform/qt/trampoline.h"
+
+namespace platform {
+namespace {
+
+ListWidget& ListOf(const Control& control) {
+  return static_cast<ListWidget&>(*control.ThePeer().widget);
+}
+
+QComboBox& ComboOf(const Control& control) {
+  return static_cast<QComboBox&>(*control.ThePeer().widget);
+}
+
+// The row as the toolkit counts it. Failure outside 0 to `highest`.
+int Row(Position index, int highest) {
+  if (index < 0 || index > highest) throw Failure(u"Invalid property array index");
+  return static_cast<int>(index);
+}
+
+}  // namespace
+
+std::unique_ptr<Control::Peer> MakeListBox(const ControlRow& row, QWidget* parent,
+                                           ListBox* control) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* list = new ListWidget(parent);
+  if (row.leftToRight) list->setLayoutDirection(Qt::LeftToRight);
+  peer->widget = list;
+  if (control != nullptr) {
+    list->onChosen = peer->Gate(control->onClick);
+    list->onMouseUp = peer->Gate(control->onMouseUp);
+  }
+  return peer;
+}
+
+Position ListBox::ListCount() const { return ListOf(*this).count(); }
+Position ListBox::ListIndex() const { return ListOf(*this).SelectedRow(); }
+
+void ListBox::SetListIndex(Position index) {
+  ListWidget& list = ListOf(*this);
+  list.setCurrentRow(index == -1 ? -1 : Row(index, list.count() - 1));
+}
+
+Text ListBox::List(Position index) const {
+  ListWidget& list = ListOf(*this);
+  return ToText(list.item(Row(index, list.count() - 1))->text());
+}
+
+void ListBox::SetList(Position index, TextView text) {
+  ListWidget& list = ListOf(*this);
+  list.item(Row(index, list.count() - 1))->setText(ToQString(text));
+}
+
+void ListBox::AddItem(TextView text) { ListOf(*this).addItem(ToQString(text)); }
+
+void ListBox::InsertItem(Position index, TextView text) {
+  ListWidget& list = ListOf(*this);
+  list.insertItem(Row(index, list.count()), ToQString(text));
+}
+
+void ListBox::RemoveItem(Position index) {
+  ListWidget& list = ListOf(*this);
+  delete list.takeItem(Row(index, list.count() - 1));
+}
+
+void ListBox::Clear() { ListOf(*this).clear(); }
+
+std::unique_ptr<Control::Peer> MakeComboBox(const ControlRow&, QWidget* parent) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* combo = new QComboBox(parent);
+  combo->setLayoutDirection(Qt::RightToLeft);
+  peer->widget = combo;
+  return peer;
+}
+
+Position ComboBox::ListCount() const { return ComboOf(*this).count(); }
+Position ComboBox::ListIndex() const { return ComboOf(*this).currentIndex(); }
+
+void ComboBox::SetListIndex(Position index) {
+  QComboBox& combo = ComboOf(*this);
+  combo.setCurrentIndex(index == -1 ? -1 : Row(index, combo.count() - 1));
+}
+
+Text ComboBox::List(Position index) const {
+  QComboBox& combo = ComboOf(*this);
+  return ToText(combo.itemText(Row(index, combo.count() - 1)));
+}
+
+Text ComboBox::Text() const { return ToText(ComboOf(*this).currentText()); }
+
+void ComboBox::AddItem(TextView text) {
+  QComboBox& combo = ComboOf(*this);
+  const int selected = combo.currentIndex();
+  combo.addItem(ToQString(text));
+  // The toolkit selects the first line that comes; here nothing is selected until code or user do.
+  combo.setCurrentIndex(selected);
+}
+
+void ComboBox::Clear() { ComboOf(*this).clear(); }
+
+}  // namespace platform

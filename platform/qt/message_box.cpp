@@ -1,0 +1,48 @@
+#include "platform/message_box.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <utility>
+
+#include "platform/caption.h"
+#include "platform/qt/conversions.h"
+
+namespace platform {
+namespace {
+
+// The toolkit's own captions follow the desktop's language, which need not be the editor's.
+void NameButtons(QMessageBox& box) {
+  const std::pair<QMessageBox::StandardButton, QString> captions[] = {
+      {QMessageBox::Ok, QStringLiteral("تأييد")},
+      {QMessageBox::Yes, QStringLiteral("بله")},
+      {QMessageBox::No, QStringLiteral("خير")}};
+  for (const auto& [which, caption] : captions) {
+    if (QAbstractButton* button = box.button(which)) button->setText(caption);
+  }
+}
+
+QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Icon icon,
+                                QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, ToQString(title), ToQString(ShownCaption(prompt)), buttons,
+                  QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("MessageBox"));
+  box.setTextFormat(Qt::PlainText);
+  NameButtons(box);
+  box.setLayoutDirection(Qt::RightToLeft);
+  return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+}  // namespace
+
+void ShowNotice(TextView prompt, TextView title) {
+  Ask(prompt, title, QMessageBox::NoIcon, QMessageBox::Ok);
+}
+
+Answer AskYesNo(TextView prompt, TextView title) {
+  const auto pressed =
+      Ask(prompt, title, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No);
+  return pressed == QMessageBox::Yes ? Answer::kYes : Answer::kNo;
+}
+
+}  // namespace platform

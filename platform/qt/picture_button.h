@@ -1,0 +1,21 @@
+// A push button that can bear an artwork, above its caption if it has one.
+#pragma once
+
+#include <QPushButton>
+
+#include "platform/window_definition.h"
+
+namespace platform {
+
+class PictureButton : public QPushButton {
+ public:
+  PictureButton(Artwork artwork, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Artwork artwork_;
+};
+
+}  // namespace platform

@@ -1,0 +1,180 @@
+// Frames, labels, buttons, tick boxes and options.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionButton>
+
+#include "platform/caption.h"
+#include "platform/qt/artwork.h"
+#include "platform/qt/conversions.h"
+#include "platform/qt/key_watcher.h"
+#include "platform/qt/peers.h"
+#include "platform/qt/picture_button.h"
+#include "platform/qt/trampoline.h"
+
+namespace platform {
+namespace {
+
+// Buttons would take "&" for the mark of a mnemonic.
+QString ButtonText(TextView caption) {
+  return ToQString(Replace(ShownCaption(caption), u"&", u"&&"));
+}
+
+QAbstractButton& ButtonOf(const Control& control) {
+  return static_cast<QAbstractButton&>(*control.ThePeer().widget);
+}
+
+// A tick box or option whose mark keeps away from the right edge, where another control lies.
+template <typename ButtonType>
+class InsetButton : public ButtonType {
+ public:
+  InsetButton(const ControlRow& row, QWidget* parent)
+      : ButtonType(ButtonText(row.text), parent), inset_(ToPixels(row.markInset)) {}
+
+ protected:
+  void initStyleOption(QStyleOptionButton* option) const override {
+    ButtonType::initStyleOption(option);
+    option->rect.adjust(0, 0, -inset_, 0);
+  }
+
+ private:
+  int inset_;
+};
+
+// Tick boxes and options stand on the right of their captions.
+template <typename ButtonType>
+std::unique_ptr<Control::Peer> MakeTickable(const ControlRow& row, QWidget* parent) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* button = new InsetButton<ButtonType>(row, parent);
+  button->setLayoutDirection(Qt::RightToLeft);
+  button->setChecked(row.ticked);
+  peer->caption = row.text;
+  peer->widget = button;
+  return peer;
+}
+
+// An artwork, drawn anew at whatever size and density it is shown.
+class PictureWidget : public QWidget {
+ public:
+  PictureWidget(Artwork artwork, QWidget* parent) : QWidget(parent), artwork_(artwork) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    DrawArtwork(painter, artwork_, rect());
+  }
+
+ private:
+  Artwork artwork_;
+};
+
+}  // namespace
+
+std::unique_ptr<Control::Peer> MakeFrame(const ControlRow& row, QWidget* parent) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* frame = new QFrame(parent);
+  if (row.kind == ControlKind::kLine) {
+    frame->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Sunken));
+  }
+  // A frame that opens over other controls hides what lies under it.
+  frame->setAutoFillBackground(row.hidden);
+  if (row.hidden) frame->raise();
+  peer->widget = frame;
+  return peer;
+}
+
+std::unique_ptr<Control::Peer> MakePicture(const ControlRow& row, QWidget* parent) {
+  auto peer = std::make_unique<Control::Peer>();
+  peer->widget = new PictureWidget(row.artwork, parent);
+  return peer;
+}
+
+std::unique_ptr<Control::Peer> MakeLabel(const ControlRow& row, QWidget* parent) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* label = new QLabel(ToQString(ShownCaption(row.text)), parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  label->setAlignment((row.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop |
+                      Qt::AlignAbsolute);
+  label->setLayoutDirection(row.leftToRight ? Qt::LeftToRight : Qt::RightToLeft);
+  peer->caption = row.text;
+  peer->widget = label;
+  return peer;
+}
+
+std::unique_ptr<Control::Peer> MakeButton(const ControlRow& row, QWidget* parent, Button* control) {
+  auto peer = std::make_unique<Control::Peer>();
+  auto* button = new PictureButton(row.artwork, parent);
+  button->setText(ButtonText(row.text));
+  button->setLayoutDirection(row.leftToRight ? Qt::LeftToRight : Qt::RightToLeft);
+  peer->caption = row.text;
+  peer->widget = button;
+  if (control != nullptr) {
+    QObject::connect(button, &QPushButton::clicked, &peer->anchor, peer->Gate(control->onClick));
+  }
+  return peer;
+}
+
+std::unique_ptr<Control::Peer> MakeCheckBox(const ControlRow& row, QWidget* parent,
+                                            CheckBox* control) {
+  auto peer = MakeTickable<QCheckBox>(row, parent);
+  if (control != nullptr) {
+    auto* box = static_cast<QCheckBox*>(peer->widget);
+    QObject::connect(box, &QCheckBox::clicked, &peer->anchor,
+                     [click = peer->Gate(control->onClick), up = peer->Gate(control->onMouseUp)] {
+                       click();
+                       up();
+                     });
+  }
+  return peer;
+}
+
+std::unique_ptr<Control::Peer> MakeOption(const ControlRow& row, QWidget* parent,
+                                          OptionButton* control) {
+  auto peer = MakeTickable<QRadioButton>(row, parent);
+  if (control != nullptr) {
+    auto* option = static_cast<QRadioButton*>(peer->widget);
+    QObject::connect(option, &QRadioButton::toggled, &peer->anchor,
+                     [click = peer->Gate(control->onClick)](bool on) {
+                       if (on) click();
+                     });
+    WatchKeyUp(*peer, peer->Gate(control->onKeyUp));
+  }
+  return peer;
+}
+
+Text Label::Caption() const { return ThePeer().caption; }
+
+void Label::SetCaption(TextView caption) {
+  ThePeer().caption = caption;
+  static_cast<QLabel*>(ThePeer().widget)->setText(ToQString(ShownCaption(caption)));
+}
+
+Text Button::Caption() const { return ThePeer().caption; }
+
+void Button::SetCaption(TextView caption) {
+  ThePeer().caption = caption;
+  ButtonOf(*this).setText(ButtonText(caption));
+  ThePeer().widget->setAccessibleName(ToQString(ShownCaption(caption)));
+}
+
+bool CheckBox::Value() const { return ButtonOf(*this).isChecked(); }
+void CheckBox::SetValue(bool on) { ButtonOf(*this).setChecked(on); }
+
+bool OptionButton::Value() const { return ButtonOf(*this).isChecked(); }
+
+void OptionButton::SetValue(bool on) {
+  QAbstractButton& button = ButtonOf(*this);
+  const bool wasOn = button.isChecked();
+  {
+    const QSignalBlocker quiet(button);
+    button.setChecked(on);
+  }
+  if (on && !wasOn && onClick) onClick();
+}
+
+}  // namespace platform

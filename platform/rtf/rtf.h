@@ -1,0 +1,29 @@
+// RTF (Rich Text Format 1.9.1) to the document model and to plain text, and back.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/rtf/document.h"
+#include "platform/text.h"
+
+namespace platform::rtf {
+
+// Reads whatever a word processor writes. Broken input gives what could be read; Failure only for
+// input that doesn't begin with "{\rtf" (blanks and line breaks before it are allowed). Time is
+// linear in the input, memory too, however deep groups nest and whatever sizes the input claims.
+// A last \par ends the last paragraph and opens no other one.
+Document Read(std::string_view rtf);
+Document Read(TextView rtf);  // characters above 0xFF stand for themselves
+
+// The plain text alone, straight from the reader: a paragraph end (and a line break) is CR LF, a
+// table's cell end a tab and its row end a paragraph end, a picture one blank; the last paragraph
+// has no CR LF behind it.
+Text PlainText(std::string_view rtf);
+Text PlainText(TextView rtf);
+
+// 7-bit RTF, the same bytes for the same document, with \rtlpar or \ltrpar on every paragraph.
+// Read(Write(x)) == x for every x that keeps the model's rules.
+std::string Write(const Document& document);
+
+}  // namespace platform::rtf

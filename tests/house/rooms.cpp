@@ -1,0 +1,54 @@
+#include "tests/house/rooms.h"
+
+#include <algorithm>
+#include <array>
+
+namespace house {
+namespace {
+
+using Names = std::string_view;
+
+constexpr std::array<Names, 1> kPlatform = {"platform"};
+constexpr std::array<Names, 2> kSupport = {"platform", "support"};
+constexpr std::array<Names, 3> kCore = {"platform", "support", "core"};
+constexpr std::array<Names, 9> kAllRooms = {
+    "platform",  "platform/qt", "support", "core",  "support/help_window",
+    "workbench", "gallery",     "editor",  "export"};
+// The tests and tools see main.cpp's side of things and each other.
+constexpr std::array<Names, 15> kEverything = {
+    "platform",  "platform/qt", "support", "core",   "support/help_window",
+    "workbench", "gallery",     "editor",  "export", "main.cpp",
+    "viewer",    "tests",       "bench",   "fuzz",   "tools"};
+
+// The first row that fits a path counts.
+constexpr std::array<Room, 15> kRooms = {{
+    {"platform/qt", "platform/qt/", kPlatform, true, true},
+    {"platform", "platform/", {}, false, true},
+    {"support/help_window", "support/help_window", kCore},
+    {"support", "support/", kPlatform},
+    {"core", "core/", kSupport},
+    {"workbench", "workbench/", kCore},
+    {"gallery", "gallery/", kCore},
+    {"editor", "editor/", kCore},
+    {"export", "export/", kCore},
+    {"main.cpp", "main.cpp", kAllRooms},
+    {"viewer", "viewer/", {}, true, true},
+    {"tests", "tests/", kEverything, true, true},
+    {"bench", "bench/", kEverything, true, true},
+    {"fuzz", "fuzz/", kEverything, true, true},
+    {"tools", "tools/", kEverything, true, true},
+}};
+
+}  // namespace
+
+const Room* RoomOf(std::string_view path) {
+  const auto* const room =
+      std::ranges::find_if(kRooms, [path](const Room& r) { return path.starts_with(r.paths); });
+  return room == kRooms.end() ? nullptr : room;
+}
+
+bool MaySee(const Room& from, const Room& to) {
+  return from.name == to.name || std::ranges::find(from.below, to.name) != from.below.end();
+}
+
+}  // namespace house

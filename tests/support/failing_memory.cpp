@@ -1,0 +1,39 @@
+#include "tests/support/failing_memory.h"
+
+#include <cstdlib>
+#include <limits>
+#include <new>
+
+namespace testing_support {
+namespace {
+
+constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
+std::size_t failingFrom = kNever;
+
+}  // namespace
+
+void FailNextAllocation(std::size_t atLeastBytes) { failingFrom = atLeastBytes; }
+bool AllocationStillToFail() { return failingFrom != kNever; }
+void LetAllocationsBe() { failingFrom = kNever; }
+
+namespace {
+
+void* Allocated(std::size_t bytes) {
+  if (bytes >= failingFrom) {
+    failingFrom = kNever;
+    throw std::bad_alloc();
+  }
+  void* const memory = std::malloc(bytes > 0 ? bytes : 1);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+}  // namespace
+}  // namespace testing_support
+
+void* operator new(std::size_t bytes) { return testing_support::Allocated(bytes); }
+void* operator new[](std::size_t bytes) { return testing_support::Allocated(bytes); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }

@@ -1,0 +1,48 @@
+#include "platform/clock.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "tests/support/fixed_clock.h"
+
+namespace {
+
+using platform::HostClock;
+using platform::Text;
+
+// Set before the first question, as the regional settings are looked up once.
+class ClockTest : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { setenv("LC_ALL", "C", 1); }
+};
+
+TEST_F(ClockTest, GeneralDateIsShortDateBlankLongTime) {
+  Text shape = HostClock().GeneralDate();
+  for (char16_t& unit : shape) {
+    if (unit >= u'0' && unit <= u'9') unit = u'9';
+  }
+  EXPECT_EQ(shape, u"99/99/99 99:99:99");
+}
+
+TEST_F(ClockTest, TicksGrow) {
+  std::uint64_t last = 0;
+  for (int i = 0; i < 1000; ++i) {
+    const std::uint64_t now = HostClock().Ticks();
+    ASSERT_GE(now, last);
+    last = now;
+  }
+  EXPECT_GT(last, 0U);
+}
+
+TEST_F(ClockTest, AFixedClockStandsStillAndTicks) {
+  testing_support::FixedClock clock(u"1/1/2000 0:00:00", 5);
+  EXPECT_EQ(clock.GeneralDate(), clock.GeneralDate());
+  EXPECT_EQ(clock.Ticks(), 5U);
+  EXPECT_EQ(clock.Ticks(), 6U);
+  clock.SetDate(u"later");
+  EXPECT_EQ(clock.GeneralDate(), u"later");
+}
+
+}  // namespace

@@ -1,0 +1,138 @@
+#include "platform/encoding.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace {
+
+using namespace platform;
+
+std::string AllBytes() {
+  std::string bytes;
+  for (int value = 0; value < 256; ++value) bytes += static_cast<char>(value);
+  return bytes;
+}
+
+TEST(MachineCodePage, EveryByteHasACharacterOfItsOwnAndComesBack) {
+  const Text text = DecodeMachineCodePage(AllBytes());
+  EXPECT_EQ(text.size(), 256U);
+  EXPECT_EQ(text.find(u'\uFFFD'), Text::npos);
+  EXPECT_EQ(std::set<char16_t>(text.begin(), text.end()).size(), 256U);
+  EXPECT_EQ(EncodeMachineCodePage(text), AllBytes());
+}
+
+// Windows-1256 as published by Unicode (CP1256.TXT).
+TEST(MachineCodePage, HasThePersianLettersAndTheMarks) {
+  EXPECT_EQ(DecodeMachineCodePage("\x81\x8D\x8E\x90"), u"\u067E\u0686\u0698\u06AF");
+  EXPECT_EQ(DecodeMachineCodePage("\xED\xDF\xEC\x98"), u"\u064A\u0643\u0649\u06A9");
+  EXPECT_EQ(DecodeMachineCodePage("\x9D\x9E\xFD\xFE"), u"\u200C\u200D\u200E\u200F");
+  EXPECT_EQ(DecodeMachineCodePage("\x80\xA1\xBF\xFF"), u"\u20AC\u060C\u061F\u06D2");
+}
+
+TEST(MachineCodePage, AsciiStaysAsItIs) {
+  for (int value = 0; value < 128; ++value) {
+    EXPECT_EQ(DecodeMachineCodePage(std::string(1, static_cast<char>(value))),
+              Text(1, static_cast<char16_t>(value)));
+  }
+}
+
+TEST(MachineCodePage, WhatThePageLacksIsAQuestionMark) {
+  EXPECT_EQ(EncodeMachineCodePage(u"a\u06CCb\uFFFDc"), "a?b?c");
+  EXPECT_EQ(EncodeMachineCodePage(u"\u0416\uFEFF"), "??");
+}
+
+TEST(MachineCodePage, ASurrogatePairIsOneQuestionMark) {
+  EXPECT_EQ(EncodeMachineCodePage(u"a\U0001F600z"), "a?z");
+  EXPECT_EQ(EncodeMachineCodePage(Text{0xD83D, u'a', 0xDE00, 0xD83D}), "?a??");
+}
+
+TEST(MachineCodePage, EmptyTexts) {
+  EXPECT_EQ(DecodeMachineCodePage(""), u"");
+  EXPECT_EQ(EncodeMachineCodePage(u""), "");
+}
+
+TEST(Utf16, IsLittleEndian) {
+  using namespace std::string_literals;
+  EXPECT_EQ(EncodeUtf16(u"<s\u0641"), "<\0s\0\x41\x06"s);
+  EXPECT_EQ(DecodeUtf16("<\0s\0\x41\x06"s), u"<s\u0641");
+  EXPECT_EQ(EncodeUtf16(u"\uFEFF"), kUtf16Mark);
+  std::string bytes = "x";
+  AppendUtf16(bytes, u"a");
+  EXPECT_EQ(bytes, "xa\0"s);
+}
+
+TEST(Utf16, EveryPairOfBytesComesBack) {
+  Text all;
+  for (unsigned unit = 0; unit < 65536; ++unit) all += static_cast<char16_t>(unit);
+  EXPECT_EQ(DecodeUtf16(EncodeUtf16(all)), all);
+  EXPECT_EQ(EncodeUtf16(DecodeUtf16(AllBytes())), AllBytes());
+}
+
+TEST(Utf16, ALastOddByteIsDropped) {
+  EXPECT_EQ(DecodeUtf16(std::string_view("a\0b", 3)), u"a");
+  EXPECT_EQ(DecodeUtf16("a"), u"");
+  EXPECT_EQ(DecodeUtf16(""), u"");
+}
+
+TEST(SingleByteCodePage, KnowsThePagesThatRichTextNames) {
+  for (const int page :
+       {437,   708,   720,   737,   775,   850,   852,   855,   857,   858,   860,   861,
+        862,   863,   864,   865,   866,   869,   874,   1250,  1251,  1252,  1253,  1254,
+        1255,  1256,  1257,  1258,  10000, 10006, 10007, 10029, 10081, 20127, 20866, 21866,
+        28591, 28592, 28593, 28594, 28595, 28596, 28597, 28598, 28599, 28603, 28605}) {
+    const auto* const table = SingleByteCodePage(page);
+    ASSERT_NE(table, nullptr) << page;
+    EXPECT_EQ((*table)['A'], u'A') << page;
+  }
+  EXPECT_EQ((*SingleByteCodePage(1251))[0xC6], u'\u0416');
+  EXPECT_EQ((*SingleByteCodePage(10000))[0x8E], u'\u00E9');
+  EXPECT_EQ((*SingleByteCodePage(437))[0x82], u'\u00E9');
+}
+
+TEST(SingleByteCodePage, AByteWithoutACharacterIsTheReplacement) {
+  EXPECT_EQ((*SingleByteCodePage(1253))[0xFF], u'\uFFFD');
+}
+
+TEST(SingleByteCodePage, UnknownAndWidePagesHaveNoTable) {
+  for (const int page : {932, 936, 949, 950, 65001, 1, 99999, -1, 0, 42}) {
+    EXPECT_EQ(SingleByteCodePage(page), nullptr) << page;
+  }
+}
+
+TEST(SingleByteCodePage, TheTableStaysWhereItIs) {
+  const auto* const table = SingleByteCodePage(1250);
+  for (int page = 400; page < 1400; ++page) SingleByteCodePage(page);
+  EXPECT_EQ(SingleByteCodePage(1250), table);
+}
+
+TEST(DecodeCodePage, SeveralBytesACharacter) {
+  EXPECT_EQ(DecodeCodePage(932, "a\x82\xA0\xB1"), u"a\u3042\uFF71");
+  EXPECT_EQ(DecodeCodePage(936, "\xC4\xE3"), u"\u4F60");
+  EXPECT_EQ(DecodeCodePage(949, "\xB0\xA1"), u"\uAC00");
+  EXPECT_EQ(DecodeCodePage(950, "\xA4\xA4"), u"\u4E2D");
+  EXPECT_EQ(DecodeCodePage(65001, "\xD9\x81"), u"\u0641");
+}
+
+TEST(DecodeCodePage, LongTextsPassTheBuffer) {
+  std::string bytes;
+  Text text;
+  for (int i = 0; i < 2000; ++i) {
+    bytes += "x\x82\xA0";
+    text += u"x\u3042";
+  }
+  EXPECT_EQ(DecodeCodePage(932, bytes), text);
+}
+
+TEST(DecodeCodePage, ACutCharacterDoesNotReachTheNextText) {
+  EXPECT_EQ(DecodeCodePage(932, "\x82").size(), 1U);
+  EXPECT_EQ(DecodeCodePage(932, "a"), u"a");
+}
+
+TEST(DecodeCodePage, AnUnknownPageIsReadAs1252) {
+  EXPECT_EQ(DecodeCodePage(4711, "\x80\xE9"), u"\u20AC\u00E9");
+  EXPECT_EQ(DecodeCodePage(-3, "\xE9"), u"\u00E9");
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+#include "platform/paths.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using namespace platform;
+using testing_support::TemporaryFolder;
+
+TEST(HostPath, TheDriveIsTheRoot) {
+  EXPECT_EQ(HostPath(u"C:\\home\\ali\\book"), "/home/ali/book");
+  EXPECT_EQ(HostPath(u"c:\\x"), "/x");
+  EXPECT_EQ(HostPath(u"C:"), "/");
+  EXPECT_EQ(HostPath(u"C:\\"), "/");
+  EXPECT_EQ(HostPath(u"C:x"), "/x");
+}
+
+TEST(HostPath, BothSeparatorsAreUnderstood) {
+  EXPECT_EQ(HostPath(u"C:/a\\b/c"), "/a/b/c");
+  EXPECT_EQ(HostPath(u"a/b\\c"), "a/b/c");
+}
+
+TEST(HostPath, WithoutADriveItStartsHereOrAtTheRoot) {
+  EXPECT_EQ(HostPath(u"Data\\TXT"), "Data/TXT");
+  EXPECT_EQ(HostPath(u"\\Data"), "/Data");
+  EXPECT_EQ(HostPath(u"C"), "C");
+}
+
+TEST(HostPath, PersianNamesAreUtf8) {
+  EXPECT_EQ(HostPath(u"C:\\\u0641\u0627"), "/\xD9\x81\xD8\xA7");
+}
+
+TEST(HostPath, FailsWhereThereIsNoSuchPath) {
+  EXPECT_THROW(HostPath(u""), Failure);
+  EXPECT_THROW(HostPath(u"D:\\x"), Failure);
+  EXPECT_THROW(HostPath(u"1:\\x"), Failure);
+  EXPECT_THROW(HostPath(Text(u"a\0b", 3)), Failure);
+  EXPECT_THROW(HostPath(Text{u'a', 0xD800}), Failure);
+  EXPECT_THROW(HostPath(Text{u'a', 0xDC7F}), Failure);
+}
+
+TEST(ToolPath, IsAbsoluteWithBackslashes) {
+  EXPECT_EQ(ToolPath("/home/ali"), u"C:\\home\\ali");
+  EXPECT_EQ(ToolPath("/"), u"C:\\");
+  EXPECT_EQ(ToolPath("x/y"), ToolPath(std::filesystem::current_path().string()) + u"\\x\\y");
+}
+
+TEST(ToolPath, EveryByteThatANameCanHaveComesBack) {
+  for (int value = 1; value < 256; ++value) {
+    if (value == '\\') continue;
+    const std::string host = std::string("/a") + static_cast<char>(value) + "z";
+    EXPECT_EQ(HostPath(ToolPath(host)), host) << value;
+  }
+  EXPECT_EQ(ToolPath("/\xFF"), (Text{u'C', u':', u'\\', 0xDCFF}));
+  EXPECT_EQ(ToolPath("/\x80"), (Text{u'C', u':', u'\\', 0xDC80}));
+}
+
+TEST(ToolPath, HalfACharacterAndAnOverlongOneComeBack) {
+  for (const std::string host : {"/\xD9", "/\xE2\x80", "/\xED\xB2\x80", "/\xC0\xAF",
+                                 "/\xF0\x9F\x98\x80\x80", "/\xF8\x88\x80\x80\x80"}) {
+    EXPECT_EQ(HostPath(ToolPath(host)), host);
+  }
+}
+
+TEST(ToolName, IsOneNameOfAListing) {
+  EXPECT_EQ(ToolName("a\xFF"), (Text{u'a', 0xDCFF}));
+  EXPECT_EQ(ToolName("\xD9\x81.txt"), u"\u0641.txt");
+}
+
+TEST(DoSlash, AddsAFinalBackslashToTwoCharactersAndMore) {
+  EXPECT_EQ(DoSlash(u""), u"");
+  EXPECT_EQ(DoSlash(u"C"), u"C");
+  EXPECT_EQ(DoSlash(u"C:"), u"C:\\");
+  EXPECT_EQ(DoSlash(u"C:\\"), u"C:\\");
+  EXPECT_EQ(DoSlash(u"C:/x/"), u"C:/x/\\");
+}
+
+TEST(ProgramFolder, HoldsTheRunningProgram) {
+  const Text folder = ProgramFolder();
+  EXPECT_FALSE(folder.ends_with(u'\\'));
+  EXPECT_TRUE(HostFileSystem().FolderExists(folder));
+  EXPECT_TRUE(HostFileSystem().FileExists(
+      folder + u"\\" +
+      FromUtf8(std::filesystem::read_symlink("/proc/self/exe").filename().string())));
+}
+
+TEST(SystemLogPath, LiesInTheUsersStateFolderWhichIsMade) {
+  const TemporaryFolder home;
+  setenv("HOME", home.HostPath().c_str(), 1);
+  EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
+  EXPECT_TRUE(HostFileSystem().FolderExists(home.Path(u".local\\state\\zorvand")));
+  EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
+}
+
+TEST(SystemLogPath, IsNamedAlsoWhereItsFoldersCanNotBeMade) {
+  const TemporaryFolder home;
+  home.Write(u".local", "a file stands in the way");
+  setenv("HOME", home.HostPath().c_str(), 1);
+  EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
+}
+
+}  // namespace

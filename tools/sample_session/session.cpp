@@ -1,0 +1,177 @@
+#include "tools/sample_session/session.h"
+
+#include <QListWidget>
+#include <QPixmap>
+#include <QStringList>
+#include <QTextEdit>
+#include <stdexcept>
+
+#include "platform/clock.h"
+#include "platform/file_system.h"
+#include "platform/paths.h"
+
+namespace sample {
+namespace {
+
+namespace fs = std::filesystem;
+using testing_support::Robot;
+
+// One text for each of the six collections of the default counts.
+const QStringList kBooks = {"Baghha.txt",  "Ghesseha.txt", "Kavir.txt",
+                            "ChaiNan.txt", "Sherha.txt",   "Taghvim.txt"};
+const QString kIdentity = QStringLiteral("شناسنامه");
+
+// A fresh program folder with the delivered files.
+platform::Text MakeProgramFolder(const fs::path& resources, const fs::path& output) {
+  fs::remove_all(output);
+  fs::create_directories(output / "pictures");
+  fs::create_directories(output / "program");
+  fs::copy(resources, output / "program" / "Resources", fs::copy_options::recursive);
+  return platform::ToolPath(fs::absolute(output / "program").string());
+}
+
+QString ShownText() {
+  QString text = Robot::FindAs<QTextEdit>("Form3", "matn").document()->toRawText();
+  return text.replace(QChar::ParagraphSeparator, u'\n');
+}
+
+}  // namespace
+
+Session::Session(const fs::path& resources, fs::path output)
+    : output_(std::move(output)),
+      machine_{platform::HostFileSystem(), platform::HostClock(), random_,
+               MakeProgramFolder(resources, output_),
+               platform::ToolPath(fs::absolute(output_ / "ZVL.log").string())},
+      form1_(machine_),
+      form3_(form1_) {
+  form1_.Wire({.workbench = &form3_});
+  robot_.onBox = [this](QWidget& box) { Save(box, QStringLiteral("box")); };
+}
+
+void Session::Run() {
+  form1_.Show();
+  Robot::Settle();
+  LookAtProject();
+  LookAtChoosers();
+  for (const QString& book : kBooks) MakeCollection(++collection_, book);
+  TakePicture("Form1", "all-collections-built");
+  Robot::Click("Form1", "Command3");
+  const auto boxes = robot_.TakeBoxes();
+  Require(boxes.size() == 1, "one box says that no collection is left");
+}
+
+void Session::LookAtProject() {
+  TakePicture("Form1", "project");
+  Robot::Click("Form1", "bMus(1)");
+  TakePicture("Form1", "music-off");
+  Robot::Click("Form1", "bMus(0)");
+}
+
+void Session::LookAtChoosers() {
+  robot_.WhenShown("Form5", [this] {
+    Robot::DoubleClickLine("Form5", "Dir1", "Resources");
+    Robot::ClickLine("Form5", "File1", QStringLiteral("MyBook.jpg"));
+    TakePicture("Form5", "choose-picture");
+    Robot::Click("Form5", "btn(0)");
+  });
+  Robot::Click("Form1", "Command5");
+  robot_.WhenShown("Form2", [this] {
+    Robot::DoubleClickLine("Form2", "Dir1", "Resources");
+    TakePicture("Form2", "choose-text-folder");
+    Robot::Click("Form2", "btn(0)");
+  });
+  Robot::Click("Form1", "Command9");
+  TakePicture("Form1", "choices-made");
+}
+
+void Session::MakeCollection(int number, const QString& book) {
+  Robot::Click("Form1", "Command3");
+  Require(robot_.TakeBoxes().empty(), "Next finds everything in place");
+  TakePicture("Form3", QStringLiteral("collection-%1-opened").arg(number));
+  OpenBook(book);
+  const Reading reading = ReadText(ShownText());
+  Require(reading.passages.size() > 3, "the text has headings");
+  FileTitle(reading);
+  FilePassages(reading);
+  Build();
+}
+
+void Session::OpenBook(const QString& book) {
+  Robot::ClickLine("Form3", "books", book);
+  TakePicture("Form3", QStringLiteral("text-opened"));
+}
+
+void Session::FileTitle(const Reading& reading) {
+  MarkWith(Qt::Key_F5, reading.title);
+  if (!reading.subtitle.isEmpty()) {
+    Robot::Select("Form3", "matn", reading.subtitle);
+    Robot::Click("Form3", "Com(5)");
+  }
+  if (IsFirst()) TakePicture("Form3", QStringLiteral("title-filed"));
+}
+
+void Session::FilePassage(const Passage& passage) {
+  if (passage.heading.trimmed() == kIdentity) {
+    MarkWith(Qt::Key_F11, passage.heading);
+    MarkWith(Qt::Key_F6, passage.text);
+    return;
+  }
+  MarkWith(Qt::Key_F2, passage.heading);
+  Robot::Select("Form3", "matn", passage.text);
+  if (IsFirst()) TakePicture("Form3", QStringLiteral("passage-selected"));
+  Robot::PressKey("Form3", "matn", Qt::Key_F3);
+}
+
+// Two passages stand alone; the rest is gathered under one main title. Its words are those of the
+// next heading, which has to stay in the text for that: F7 switches the removal off and on.
+void Session::FilePassages(const Reading& reading) {
+  std::size_t filed = 0;
+  for (const Passage& passage : reading.passages) {
+    if (filed++ == 2) {
+      Robot::PressKey("Form3", "matn", Qt::Key_F7);
+      MarkWith(Qt::Key_F1, passage.heading);
+      Robot::PressKey("Form3", "matn", Qt::Key_F7);
+    }
+    FilePassage(passage);
+  }
+  Robot::PressKey("Form3", "matn", Qt::Key_F4);
+  TakePicture("Form3", QStringLiteral("passages-filed"));
+}
+
+void Session::Build() {
+  const QString collection = QStringLiteral("%1Title%2.xml")
+                                 .arg(QChar(u'a' + (collection_ - 1) / 2))
+                                 .arg((collection_ - 1) % 2 + 1);
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  const auto boxes = robot_.TakeBoxes();
+  Require(boxes.size() == 1, "one box says that the collection is built");
+  Require(fs::exists(output_ / "program" / "Data" / "_xml" / collection.toStdString()),
+          collection + " is there");
+  Require(!form3_.IsVisible(), "the workbench makes way for the project window");
+}
+
+void Session::MarkWith(int functionKey, const QString& text) {
+  Robot::Select("Form3", "matn", text);
+  Robot::PressKey("Form3", "matn", functionKey);
+}
+
+void Session::TakePicture(const QString& window, const QString& step) {
+  Robot::Settle();
+  QWidget* widget = Robot::FindWindow(window);
+  Require(widget != nullptr && widget->isVisible(), window + " is on the screen");
+  Save(*widget, window + u'-' + step);
+}
+
+void Session::Save(QWidget& widget, const QString& step) {
+  const QString name = QStringLiteral("%1-%2.png").arg(++pictures_, 3, 10, QChar(u'0')).arg(step);
+  const auto path = output_ / "pictures" / name.toStdString();
+  Require(widget.grab().save(QString::fromStdString(path.string())), "the picture is written");
+}
+
+void Session::Require(bool holds, const QString& what) const {
+  if (holds) return;
+  throw std::runtime_error(
+      QStringLiteral("Collection %1: not so: %2").arg(collection_).arg(what).toStdString());
+}
+
+}  // namespace sample

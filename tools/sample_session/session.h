@@ -1,0 +1,53 @@
+// The session of an editor who makes the sample book, in the real windows.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+
+#include "core/machine.h"
+#include "core/project_window.h"
+#include "platform/random.h"
+#include "tests/support/robot.h"
+#include "tools/sample_session/passages.h"
+#include "workbench/format_window.h"
+
+namespace sample {
+
+class Session {
+ public:
+  // Works in `output`: `program` there gets the delivered files and the project folder `Data`,
+  // `pictures` a PNG of each window at each step.
+  Session(const std::filesystem::path& resources, std::filesystem::path output);
+
+  // Throws std::runtime_error at the first thing that is not as it should be.
+  void Run();
+
+  int PicturesTaken() const { return pictures_; }
+
+ private:
+  void LookAtProject();
+  void LookAtChoosers();
+  void MakeCollection(int number, const QString& book);
+  void OpenBook(const QString& book);
+  void FileTitle(const Reading& reading);
+  void FilePassage(const Passage& passage);
+  void FilePassages(const Reading& reading);
+  void Build();
+
+  void MarkWith(int functionKey, const QString& text);
+  void TakePicture(const QString& window, const QString& step);
+  void Save(QWidget& widget, const QString& step);
+  void Require(bool holds, const QString& what) const;
+  bool IsFirst() const { return collection_ == 1; }
+
+  std::filesystem::path output_;
+  testing_support::Robot robot_;
+  platform::Random random_;
+  core::Machine machine_;
+  core::Form1 form1_;
+  workbench::Form3 form3_;
+  int collection_ = 0;
+  int pictures_ = 0;
+};
+
+}  // namespace sample

@@ -1,0 +1,232 @@
+#include "workbench/build_pass.h"
+
+#include "core/book_places.h"
+#include "platform/paths.h"
+#include "workbench/clean_up.h"
+#include "workbench/stems.h"
+
+namespace workbench {
+
+using platform::IoMode;
+using platform::kCrLf;
+using platform::Text;
+using platform::TextFormat;
+using platform::TextView;
+
+BuildPass::BuildPass(BuildDesk& desk, const BuildOrder& order, platform::FileSystemObject& files,
+                     platform::Clock& clock, platform::Random& random)
+    : desk_(desk), order_(order), files_(files), clock_(clock), random_(random) {}
+
+void BuildPass::Run() {
+  desk_.LogMe(u"Making Title...");
+  if (!FoldersExist()) return;
+  AddToIndex();
+  if (!MakeRoom()) return;
+  MakeFile(CollectionPath(), HeadLines(order_.galleryMode));
+  WalkRows();
+  AddToCollection(EndLine(order_.galleryMode));
+  FinishInWindow();
+  desk_.LogMe(u"Title is made.");
+}
+
+void BuildPass::FinishInWindow() {
+  constexpr std::int16_t kFileMade = 4;
+  desk_.MakeCombo();
+  desk_.NameNevis();
+  desk_.HideWorkbench();
+  desk_.bepayam(kFileMade);
+  desk_.FocusSelector();
+  desk_.ResetA();
+}
+
+// One of the two is enough to go on.
+bool BuildPass::FoldersExist() {
+  const Vocabulary& words = order_.words;
+  if (files_.FolderExists(core::ProjectFolder(Root(), words.xmlFolder)) ||
+      files_.FolderExists(core::ProjectFolder(Root(), words.txtFolder))) {
+    return true;
+  }
+  desk_.ShowNotice(u"Folder " + words.xmlFolder + u" or " + words.txtFolder + u" doesn't exist!");
+  return false;
+}
+
+void BuildPass::AddToIndex() {
+  const Text name = core::CollectionName(order_.rowLetter, order_.rowDigit);
+  openTag_ = OpenTag(name, order_.galleryMode);
+  closeTag_ = CloseTag(name);
+  if (!files_.FileExists(IndexPath())) MakeFile(IndexPath(), IndexHead(order_.words.creditLine));
+  NameCollection();
+  AddToFile(IndexPath(), IndexLine(openTag_, RemCrLf(desk_.CollectionTitle()), closeTag_));
+}
+
+void BuildPass::NameCollection() {
+  if (!desk_.CollectionTitle().empty()) return;
+  const Text name = platform::Replace(desk_.BookLabelCaption(), u"عنوان ", u"");
+  desk_.SetCollectionTitle(platform::Replace(name, u":", u""));
+}
+
+bool BuildPass::MakeRoom() {
+  if (!files_.FileExists(CollectionPath())) return true;
+  Text question(u"فايلي با نام ");
+  question.append(kCrLf)
+      .append(core::CollectionFileName(order_.rowLetter, order_.rowDigit))
+      .append(kCrLf)
+      .append(u" در حال حاضر موجود است.\u200F")
+      .append(kCrLf)
+      .append(kCrLf)
+      .append(u" آيا حذف شود؟");
+  if (!desk_.AskYesNo(question)) return false;
+  files_.Files().DeleteFile(CollectionPath());
+  TakeOldLineOut();
+  return true;
+}
+
+// The new line stands behind the old one already, so the first line found is the old one.
+void BuildPass::TakeOldLineOut() {
+  auto stream = files_.OpenTextFile(IndexPath(), IoMode::kForReading, false, TextFormat::kUnicode);
+  const Text index = stream.ReadAll();
+  stream.Close();
+  MakeFile(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));
+}
+
+void BuildPass::WalkRows() {
+  for (std::ptrdiff_t row = 0; !RowEndsWalk(row); ++row) BuildRow(row);
+}
+
+bool BuildPass::RowEndsWalk(std::ptrdiff_t row) const {
+  return order_.galleryMode ? order_.table.galleryPic(row, 0).empty()
+                            : order_.table.entryTitle(row).empty();
+}
+
+// Titles decide before the mode does: a marker row counts in a gallery, too.
+void BuildPass::BuildRow(std::ptrdiff_t row) {
+  const Text& title = order_.table.entryTitle(row);
+  if (title == order_.mainMark) {
+    BuildMainTitle(row);
+  } else if (title == order_.mainEndMark) {
+    BuildMainEnd();
+  } else if (order_.galleryMode) {
+    BuildGalleryPicture(row);
+  } else if (order_.table.entryGallery(row)) {
+    BuildGalleryEntry(row);
+  } else {
+    BuildTextEntry(row);
+  }
+}
+
+void BuildPass::BuildMainTitle(std::ptrdiff_t row) {
+  AddToCollection(MainTitleLine(depth_, RemCrLf(order_.table.entryText(row))));
+  ++depth_;
+}
+
+void BuildPass::BuildMainEnd() {
+  --depth_;
+  AddToCollection(MainEndLine(depth_));
+}
+
+void BuildPass::BuildGalleryPicture(std::ptrdiff_t slot) {
+  const Text& source = order_.table.galleryPic(slot, 0);
+  if (source == kRemoved) return;
+  const Text target = DrawStem([&] { return core::GalleryPicture(Root(), stem_); });
+  AddToCollection(PictureLine(depth_, order_.table.galleryPic(slot, 1), stem_));
+  files_.Files().CopyFile(source, target);
+}
+
+void BuildPass::BuildTextEntry(std::ptrdiff_t row) {
+  const Vocabulary& words = order_.words;
+  const EntryTable& table = order_.table;
+  const Text page =
+      DrawStem([&] { return core::PageFile(Root(), words.txtFolder, stem_, words.pageExt); });
+  MakeFile(page, {});
+  AddToFile(page, PageText(row));
+  AddNode(row, stem_ + u"." + words.pageExt, false);
+  CopyMedium(table.entryAttach(row));
+  CopyMedium(table.entrySound(row));
+  CopyMedium(table.entryFilm(row));
+  CopyMedium(table.entryBack(row));
+}
+
+Text BuildPass::PageText(std::ptrdiff_t row) {
+  const Text& title = order_.table.entryTitle(row);
+  const Text plain = desk_.ToTXT(order_.table.entryText(row));
+  Text body = desk_.ToIMG(title == order_.identityWord ? SetShenas(plain, order_.words.identTag)
+                                                       : SetMatn(plain, order_.words.mainTag));
+  return body.insert(0, PageTitleLine(title, order_.words.pageTag));
+}
+
+void BuildPass::BuildGalleryEntry(std::ptrdiff_t row) {
+  constexpr bool kGallery = true;
+  const EntryTable& table = order_.table;
+  const Text gallery = DrawStem([&] { return core::EntryGalleryFile(Root(), stem_); });
+  const Text fileName = stem_ + u".xml";
+  MakeFile(gallery, HeadLines(kGallery));
+  for (std::ptrdiff_t slot = 0;; ++slot) {
+    const Text& source = table.entryGalPath(row, slot);
+    // A picture that was taken out ends the list here, unlike in a collection's gallery.
+    if (source.empty() || source == kRemoved) break;
+    const Text target = DrawStem([&] { return core::GalleryPicture(Root(), stem_); });
+    AddToFile(gallery, PictureLine(depth_, table.entryGalTitle(row, slot), stem_));
+    files_.Files().CopyFile(source, target);
+  }
+  AddToFile(gallery, EndLine(kGallery));
+  AddNode(row, fileName, kGallery);
+}
+
+// The background is named after the stem drawn last, which for a gallery is its last picture's.
+void BuildPass::AddNode(std::ptrdiff_t row, TextView file, bool gallery) {
+  const EntryTable& table = order_.table;
+  const Text label = RemCrLf(table.entryTitle(row));
+  const Text attachment = desk_.sndBin(table.entryAttach(row));
+  const Text background = desk_.PasBin(table.entryBack(row), stem_);
+  AddToCollection(NodeLine(depth_, {.title = label,
+                                    .file = file,
+                                    .gallery = gallery,
+                                    .hasAttachment = !table.entryAttach(row).empty(),
+                                    .hasSound = !table.entrySound(row).empty(),
+                                    .hasFilm = !table.entryFilm(row).empty(),
+                                    .attachment = attachment,
+                                    .background = background}));
+}
+
+void BuildPass::CopyMedium(const Text& source) {
+  if (source.empty()) return;
+  const TextView extension = platform::DotExtension(source);
+  files_.Files().CopyFile(source,
+                          core::EntryMedium(Root(), order_.words.txtFolder, stem_, extension));
+}
+
+template <typename Place>
+Text BuildPass::DrawStem(Place place) {
+  for (;;) {
+    stem_ = NewN(clock_, random_);
+    Text path = place();
+    if (!files_.FileExists(path)) return path;
+  }
+}
+
+// Anew or in place of what is there; an empty text leaves a file with its mark alone.
+void BuildPass::MakeFile(TextView path, TextView text) {
+  auto stream = files_.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kUnicode);
+  if (!text.empty()) stream.Write(text);
+  stream.Close();
+}
+
+void BuildPass::AddToFile(TextView path, TextView text) {
+  auto stream = files_.OpenTextFile(path, IoMode::kForAppending, false, TextFormat::kUnicode);
+  stream.Write(text);
+  stream.Close();
+}
+
+void BuildPass::AddToCollection(TextView text) { AddToFile(CollectionPath(), text); }
+
+Text BuildPass::Root() { return platform::DoSlash(desk_.ProjectFolder()); }
+
+Text BuildPass::IndexPath() {
+  return core::IndexFile(Root(), order_.words.xmlFolder, order_.words.indexFile);
+}
+
+Text BuildPass::CollectionPath() {
+  return core::CollectionFile(Root(), order_.words.xmlFolder, order_.rowLetter, order_.rowDigit);
+}
+
+}  // namespace workbench

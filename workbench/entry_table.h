@@ -1,0 +1,82 @@
+// What the workbench has filed so far: the entry table, whose row i is line i of the list, and the
+// pictures of a picture-gallery collection. The columns have no end (platform/column.h); a row
+// exists when its entryTitle is not empty. How many rows are filed is the window's entryCount.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+#include "platform/column.h"
+#include "platform/text.h"
+
+namespace workbench {
+
+// A path that stands for a picture which was taken out of a gallery again.
+inline constexpr platform::TextView kRemoved = u"Removed";
+
+// A column of flags, false past its end. Failure for a negative row.
+class FlagColumn {
+ public:
+  bool operator()(std::ptrdiff_t row) const { return rows_(row) != 0; }
+  void Set(std::ptrdiff_t row, bool value) { rows_.At(row) = value ? 1 : 0; }
+  void Clear() { rows_.Clear(); }
+
+ private:
+  platform::Column<char> rows_;
+};
+
+// A column of columns: (row, slot), empty past either end. Failure for a negative row or slot.
+class TextGrid {
+ public:
+  const platform::Text& operator()(std::ptrdiff_t row, std::ptrdiff_t slot) const {
+    return rows_(row)(slot);
+  }
+  void Set(std::ptrdiff_t row, std::ptrdiff_t slot, platform::Text value) {
+    rows_.At(row).Set(slot, std::move(value));
+  }
+  // All slots of one row, for code that works on one gallery.
+  platform::Column<platform::Text>& Row(std::ptrdiff_t row) { return rows_.At(row); }
+  void Clear() { rows_.Clear(); }
+
+ private:
+  platform::Column<platform::Column<platform::Text>> rows_;
+};
+
+// The gallery of a whole collection: (slot, 0) is a picture's path, (slot, 1) its title. Failure
+// for another column number.
+class GalleryTable {
+ public:
+  const platform::Text& operator()(std::ptrdiff_t slot, std::size_t column) const;
+  void Set(std::ptrdiff_t slot, std::size_t column, platform::Text value);
+  platform::Column<platform::Text>& Paths() { return columns_[0]; }
+  platform::Column<platform::Text>& Titles() { return columns_[1]; }
+  void Clear();
+
+ private:
+  std::array<platform::Column<platform::Text>, 2> columns_;
+};
+
+struct EntryTable {
+  platform::Column<platform::Text> entryTitle;
+  platform::Column<platform::Text> entryText;  // rich text; plain for a main title
+  platform::Column<platform::Text> entryAttach;
+  platform::Column<platform::Text> entrySound;
+  platform::Column<platform::Text> entryFilm;
+  platform::Column<platform::Text> entryBack;
+  FlagColumn entryGallery;
+  TextGrid entryGalPath;   // (row, slot)
+  TextGrid entryGalTitle;  // (row, slot)
+
+  GalleryTable galleryPic;                       // (slot, column)
+  platform::Column<platform::Text> inlineImage;  // by image number
+
+  // What ResetA empties: every column.
+  void Clear();
+
+  // The rows behind `row` move up by one, as far as titles go, in the five columns title, text,
+  // attachment, sound and film. Backgrounds and galleries stay at their row numbers.
+  void CloseGap(std::ptrdiff_t row);
+};
+
+}  // namespace workbench

@@ -1,0 +1,150 @@
+#include "workbench/format_window.h"
+
+#include <utility>
+
+#include "core/book_places.h"
+#include "core/selector.h"
+#include "platform/failure.h"
+#include "support/window_catalogue.h"
+
+namespace workbench {
+
+using platform::Text;
+using platform::TextView;
+
+Form3::Form3(core::Form1& form1) : Window(support::Form3Definition()), form1_(form1) {
+  WireHandlers();
+}
+
+void Form3::WireHandlers() {
+  Com.ForEach([this](platform::Button& command) {
+    const auto index = static_cast<std::int16_t>(command.Index());
+    command.onClick = [this, index] { Com_Click(index); };
+  });
+  matn.onKeyDown = [this](int keyCode, int) { matn_KeyDown(keyCode); };
+  books.onClick = [this] { books_Click(); };
+  bname.onKeyPress = [this](int keyCode) { bname_KeyPress(keyCode); };
+  chnd.onGotFocus = [this] { chnd_GotFocus(); };
+  chnd.onLostFocus = [this] { chnd_LostFocus(); };
+  Command1.onClick = [this] { Command1_Click(); };
+  Timer1.onTimer = [this] { Timer1_Timer(); };
+}
+
+void Form3::Form_Load() {
+  form1_.Catching(60, [&] {
+    form1_.LogMe(u"Format started.");
+    words = SplitVocabulary(form1_.vocabulary);
+    NameNevis();
+    ResetA();
+    galleryMode = false;
+    entryCount = 0;
+    mainOpen = 0;
+    imageCount = 0;
+    Chek.SetValue(true);
+    designGeometry = TakeGeometry(
+        Width(), Height(),
+        [this](TextView name, int index, Measure each) { return ReadMeasure(name, index, each); });
+    fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
+    Mright();
+    FileList();
+    mainMark = u">>> تيتر اصلي";
+    mainEndMark = u">>> پايان تيتر";
+    identityWord = u"شناسنامه";
+    ReadImageMark();
+    if (Frame4.Visible()) Com_Click(static_cast<std::int16_t>(Mark::kGalleryMode));
+  });
+}
+
+void Form3::Form_Unload() {
+  form1_.LogMe(u"Format ended.");
+  fileSys.reset();
+}
+
+void Form3::Form_Paint() { NameNevis(); }
+
+void Form3::Timer1_Timer() {
+  if (State() != platform::WindowState::kMinimised) return;
+  form1_.SetState(platform::WindowState::kMinimised);
+  Timer1.SetTimerEnabled(false);
+  form1_.Timer1.SetTimerEnabled(true);
+}
+
+void Form3::NameNevis() {
+  form1_.Catching(61, [&] {
+    Text caption(kAllCollectionsBuilt);
+    if (form1_.dataName.ListCount() > 0) {
+      core::CollectionKey key = core::ReadKey(form1_.dataName.Text());
+      rowLetter = std::move(key.letter);
+      rowDigit = std::move(key.digit);
+      caption = CollectionLabel(rowLetter, rowDigit);
+    }
+    // A write during a paint asks for the next paint.
+    if (BookLabel.Caption() != caption) BookLabel.SetCaption(caption);
+  });
+}
+
+void Form3::ResetA() {
+  form1_.Catching(66, [&] {
+    entryCount = 0;
+    imageCount = 0;
+    mainOpen = 0;
+    ShowMainOpen();
+    bname.SetText(u"");
+    table.Clear();
+    IndexEmpty();
+  });
+}
+
+void Form3::IndexEmpty() {
+  form1_.Catching(63, [&] { bindex.Clear(); });
+}
+
+std::int16_t Form3::FileList() {
+  std::int16_t count = 0;
+  form1_.Catching(64, [&] {
+    form1_.LogMe(u"Geting files in the directory...");
+    books.Clear();
+    for (const Text& name : FileSys().FileNames(form1_.Text1.Text())) {
+      if (!platform::EqualsIgnoringCase(platform::Behind(name, u"."), u"TXT")) continue;
+      books.AddItem(name);
+      count = platform::ToInt16(count + 1.0);
+    }
+    if (count == 0) form1_.bepayam(1);
+  });
+  return count;
+}
+
+platform::FileSystemObject& Form3::FileSys() {
+  if (fileSys == nullptr) throw platform::Failure(u"Object variable not set: fileSys");
+  return *fileSys;
+}
+
+Text Form3::ReadWhole(TextView path) {
+  platform::TextStream stream = FileSys().OpenTextFile(path, platform::IoMode::kForReading);
+  Text text = stream.ReadAll();
+  stream.Close();
+  return text;
+}
+
+void Form3::ReadImageMark() {
+  const Text path = core::ImageMarkFile(DoSlash(form1_.TheMachine().programFolder));
+  if (FileSys().FileExists(path)) imageMark = ReadWhole(path);
+}
+
+void Form3::ShowWorkbench() { Show(); }
+
+void Form3::RestoreWorkbench() {
+  if (IsLoaded()) SetState(platform::WindowState::kNormal);
+}
+
+void Form3::StartWorkbenchTimer() {
+  if (IsLoaded()) Timer1.SetTimerEnabled(true);
+}
+
+void Form3::SetChosenImage(TextView path) { chosenImage = path; }
+
+// The picture browser that these two belong to is empty until a gallery is opened.
+void Form3::RemFol(int) {}
+void Form3::SetGalFol(TextView, int) {}
+
+}  // namespace workbench

@@ -1,0 +1,176 @@
+// Form3, the format window or workbench: raw texts are cleaned here, filed passage by passage into
+// the entry table, and built into one collection of the book after the other. It is made once and
+// can be loaded and unloaded any number of times; what it has filed lives in it and nowhere else.
+//
+// Failures end where they arise, under the number that stands at each operation (see
+// core::Form1::Catching); an operation that returns something then returns what it had so far.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "core/ports.h"
+#include "core/project_window.h"
+#include "platform/column.h"
+#include "platform/controls.h"
+#include "platform/file_system_object.h"
+#include "platform/rich_text_box.h"
+#include "platform/text.h"
+#include "platform/window.h"
+#include "workbench/book_formats.h"
+#include "workbench/entry_table.h"
+#include "workbench/marking.h"
+#include "workbench/workbench_geometry.h"
+
+namespace workbench {
+
+class Form3 : public platform::Window, public core::WorkbenchPort {
+ public:
+  explicit Form3(core::Form1& form1);
+
+  // Which collection is in hand: rowLetter, rowDigit and the caption of BookLabel, from the
+  // selection of dataName. Runs at every paint, so it writes the caption only where it differs. 61.
+  void NameNevis();
+  // Empties the entry table, the counters, bname and bindex. 66.
+  void ResetA();
+  // 63.
+  void IndexEmpty();
+  // Lists the text files of the input folder in books; gives their number. 64.
+  std::int16_t FileList();
+
+  // Opens the clicked file: its cleaned text takes the place of what stands in matn. 55.
+  void books_Click();
+  // Aligns the whole of matn to the right; the caret goes to its start.
+  void Mright();
+  platform::Text DelCrLf(platform::TextView text);                // 58
+  platform::Text BeBor(platform::TextView text, std::int16_t n);  // 65
+  // A final "\". Failure for an empty path, which is the caller's.
+  platform::Text DoSlash(platform::TextView path);
+  // Keep the words a line between 10 and 30; without any report.
+  void chnd_GotFocus();
+  void chnd_LostFocus();
+
+  // A marking command, 0 to 13; the buttons' and the function keys'. 59.
+  void Com_Click(std::int16_t index);
+  void matn_KeyDown(int keyCode);
+  // Ctrl+A (1) selects the whole title.
+  void bname_KeyPress(int keyCode);
+  // Asks for the folder of the picture browser. 46.
+  void Command1_Click();
+
+  // Builds the collection in hand. 57.
+  void MakeFile();
+  // The plain text of rich text; empty for an empty text and for what is no rich text. 67.
+  platform::Text ToTXT(const platform::Text& richText);
+  // The body of a page with its image marks replaced and the page's tail added. 68.
+  platform::Text ToIMG(platform::Text body);
+  platform::Text AddEntr(std::int16_t count);                               // 83
+  platform::Text PasBin(platform::TextView path, platform::TextView stem);  // 84
+  platform::Text sndBin(platform::TextView path);                           // 85
+
+  // The project window asks for these. A workbench that was closed while minimised has no state to
+  // put back and no timer to start.
+  void ShowWorkbench() override;
+  void RestoreWorkbench() override;
+  void StartWorkbenchTimer() override;
+  void SetChosenImage(platform::TextView path) override;
+  void RemFol(int which) override;
+  void SetGalFol(platform::TextView folder, int which) override;
+
+  core::Form1& TheForm1() { return form1_; }
+
+  std::ptrdiff_t entryCount = 0;  // the next free row of the table
+  std::ptrdiff_t mainOpen = 0;    // main titles opened and not yet closed
+  platform::Text lastMainText;    // of the main title opened last
+  platform::Text mainMark;
+  platform::Text mainEndMark;
+  platform::Text identityWord;
+  std::ptrdiff_t imageCount = 0;  // the next free image number
+  platform::Text imageMark;       // rich text that stands for a picture
+  platform::Text chosenImage;
+  bool galleryMode = false;
+  std::unique_ptr<platform::FileSystemObject> fileSys;  // while loaded
+  std::int16_t editIndex = 0;
+  platform::Text rowLetter;
+  platform::Text rowDigit;
+  platform::Text currentBook;
+  std::int16_t wordLimit = 0;
+  platform::Text galleryFolder;
+  std::ptrdiff_t folderPicCount = 0;
+  platform::Column<platform::Text> folderPic;
+  Vocabulary words;
+  EntryTable table;
+  DesignGeometry designGeometry;
+
+  platform::ControlArray<platform::Button> Com{*this, u"Com"};
+  platform::CheckBox Chek{*this, u"Chek"};
+  platform::RichTextBox matn{*this, u"matn"};
+  platform::RichTextBox ConRT{*this, u"ConRT"};
+  platform::TextBox bname{*this, u"bname"};
+  platform::ListBox bindex{*this, u"bindex"};
+  platform::ListBox books{*this, u"books"};
+  platform::Label BookLabel{*this, u"BookLabel"};
+  platform::Label Label1{*this, u"Label1"};
+  platform::Label Label2{*this, u"Label2"};
+  platform::Label Label3{*this, u"Label3"};
+  platform::CheckBox HazP{*this, u"HazP"};
+  platform::CheckBox Noghte{*this, u"Noghte"};
+  platform::CheckBox P22{*this, u"P22"};
+  platform::TextBox chnd{*this, u"chnd"};
+  platform::ControlArray<platform::Button> HazC{*this, u"HazC"};
+  platform::Frame Frame1{*this, u"Frame1"};
+  platform::Frame Frame2{*this, u"Frame2"};
+  platform::Frame Frame3{*this, u"Frame3"};
+  platform::Frame Frame4{*this, u"Frame4"};
+  platform::Frame Frame5{*this, u"Frame5"};
+  platform::ControlArray<platform::Frame> IMF{*this, u"IMF"};
+  platform::ControlArray<platform::ImageBox> IMG{*this, u"IMG"};
+  platform::ControlArray<platform::CheckBox> IMC{*this, u"IMC"};
+  platform::ControlArray<platform::TextBox> IMN{*this, u"IMN"};
+  platform::ControlArray<platform::Label> IMJ{*this, u"IMJ"};
+  platform::ControlArray<platform::Label> Label14{*this, u"Label14"};
+  platform::ScrollBar VSC{*this, u"VSC"};
+  platform::Label ShPath{*this, u"ShPath"};
+  platform::Button SelAll{*this, u"SelAll"};
+  platform::Button Command1{*this, u"Command1"};
+  platform::Timer Timer1{*this, u"Timer1"};
+  platform::Timer Timer2{*this, u"Timer2"};
+
+ protected:
+  void Form_Load() override;  // 60
+  void Form_Unload() override;
+  void Form_Paint() override;
+  void Form_Resize() override;  // ends without a report where it fails
+
+ private:
+  void WireHandlers();
+  void Timer1_Timer();
+
+  // Failure while there is none.
+  platform::FileSystemObject& FileSys();
+  platform::Text ReadWhole(platform::TextView path);
+  void ReadImageMark();
+
+  platform::Control& SizedControl(platform::TextView name, int index);
+  platform::Twips ReadMeasure(platform::TextView name, int index, Measure measure);
+  void WriteMeasure(const ControlMeasure& measure);
+
+  void RunCommand(Mark command);
+  void EndCommand(Mark command);
+  void AddToTitle(Mark command);
+  void FileIdentity();
+  void StartHeading();
+  void FinishHeading();
+  void OpenMainTitle();
+  void CloseMainTitle();
+  void InsertLine(platform::TextView line);
+  void AddTextToLine(platform::TextView text);
+  void ShowMainOpen();
+
+  void BringImage(const platform::Text& source, platform::TextView fileName);
+
+  core::Form1& form1_;
+};
+
+}  // namespace workbench

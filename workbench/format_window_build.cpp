@@ -1,0 +1,116 @@
+// The window's side of a build, and the conversions of an entry's text that a build asks for.
+#include <utility>
+
+#include "core/book_places.h"
+#include "platform/application.h"
+#include "platform/message_box.h"
+#include "platform/rtf/rtf.h"
+#include "workbench/build_pass.h"
+#include "workbench/format_window.h"
+#include "workbench/inline_images.h"
+
+namespace workbench {
+
+using platform::Text;
+using platform::TextView;
+
+namespace {
+
+// What the pass sees of the two windows.
+class WorkbenchDesk : public BuildDesk {
+ public:
+  WorkbenchDesk(Form3& form3, core::Form1& form1) : form3_(form3), form1_(form1) {}
+
+  void LogMe(TextView text) override { form1_.LogMe(text); }
+  void bepayam(std::int16_t number) override { form1_.bepayam(number); }
+  void ShowNotice(TextView prompt) override {
+    platform::ShowNotice(prompt, platform::kApplicationTitle);
+  }
+  bool AskYesNo(TextView prompt) override {
+    return platform::AskYesNo(prompt, platform::kApplicationTitle) == platform::Answer::kYes;
+  }
+
+  Text ProjectFolder() override { return form1_.idir.Text(); }
+  Text CollectionTitle() override { return form3_.bname.Text(); }
+  void SetCollectionTitle(TextView title) override { form3_.bname.SetText(title); }
+  Text BookLabelCaption() override { return form3_.BookLabel.Caption(); }
+
+  Text ToTXT(const Text& richText) override { return form3_.ToTXT(richText); }
+  Text ToIMG(Text body) override { return form3_.ToIMG(std::move(body)); }
+  Text sndBin(TextView path) override { return form3_.sndBin(path); }
+  Text PasBin(TextView path, TextView stem) override { return form3_.PasBin(path, stem); }
+
+  void MakeCombo() override { form1_.MakeCombo(); }
+  void NameNevis() override { form3_.NameNevis(); }
+  void HideWorkbench() override { form3_.Hide(); }
+  void FocusSelector() override { form1_.dataName.SetFocus(); }
+  void ResetA() override { form3_.ResetA(); }
+
+ private:
+  Form3& form3_;
+  core::Form1& form1_;
+};
+
+}  // namespace
+
+void Form3::MakeFile() {
+  form1_.Catching(57, [&] {
+    const BuildOrder order{.table = table,
+                           .words = words,
+                           .rowLetter = rowLetter,
+                           .rowDigit = rowDigit,
+                           .mainMark = mainMark,
+                           .mainEndMark = mainEndMark,
+                           .identityWord = identityWord,
+                           .galleryMode = galleryMode};
+    WorkbenchDesk desk(*this, form1_);
+    core::Machine& machine = form1_.TheMachine();
+    BuildPass(desk, order, FileSys(), machine.clock, machine.random).Run();
+  });
+}
+
+Text Form3::ToTXT(const Text& richText) {
+  Text plain;
+  form1_.Catching(67, [&] {
+    // A heading that never got its text is empty, and that is no failure.
+    if (!richText.empty()) plain = platform::rtf::PlainText(richText);
+    // The box is the conversion's place on the window; it holds nothing between two uses.
+    if (ConRT.TextLength() > 0) ConRT.SetText(u"");
+  });
+  return plain;
+}
+
+Text Form3::ToIMG(Text body) {
+  form1_.Catching(68, [&] {
+    const auto bring = [this](const Text& source, TextView name) { BringImage(source, name); };
+    const bool hasImages = workbench::ToIMG(body, table.inlineImage, bring);
+    body += AddEntr(hasImages ? kTailWithImages : kTailWithoutImages);
+  });
+  return body;
+}
+
+void Form3::BringImage(const Text& source, TextView fileName) {
+  const Text target = core::InlineImage(DoSlash(form1_.idir.Text()), fileName);
+  if (!FileSys().FileExists(source) || FileSys().FileExists(target)) return;
+  FileSys().Files().CopyFile(source, target);
+}
+
+Text Form3::AddEntr(std::int16_t count) {
+  Text result;
+  form1_.Catching(83, [&] { result = workbench::AddEntr(count, words.mainTag); });
+  return result;
+}
+
+Text Form3::PasBin(TextView path, TextView stem) {
+  Text result;
+  form1_.Catching(84, [&] { result = workbench::PasBin(path, stem); });
+  return result;
+}
+
+Text Form3::sndBin(TextView path) {
+  Text result;
+  form1_.Catching(85, [&] { result = workbench::sndBin(path); });
+  return result;
+}
+
+}  // namespace workbench

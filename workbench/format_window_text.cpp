@@ -1,0 +1,57 @@
+// Text intake: an input file into the text box, and the small text operations with their numbers.
+#include "platform/failure.h"
+#include "workbench/clean_up.h"
+#include "workbench/format_window.h"
+
+namespace workbench {
+
+using platform::Ignoring;
+using platform::Text;
+using platform::TextView;
+
+void Form3::books_Click() {
+  form1_.Catching(55, [&] {
+    form1_.LogMe(u"Opening a text file...");
+    currentBook = books.List(books.ListIndex());
+    matn.SetText(Rep(ReadWhole(DoSlash(form1_.Text1.Text()) + currentBook)));
+    Mright();
+  });
+}
+
+void Form3::Mright() {
+  matn.SetSelStart(0);
+  matn.SetSelLength(matn.TextLength());
+  matn.SetSelAlignment(platform::SelectionAlignment::kRight);
+  matn.SetSelLength(0);
+}
+
+Text Form3::DelCrLf(TextView text) {
+  Text result;
+  form1_.Catching(58, [&] { result = workbench::DelCrLf(text); });
+  return result;
+}
+
+Text Form3::BeBor(TextView text, std::int16_t n) {
+  Text result;
+  form1_.Catching(65, [&] { result = workbench::BeBor(text, n); });
+  return result;
+}
+
+Text Form3::DoSlash(TextView path) { return SlashedPath(path); }
+
+void Form3::chnd_GotFocus() {
+  chnd.SetSelStart(0);
+  chnd.SetSelLength(static_cast<platform::Position>(chnd.Text().size()));
+}
+
+void Form3::chnd_LostFocus() {
+  bool fits = false;
+  Ignoring([&] { fits = WordCountFits(chnd.Text()); });
+  if (!fits) {
+    Ignoring([&] { chnd.SetText(u"22"); });
+    Ignoring([&] { chnd_GotFocus(); });
+  }
+  Ignoring([&] { wordLimit = platform::ToInt16(chnd.Text()); });
+}
+
+}  // namespace workbench

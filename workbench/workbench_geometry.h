@@ -1,0 +1,49 @@
+// How the format window's controls follow its size: which measures grow, and by how much. All
+// measures are twips. Nothing here touches a window.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "platform/text.h"
+#include "platform/window_definition.h"
+
+namespace workbench {
+
+enum class Measure : std::uint8_t { kLeft, kTop, kWidth, kHeight };
+
+// What is added to a measure's design value. kStacked is for the tops of the picture cells: each
+// cell begins where the one above it ends.
+enum class Growth : std::uint8_t { kNone, kByWidth, kByHeight, kByFifthOfHeight, kStacked };
+
+// One measure of one control. `value` is the design's or the new one.
+struct ControlMeasure {
+  platform::TextView control;
+  int index = platform::kNoIndex;
+  Measure measure = Measure::kLeft;
+  Growth growth = Growth::kNone;
+  platform::Twips value = 0;
+};
+
+// The window as designed: its inside, and every measure that follows it. The heights of the picture
+// cells stand before their tops, and the cells stand in order.
+struct DesignGeometry {
+  platform::Twips width = 0;
+  platform::Twips height = 0;
+  std::vector<ControlMeasure> measures;
+};
+
+using MeasureReader =
+    std::function<platform::Twips(platform::TextView control, int index, Measure measure)>;
+
+// Takes the measures, each through `read`, whose failure goes to the caller.
+DesignGeometry TakeGeometry(platform::Twips width, platform::Twips height,
+                            const MeasureReader& read);
+
+// The same measures, in the same order, for an inside of that size. The size is taken as it is,
+// also below the design's.
+std::vector<ControlMeasure> Resized(const DesignGeometry& design, platform::Twips width,
+                                    platform::Twips height);
+
+}  // namespace workbench
