@@ -81,10 +81,17 @@ int PrintTable(const Order& order, bench::WorkFolder& work) {
   return status;
 }
 
+// For this process and those that it starts. The toolkit's warnings are of the platform that draws
+// in memory, which has no hints and no run-time folder.
+void SetUpEnvironment() {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  ::setenv("QT_LOGGING_RULES", "default.warning=false", 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+  SetUpEnvironment();
   const platform::Application application(argc, argv);
   try {
     const Order order = OrderOf({argv + 1, argv + argc});

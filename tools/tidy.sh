@@ -35,6 +35,7 @@ done
 if [ ${#patterns[@]} -gt 0 ]; then
   run-clang-tidy-14 -quiet -p build/tidy -j "$(jobs_at_once)" "${patterns[@]}" \
     >"$LOGS/tidy.log" 2>&1 || status=1
+  sed -i 's/\x1b\[[0-9;]*m//g' "$LOGS/tidy.log"
   grep -E '(warning|error): ' "$LOGS/tidy.log" | sort -u || true
 fi
 [ "$status" = 0 ] || die "Not clean; the whole log is $LOGS/tidy.log"

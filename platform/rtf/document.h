@@ -21,7 +21,7 @@ inline constexpr Colour kAutomatic = -1;
 // The largest size that rich text keeps, in half points.
 inline constexpr int kLargestHalfPoints = 32767;
 // The longest name of a font; the rest of a longer one is lost. A name is kept with every run.
-inline constexpr std::size_t kLongestFontName = 128;
+inline constexpr std::size_t kLongestFontName = 64;
 
 struct CharacterFormat {
   Text font;           // family name; empty: the box's own
@@ -37,8 +37,9 @@ struct CharacterFormat {
 
 enum class PictureKind : std::uint8_t { kPng, kJpeg, kBitmap };
 
-// The picture's bytes as its kind's file format has them (kBitmap: a DIB without file header).
-// The goal size is what it is to measure on paper, in twips; 0 where nothing was said.
+// The picture's bytes as its kind's file format has them (kBitmap: a DIB without file header); no
+// bytes for a picture of a kind that can't be shown (a metafile), which keeps its place and size.
+// The size is what it is to measure on paper, in twips, scaling included; 0 where nothing was said.
 struct Picture {
   PictureKind kind = PictureKind::kPng;
   std::string bytes;
@@ -47,7 +48,8 @@ struct Picture {
   bool operator==(const Picture&) const = default;
 };
 
-// A stretch of one format: text (U+2028 is a line break inside the paragraph), or one picture.
+// A stretch of one format: text, or one picture. U+2028 in text is a line break inside the
+// paragraph; of the control characters below U+0020 text holds the tab alone, and no U+2029.
 struct Run {
   CharacterFormat format;
   std::variant<Text, Picture> content;

@@ -13,8 +13,14 @@ namespace platform::rtf {
 // input that doesn't begin with "{\rtf" (blanks and line breaks before it are allowed). Time is
 // linear in the input, memory too, however deep groups nest and whatever sizes the input claims.
 // A last \par ends the last paragraph and opens no other one.
+//
+// The body is all that is read: headers, footers, foot- and endnotes, comments, hidden and deleted
+// text are left out. What a writer puts down for readers that don't know its feature is taken as
+// text: a list's labels, a field's and an object's result. The text of a box in the page stands
+// where the box is anchored. A paragraph that names no alignment is a left one, and one that names
+// no direction runs from left to right.
 Document Read(std::string_view rtf);
-Document Read(TextView rtf);  // characters above 0xFF stand for themselves
+Document Read(TextView rtf);  // units up to 0xFF are bytes, others stand for themselves
 
 // The plain text alone, straight from the reader: a paragraph end (and a line break) is CR LF, a
 // table's cell end a tab and its row end a paragraph end, a picture one blank; the last paragraph

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,8 @@ class FaultyFileSystem : public platform::FileSystem {
   // What was asked since the last FailAt or FailFrom, as "Open C:\a.txt".
   const std::vector<std::string>& Names() const { return names_; }
   bool HasFailed() const { return hasFailed_; }
+  // Called with each operation's name just before it is carried out.
+  std::function<void(const std::string& name)> onOperation;
 
   bool FileExists(platform::TextView path) override {
     Count("FileExists", path);
@@ -117,6 +120,7 @@ class FaultyFileSystem : public platform::FileSystem {
 
   void Count(const char* operation, platform::TextView path) {
     names_.push_back(std::string(operation) + " " + platform::ToUtf8(path));
+    if (onOperation) onOperation(std::string(names_.back()));
     if (!Fails(operation)) return;
     hasFailed_ = true;
     throw platform::Failure(u"Made to fail: " + platform::FromUtf8(names_.back()));

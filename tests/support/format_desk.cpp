@@ -98,9 +98,9 @@ std::string FormatDesk::Book(const std::string& below) const {
   return Utf8(platform::DecodeUtf16(std::string_view(bytes).substr(platform::kUtf16Mark.size())));
 }
 
-std::vector<std::string> FormatDesk::BookNames(const std::string& folder,
+std::vector<std::string> FormatDesk::BookNames(const std::string& place,
                                                const std::string& end) const {
-  std::vector<std::string> names = Names("Data/" + folder);
+  std::vector<std::string> names = Names("Data/" + place);
   std::erase_if(names, [&](const std::string& name) { return !name.ends_with(end); });
   return names;
 }

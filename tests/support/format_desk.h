@@ -42,7 +42,7 @@ class FormatDesk : public Desk {
   // A file of the book in UTF-8, without the mark that it must begin with.
   std::string Book(const std::string& below) const;
   // The names in a folder of the book that end so.
-  std::vector<std::string> BookNames(const std::string& folder, const std::string& end) const;
+  std::vector<std::string> BookNames(const std::string& place, const std::string& end) const;
   // The page whose title is `title`; an error if there isn't exactly one.
   std::string Page(const std::string& title) const;
   // The lines of the collection file, random names written as "S".

@@ -14,6 +14,7 @@ import wave
 TARGET = pathlib.Path(__file__).resolve().parent.parent.parent / "Resources"
 RATE = 32000
 BITRATE = 80  # kbit/s
+DRIVE = 2.3  # how far the highest peak is pushed into the soft limiter
 STRING_LEVEL = 0.22  # the root mean square of a tone's first quarter of a second, so that high and low notes sound alike
 
 # Cents above the tonic. Shur's second stands a quarter tone below the major one, and its fifth may sink by a quarter tone.
@@ -117,9 +118,9 @@ class Tape:
         peak = max(max(map(abs, self.left)), max(map(abs, self.right)))
         data = array.array("h")
         for i in range(self.length):
-            gain = 29000 / peak * min(1.0, (self.length - i) / fade) ** 1.5
-            data.append(int(self.left[i] * gain))
-            data.append(int(self.right[i] * gain))
+            gain = 29000 * min(1.0, (self.length - i) / fade) ** 1.5
+            data.append(int(math.tanh(self.left[i] * DRIVE / peak) * gain))
+            data.append(int(math.tanh(self.right[i] * DRIVE / peak) * gain))
         with wave.open(str(path), "wb") as out:
             out.setnchannels(2)
             out.setsampwidth(2)
@@ -257,9 +258,9 @@ def shur():
 
 
 def mahur():
-    tape, tonic, eighth = Tape(34.0), 261.63, .212
+    tape, tonic, eighth = Tape(32.0), 261.63, .212
     player = Player(tape, Strings(courses=2, brightness=.85, ring=1.9, pick=.09, seed=12), MAHUR, tonic, .08, 17)
-    drone(tape, (tonic / 4, tonic * 3 / 8, tonic / 2), 0, 33.0, .06)
+    drone(tape, (tonic / 4, tonic * 3 / 8, tonic / 2), 0, 31.5, .06)
     start = 1.2
     player.bars(start, MAHUR_BARS, eighth, ("0,", "4,", "0,"))
     low = Player(tape, Strings(courses=2, brightness=.35, ring=2.6, pick=.2, seed=5), MAHUR, tonic / 2, -.3, 23)
