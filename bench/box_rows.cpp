@@ -161,7 +161,10 @@ Row MeasureRichText(const Plan& plan) {
     boxes.Settle();
     const double bare = SecondsOf([&] { boxes.Bare().setHtml(html); });
     boxes.Settle();
-    if (matn.TextLength() != length) throw std::runtime_error("the text came back otherwise");
+    if (matn.TextLength() != length)
+      throw std::runtime_error(
+          "the text came back otherwise: " + std::to_string(matn.TextLength()) + " characters of " +
+          std::to_string(length));
     if (round == 0) continue;  // both warm
     measured.tool.push_back(tool);
     measured.beside.push_back(bare);

@@ -24,15 +24,16 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 9> kRows = {{{"build", bench::MeasureTextBuild},
-                                               {"media", bench::MeasureMediaBuild},
-                                               {"mixed", bench::MeasureMixedBuild},
-                                               {"rep", bench::MeasureCleanUp},
-                                               {"plain", bench::MeasurePlainText},
-                                               {"rtf", bench::MeasureRichText},
-                                               {"f3", bench::MeasureMarking},
-                                               {"start", bench::MeasureStart},
-                                               {"memory", bench::MeasureMemory}}};
+const std::array<bench::NamedRow, 10> kRows = {{{"build", bench::MeasureTextBuild},
+                                                {"media", bench::MeasureMediaBuild},
+                                                {"mixed", bench::MeasureMixedBuild},
+                                                {"rep", bench::MeasureCleanUp},
+                                                {"plain", bench::MeasurePlainText},
+                                                {"rtf", bench::MeasureRichText},
+                                                {"f3", bench::MeasureMarking},
+                                                {"start", bench::MeasureStart},
+                                                {"start-offscreen", bench::MeasureStartOffscreen},
+                                                {"memory", bench::MeasureMemory}}};
 
 struct Order {
   int rounds = kFewestRounds;

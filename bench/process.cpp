@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <stdexcept>
 
 #include "bench/timing.h"
@@ -116,6 +117,7 @@ Dialogue::Dialogue(const Command& command) : name_(command.front()) {
 Dialogue::~Dialogue() {
   std::fclose(to_);
   std::fclose(from_);
+  ::kill(process_, SIGTERM);
   WaitFor(process_);
 }
 

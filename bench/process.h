@@ -17,13 +17,13 @@ double SecondsOfRun(const Command& command);
 // What it printed.
 std::string OutputOf(const Command& command);
 
-// A program that answers each line with a line.
+// A program that runs beside the bench and answers each line with a line.
 class Dialogue {
  public:
   explicit Dialogue(const Command& command);
   Dialogue(const Dialogue&) = delete;
   Dialogue& operator=(const Dialogue&) = delete;
-  // Ends its input and waits for it.
+  // Ends it.
   ~Dialogue();
 
   std::string ReadLine();

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Builds the release with the bench and prints its table:
-#   tools/bench.sh [row...]          the rows named, or all: build media mixed rep plain rtf f3 start memory
+#   tools/bench.sh [row...]          the rows named, or all (an unknown name lists them)
 #   tools/bench.sh --rules [option...]  the plain rules by size, with Google Benchmark's own options
 # The exit status is 0 if every target is met.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 BENCH=$ROOT/build/bench
-BENCH_PACKAGES=(libbenchmark-dev catdoc python3)
+BENCH_PACKAGES=(libbenchmark-dev catdoc python3 xvfb)
 
 build_bench() {
   local log=$LOGS/bench.log

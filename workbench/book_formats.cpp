@@ -19,28 +19,12 @@ Text Tabs(Depth depth) {
   return Text(static_cast<std::size_t>(depth), u'\t');
 }
 
-std::size_t LineBreaks(TextView text) {
-  std::size_t count = 0;
-  for (auto at = text.find(kCrLf); at != TextView::npos; at = text.find(kCrLf, at + kCrLf.size())) {
-    ++count;
-  }
-  return count;
-}
-
 // `head`, then each line of the text as a paragraph of its own.
 Text Paragraphs(TextView head, TextView text, TextView tag) {
   const Text open = Joined({u"<", tag, u">"});
   const Text close = Joined({u"</", tag, u">"});
   const Text between = Joined({close, kCrLf, open});
-  Text body;
-  body.reserve(head.size() + open.size() + text.size() +
-               LineBreaks(text) * (between.size() - kCrLf.size()) + close.size());
-  body.append(head).append(open);
-  for (auto at = text.find(kCrLf); at != TextView::npos; at = text.find(kCrLf)) {
-    body.append(text.substr(0, at)).append(between);
-    text.remove_prefix(at + kCrLf.size());
-  }
-  return body.append(text).append(close);
+  return Joined({head, open, platform::Replace(text, kCrLf, between), close});
 }
 
 TextView Flag(bool on) { return on ? u"1" : u"0"; }

@@ -40,6 +40,7 @@ void Form3::Form_Load() {
     entryCount = 0;
     mainOpen = 0;
     imageCount = 0;
+    ForgetFormerRun();
     Chek.SetValue(true);
     designGeometry = TakeGeometry(
         Width(), Height(),
@@ -53,6 +54,16 @@ void Form3::Form_Load() {
     ReadImageMark();
     if (Frame4.Visible()) Com_Click(static_cast<std::int16_t>(Mark::kGalleryMode));
   });
+}
+
+// What ResetA leaves alone would otherwise outlive the window.
+void Form3::ForgetFormerRun() {
+  for (Text* member : {&lastMainText, &imageMark, &chosenImage, &currentBook, &galleryFolder}) {
+    member->clear();
+  }
+  editIndex = 0;
+  wordLimit = 0;
+  folderPicCount = 0;
 }
 
 void Form3::Form_Unload() {
@@ -85,10 +96,10 @@ void Form3::NameNevis() {
 
 void Form3::ResetA() {
   form1_.Catching(66, [&] {
+    Com(static_cast<int>(Mark::kMainTitle)).SetCaption(MainTitleCaption(0));
     entryCount = 0;
     imageCount = 0;
     mainOpen = 0;
-    ShowMainOpen();
     bname.SetText(u"");
     table.Clear();
     IndexEmpty();

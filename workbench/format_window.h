@@ -145,6 +145,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
 
  private:
   void WireHandlers();
+  void ForgetFormerRun();
   void Timer1_Timer();
 
   // Failure while there is none.

@@ -22,12 +22,19 @@ constexpr TextView kCloses = u"}</pgMain>";
 // keys are parts of the text.
 using Tags = std::unordered_map<TextView, Text>;
 
+// The first `what` at or behind `from`, counted from 0; npos where there is none.
+std::size_t Find(TextView text, TextView what, std::size_t from) {
+  const platform::Position at =
+      platform::InStr(text, what, static_cast<platform::Position>(from) + 1);
+  return at == 0 ? TextView::npos : static_cast<std::size_t>(at) - 1;
+}
+
 // Goes through a text from one mark's beginning to the next. No end of a mark overlaps itself or
 // another, so nothing is looked at twice.
 class MarkWalk {
  public:
   explicit MarkWalk(TextView text) : text_(text) {
-    next_ = text_.find(kOpens);
+    next_ = Find(text_, kOpens, 0);
     Next();
   }
 
@@ -36,8 +43,8 @@ class MarkWalk {
     start_ = next_;
     if (!AtMark()) return;
     number_ = start_ + kOpens.size();
-    next_ = text_.find(kOpens, number_);
-    if (close_ < number_) close_ = text_.find(kCloses, number_);
+    next_ = Find(text_, kOpens, number_);
+    if (close_ < number_) close_ = Find(text_, kCloses, number_);
   }
 
   std::size_t Start() const { return start_; }

@@ -193,6 +193,12 @@ Text Control::ToolTip() const { return ToText(ThePeer().widget->toolTip()); }
 void Control::SetToolTip(TextView tip) {
   ThePeer().widget->setToolTip(ToQString(ShownCaption(tip)));
 }
-void Control::SetFocus() { ThePeer().widget->setFocus(Qt::OtherFocusReason); }
+
+void Control::SetFocus() {
+  QWidget& widget = *ThePeer().widget;
+  // Within a window that isn't in front the control would get the focus without any key.
+  widget.activateWindow();
+  widget.setFocus(Qt::OtherFocusReason);
+}
 
 }  // namespace platform

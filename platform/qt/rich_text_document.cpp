@@ -130,8 +130,9 @@ void AppendFragment(rtf::Paragraph& paragraph, const QTextFragment& fragment, qs
                     qsizetype length, const QTextDocument& document) {
   const QTextCharFormat format = fragment.charFormat();
   const rtf::CharacterFormat own = CharacterFormatOf(format);
+  const QString whole = fragment.text();
   Text text;
-  for (const QChar unit : QStringView(fragment.text()).mid(from, length)) {
+  for (const QChar unit : QStringView(whole).mid(from, length)) {
     if (unit == QChar::ObjectReplacementCharacter && format.isImageFormat()) {
       AppendText(paragraph, own, std::exchange(text, {}));
       paragraph.runs.push_back({own, PictureOf(format.toImageFormat(), document)});

@@ -57,6 +57,18 @@ std::unique_ptr<Control::Peer> MakeTickable(const ControlRow& row, QWidget* pare
   return peer;
 }
 
+// Of the options of one name in one parent one is on. The toolkit's own rule would count in those
+// of the frames inside the parent.
+QButtonGroup& GroupOf(const ControlRow& row, QWidget* parent) {
+  const QString name = ToQString(row.name);
+  auto* group = parent->findChild<QButtonGroup*>(name, Qt::FindDirectChildrenOnly);
+  if (group == nullptr) {
+    group = new QButtonGroup(parent);
+    group->setObjectName(name);
+  }
+  return *group;
+}
+
 // An artwork, drawn anew at whatever size and density it is shown.
 class PictureWidget : public QWidget {
  public:
@@ -136,6 +148,7 @@ std::unique_ptr<Control::Peer> MakeCheckBox(const ControlRow& row, QWidget* pare
 std::unique_ptr<Control::Peer> MakeOption(const ControlRow& row, QWidget* parent,
                                           OptionButton* control) {
   auto peer = MakeTickable<QRadioButton>(row, parent);
+  GroupOf(row, parent).addButton(static_cast<QRadioButton*>(peer->widget));
   if (control != nullptr) {
     auto* option = static_cast<QRadioButton*>(peer->widget);
     QObject::connect(option, &QRadioButton::toggled, &peer->anchor,

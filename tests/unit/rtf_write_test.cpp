@@ -132,8 +132,10 @@ TEST(RtfWrite, LettersOutsideThePageAreUnicode) {
 TEST(RtfWrite, AFormatIsWrittenWhereItChanges) {
   Document document = OneParagraph(u"a");
   auto& runs = document.paragraphs[0].runs;
-  runs.push_back({{.font = u"", .bold = true}, Text(u"b")});
-  runs.push_back({{.font = u"", .bold = true}, Picture{PictureKind::kPng, "\x89P", 30, 0}});
+  CharacterFormat bold;
+  bold.bold = true;
+  runs.push_back({bold, Text(u"b")});
+  runs.push_back({bold, Picture{PictureKind::kPng, "\x89P", 30, 0}});
   document.paragraphs.push_back({Alignment::kRight, Direction::kRightToLeft, {runs[1]}});
   EXPECT_EQ(BodyOf(document),
             "\\pard\\rtlpar\\qr a\\plain\\b b{\\pict\\pngblip\\picwgoal30\r\n8950}\\par\r\n"

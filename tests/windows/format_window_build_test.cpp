@@ -164,7 +164,7 @@ TEST_F(FormatWindowBuild, TheLastCollectionLeavesTheCaptionThatAllAreBuilt) {
   Robot::Find("Form1", "ExBox").setFocus();
   Robot::Settle();
   Build();
-  EXPECT_EQ(FormatDesk::Shown("BookLabel"), "پايان مجموعه\u200Cها!\u200F");
+  EXPECT_EQ(FormatDesk::Shown("BookLabel"), "پايان مجموعه\u200Cها!");
   EXPECT_EQ(desk.form1.dataName.ListCount(), 0);
 }
 

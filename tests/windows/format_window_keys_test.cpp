@@ -2,7 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QPushButton>
+#include <QTest>
+#include <QTextEdit>
 #include <array>
 
 #include "tests/support/format_desk.h"
@@ -145,6 +146,18 @@ TEST_F(FormatWindowKeys, TheKeysFileWhatTheButtonsFile) {
   EXPECT_EQ(FormatDesk::Shown("bname"), "gamma");
   EXPECT_THAT(FormatDesk::Lines("bindex"), ElementsAre("alpha   =>   beta"));
   EXPECT_EQ(FormatDesk::Shown("matn"), "  ");
+}
+
+TEST_F(FormatWindowKeys, AWordSelectedWithTheMouseIsFiledByAKey) {
+  auto& box = Robot::FindAs<QTextEdit>("Form3", "matn");
+  QTextCursor inside = box.textCursor();
+  inside.setPosition(8);
+  const QPoint point = box.cursorRect(inside).center();
+  QTest::mouseClick(box.viewport(), Qt::LeftButton, Qt::NoModifier, point);
+  QTest::mouseDClick(box.viewport(), Qt::LeftButton, Qt::NoModifier, point);
+  EXPECT_EQ(FormatDesk::Selected(), "beta");
+  EXPECT_THAT(Pressed(Qt::Key_F2), ElementsAre(LogLine(2)));
+  EXPECT_THAT(FormatDesk::Lines("bindex"), ElementsAre("beta"));
 }
 
 // The buttons.
