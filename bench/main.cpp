@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <exception>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -16,6 +15,7 @@
 #include "bench/box_rows.h"
 #include "bench/build_rows.h"
 #include "bench/process_rows.h"
+#include "bench/reported.h"
 #include "bench/table.h"
 #include "bench/text_rows.h"
 #include "platform/application.h"
@@ -94,15 +94,12 @@ void SetUpEnvironment() {
 int main(int argc, char** argv) {
   SetUpEnvironment();
   const platform::Application application(argc, argv);
-  try {
+  return bench::Reported([&] {
     const Order order = OrderOf({argv + 1, argv + argc});
     bench::WorkFolder work;
     // Nothing reaches the user's own folders.
     ::setenv("HOME", work.NewFolder("home").c_str(), 1);
     ::sync();
     return PrintTable(order, work);
-  } catch (const std::exception& problem) {
-    std::cerr << problem.what() << '\n';
-    return 2;
-  }
+  });
 }

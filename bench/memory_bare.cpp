@@ -2,19 +2,24 @@
 // of it is laid out.
 #include <QApplication>
 #include <QString>
-#include <exception>
 #include <iostream>
 
 #include "bench/bare_edit.h"
 #include "bench/peak_memory.h"
+#include "bench/reported.h"
 #include "bench/work_folder.h"
 #include "platform/encoding.h"
-#include "platform/qt/conversions.h"
 
 namespace {
 
+// Straight from the bytes, so that nothing but them and the text is there.
 QString TextOf(const char* path) {
-  return platform::ToQString(platform::DecodeMachineCodePage(bench::ReadFile(path)));
+  const auto& letters = *platform::SingleByteCodePage(platform::kMachineCodePage);
+  const std::string bytes = bench::ReadFile(path);
+  QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+  QChar* to = text.data();
+  for (const char byte : bytes) *to++ = letters[static_cast<unsigned char>(byte)];
+  return text;
 }
 
 }  // namespace
@@ -22,13 +27,10 @@ QString TextOf(const char* path) {
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   if (argc != 2) return 2;
-  try {
+  return bench::Reported([&] {
     bench::BareEdit edit;
     edit.setPlainText(TextOf(argv[1]));
     bench::LayOut(edit);
     return bench::PrintPeakMemory();
-  } catch (const std::exception& problem) {
-    std::cerr << problem.what() << '\n';
-    return 1;
-  }
+  });
 }

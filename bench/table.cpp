@@ -35,7 +35,10 @@ bool IsBoundMet(const Row& row) {
 
 std::string GrowthText(const Row& row) {
   if (!row.growth) return "";
-  return Formatted("%.2f", *row.growth) + (*row.growth <= kLinear ? ", linear" : ", NOT LINEAR");
+  std::string text = Formatted("%.2f", *row.growth);
+  text += *row.growth <= kLinear ? ", linear" : ", NOT LINEAR";
+  if (row.besideGrowth) text += Formatted(" (beside it: %.2f)", *row.besideGrowth);
+  return text;
 }
 
 }  // namespace
@@ -48,9 +51,11 @@ Row TimedRow(std::string work, std::string beside, const Measured& measured, Tar
           InMilliseconds(tool),
           InMilliseconds(other),
           RatioOf(tool, other, target),
-          target,
-          {}};
+          target};
   if (!measured.toolTenfold.empty()) row.growth = Median(measured.toolTenfold) / 10 / tool;
+  if (!measured.besideTenfold.empty()) {
+    row.besideGrowth = Median(measured.besideTenfold) / 10 / other;
+  }
   return row;
 }
 
@@ -62,8 +67,7 @@ Row SizedRow(std::string work, std::string beside, double toolKilobytes, double 
           inMegabytes(toolKilobytes),
           inMegabytes(besideKilobytes),
           RatioOf(toolKilobytes, besideKilobytes, target),
-          target,
-          {}};
+          target};
 }
 
 bool IsMet(const Row& row) { return IsBoundMet(row) && (!row.growth || *row.growth <= kLinear); }

@@ -26,7 +26,8 @@ struct Row {
   double ratio = 0;
   Target target{};
   // Time per item at ten times the size, by that at the size itself.
-  std::optional<double> growth;
+  std::optional<double> growth = {};
+  std::optional<double> besideGrowth = {};
 };
 
 // With the medians of what was measured; growth where there are times of ten times the size.

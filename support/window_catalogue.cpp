@@ -44,6 +44,12 @@ struct Row : ControlRow {
     row.parentIndex = frameIndex;
     return row;
   }
+  template <typename T>
+  constexpr Row With(T ControlRow::*member, T value) const {
+    Row row = *this;
+    row.*member = value;
+    return row;
+  }
   constexpr Row At(int rowIndex) const { return With(&ControlRow::index, rowIndex); }
   constexpr Row Hint(TextView rowHint) const { return With(&ControlRow::hint, rowHint); }
   constexpr Row Shows(Artwork picture) const { return With(&ControlRow::artwork, picture); }
@@ -57,14 +63,6 @@ struct Row : ControlRow {
   constexpr Row LeftToRight() const { return With(&ControlRow::leftToRight, true); }
   constexpr Row NoTabStop() const { return With(&ControlRow::tabStop, false); }
   constexpr Row Disabled() const { return With(&ControlRow::enabled, false); }
-
- private:
-  template <typename T>
-  constexpr Row With(T ControlRow::*member, T value) const {
-    Row row = *this;
-    row.*member = value;
-    return row;
-  }
 };
 
 constexpr Row Chooser(TextView name, Place place) {

@@ -2,7 +2,8 @@
 # Builds the release with the bench and prints its table:
 #   tools/bench.sh [row...]          the rows named, or all (an unknown name lists them)
 #   tools/bench.sh --rules [option...]  the plain rules by size, with Google Benchmark's own options
-# The exit status is 0 if every target is met.
+# The exit status is 0 if every target is met. Leave five minutes between two runs: ext4 makes files
+# many times slower while it remembers that thousands were deleted.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 

@@ -1,0 +1,148 @@
+#include "export/export_pass.h"
+
+#include "core/book_places.h"
+#include "export/export_places.h"
+#include "export/print_page.h"
+#include "platform/failure.h"
+
+namespace exporting {
+
+using platform::IoMode;
+using platform::Text;
+using platform::TextFormat;
+using platform::TextView;
+
+namespace {
+
+constexpr TextView kDefaultTarget = u"Export";
+constexpr std::int16_t kNoProjectFolder = 10;
+constexpr std::int16_t kNoTargetFolder = 26;
+constexpr std::int16_t kNoScript = 27;
+constexpr std::int16_t kExportFailed = 28;
+constexpr std::int16_t kExportReady = 29;
+
+}  // namespace
+
+ExportPass::ExportPass(core::Form1& form1, platform::Launcher& launcher)
+    : form1_(form1), launcher_(launcher) {}
+
+void ExportPass::Export() {
+  form1_.Catching(102, [&] {
+    MakeDefaultTarget();
+    MakeAbsolute(form1_.ExBox);
+    MakeAbsolute(form1_.idir);
+    form1_.SaveThings();
+    if (!Files().FolderExists(form1_.ExBox.Text())) return form1_.bepayam(kNoTargetFolder);
+    if (!Files().FolderExists(form1_.idir.Text())) return form1_.bepayam(kNoProjectFolder);
+    ExportAll();
+  });
+}
+
+void ExportPass::MakeDefaultTarget() {
+  if (form1_.ExBox.Text() != kDefaultTarget) return;
+  const Text folder = core::UnderProgramFolder(ProgramRoot(), kDefaultTarget);
+  if (!Files().FolderExists(folder)) Files().MakeFolder(folder);
+}
+
+void ExportPass::MakeAbsolute(platform::TextBox& field) {
+  const Text path = field.Text();
+  if (!core::IsAbsolute(path)) field.SetText(core::UnderProgramFolder(ProgramRoot(), path));
+}
+
+// A missing script is deliberately no early end: the pass then runs on with a root that is empty.
+void ExportPass::ExportAll() {
+  const auto pass = [&] {
+    form1_.LogMe(u"Exporting files...");
+    Text root;
+    if (Files().FileExists(core::ExportScriptFile(ProgramRoot()))) {
+      root = CarryOut();
+    } else {
+      form1_.bepayam(kNoScript);
+    }
+    form1_.bepayam(kExportReady);
+    form1_.LogMe(u"Files exported.");
+    if (Files().FileExists(Viewer(root))) RunFile(Viewer(root));
+    form1_.LogMe(u"Exported Main.exe played.");
+  };
+  platform::CatchingFailure(pass, [&](const Text&) { form1_.bepayam(kExportFailed); });
+}
+
+// Everything is cut before anything on the disk changes.
+Text ExportPass::CarryOut() {
+  const ExportScript script =
+      CutScript(Read(core::ExportScriptFile(ProgramRoot()), TextFormat::kCodePage));
+  const Text root = MakeRoot();
+  MakeFolders(script, root);
+  CopyFolders(script, root);
+  CopyFiles(script, root);
+  if (form1_.Pcheck.Value()) MakePrintPages(root);
+  return root;
+}
+
+Text ExportPass::MakeRoot() {
+  const Text target = form1_.DoSlash(form1_.ExBox.Text());
+  std::int64_t number = 1;
+  while (Files().FolderExists(ExportRoot(target, number))) ++number;
+  const Text root = ExportRoot(target, number);
+  Files().MakeFolder(root);
+  return root;
+}
+
+void ExportPass::MakeFolders(const ExportScript& script, TextView root) {
+  for (const Text& line : script.makeFolder) Files().MakeFolder(ExportedFolder(root, line));
+}
+
+void ExportPass::CopyFolders(const ExportScript& script, TextView root) {
+  for (const Text& line : script.copyFolder) CopyFolder(SplitCopyLine(line), root);
+}
+
+void ExportPass::CopyFolder(const CopyLine& line, TextView root) {
+  const Text projectRoot = form1_.DoSlash(form1_.idir.Text());
+  Files().MakeFolder(ExportedFolder(root, line.target));
+  for (const Text& name : Files().FileNames(SourceFolder(projectRoot, line.source))) {
+    Files().CopyFile(SourceFile(projectRoot, line.source, name),
+                     ExportedFile(root, line.target, name));
+  }
+}
+
+void ExportPass::CopyFiles(const ExportScript& script, TextView root) {
+  for (const Text& line : script.copyFile) {
+    const CopyLine sides = SplitCopyLine(line);
+    Files().CopyFile(core::ResourceFile(ProgramRoot(), sides.source),
+                     CopiedResource(root, WithoutRootWord(sides.target), sides.source));
+  }
+}
+
+void ExportPass::MakePrintPages(TextView root) {
+  const Text pageTemplate = Read(core::PrintTemplateFile(ProgramRoot()), TextFormat::kUnicode);
+  for (const Text& name : Files().FileNames(PageFolder(root))) {
+    if (IsPageFile(name)) MakePrintPage(pageTemplate, root, name);
+  }
+}
+
+void ExportPass::MakePrintPage(TextView pageTemplate, TextView root, TextView name) {
+  const Text page = Read(ExportedPage(root, name), TextFormat::kUnicode);
+  const Text filled = FilledTemplate(pageTemplate, form1_.Wsre(page, u"pgTitle"), PrintBody(page));
+  auto stream = form1_.FileSys().OpenTextFile(PrintPage(root, name), IoMode::kForWriting, true,
+                                              TextFormat::kUnicode);
+  stream.Write(filled);
+  stream.Close();
+}
+
+void ExportPass::RunFile(TextView path) {
+  const platform::Position end = platform::InStrRev(path, u"\\");
+  launcher_.Open(path, platform::Left(path, end - 1));
+}
+
+Text ExportPass::Read(TextView path, TextFormat format) {
+  auto stream = form1_.FileSys().OpenTextFile(path, IoMode::kForReading, false, format);
+  Text text = stream.ReadAll();
+  stream.Close();
+  return text;
+}
+
+platform::FileSystem& ExportPass::Files() { return form1_.FileSys().Files(); }
+
+Text ExportPass::ProgramRoot() { return form1_.DoSlash(form1_.TheMachine().programFolder); }
+
+}  // namespace exporting

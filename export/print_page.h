@@ -1,0 +1,21 @@
+// A book's page as an ordinary web page that can be printed.
+#pragma once
+
+#include "platform/text.h"
+
+namespace exporting {
+
+// True for the page files of a folder: the extension is "htm" in any letter case; a name without a
+// dot counts whole as its extension.
+bool IsPageFile(platform::TextView name);
+
+// What stands behind the page's title, with paragraphs and picture places as a browser wants them.
+// Without a title's end the body starts at the tenth character; that is required.
+platform::Text PrintBody(platform::TextView page);
+
+// The template with "%Title%" and then "%Matn%" filled. Nothing is escaped, and a title that holds
+// "%Matn%" is filled with the body too.
+platform::Text FilledTemplate(platform::TextView pageTemplate, platform::TextView title,
+                              platform::TextView body);
+
+}  // namespace exporting
