@@ -59,6 +59,8 @@ class Form1 : public platform::Window {
   void RequestFile(platform::TextView key, platform::TextView pattern, Window* owner);
 
   Machine& TheMachine() { return machine_; }
+  // The file service. Failure before it is made and once it is released.
+  platform::FileSystemObject& FileSys();
 
   platform::Text lastErrorText;
   platform::Text pendingTarget;
@@ -102,8 +104,6 @@ class Form1 : public platform::Window {
   void WireFields();
   void WireButtons();
 
-  // The file service. Failure before it is made and once it is released.
-  platform::FileSystemObject& FileSys();
   platform::Text ProgramRoot();
   platform::Text BookRoot();
 

@@ -95,4 +95,10 @@ TEST(LineDifference, KeepsWhatBothHave) {
             "- a\n  b\n  c\n+ x\n  d\n+ e\n");
 }
 
+TEST(LineDifference, LeavesOutWhatIsFarFromAChange) {
+  EXPECT_EQ(book::LineDifference("1\n2\n3\n4\n5\n6\nold\n", "1\n2\n3\n4\n5\n6\nnew\n"),
+            "...\n  4\n  5\n  6\n- old\n+ new\n");
+  EXPECT_EQ(book::LineDifference("same\n", "same\n"), "");
+}
+
 }  // namespace

@@ -28,26 +28,48 @@ std::vector<std::vector<int>> CommonLines(const Lines& expected, const Lines& ac
   return common;
 }
 
-}  // namespace
-
-std::string LineDifference(const std::string& expected, const std::string& actual) {
-  const Lines left = LinesOf(expected);
-  const Lines right = LinesOf(actual);
+Lines MarkedLines(const Lines& left, const Lines& right) {
   const auto common = CommonLines(left, right);
-  std::string difference;
+  Lines marked;
   std::size_t i = 0;
   std::size_t j = 0;
   while (i < left.size() || j < right.size()) {
     if (i < left.size() && j < right.size() && left[i] == right[j]) {
-      difference += "  " + left[i++] + "\n";
+      marked.push_back("  " + left[i++]);
       ++j;
     } else if (j == right.size() || (i < left.size() && common[i + 1][j] >= common[i][j + 1])) {
-      difference += "- " + left[i++] + "\n";
+      marked.push_back("- " + left[i++]);
     } else {
-      difference += "+ " + right[j++] + "\n";
+      marked.push_back("+ " + right[j++]);
     }
   }
-  return difference;
+  return marked;
+}
+
+bool IsNearAChange(const Lines& marked, std::size_t at) {
+  constexpr std::size_t kAround = 3;
+  const std::size_t from = at > kAround ? at - kAround : 0;
+  const std::size_t to = std::min(at + kAround + 1, marked.size());
+  return std::any_of(marked.begin() + static_cast<std::ptrdiff_t>(from),
+                     marked.begin() + static_cast<std::ptrdiff_t>(to),
+                     [](const std::string& line) { return !line.starts_with("  "); });
+}
+
+}  // namespace
+
+std::string LineDifference(const std::string& expected, const std::string& actual) {
+  const Lines marked = MarkedLines(LinesOf(expected), LinesOf(actual));
+  std::string difference;
+  bool leftOut = false;
+  for (std::size_t i = 0; i < marked.size(); ++i) {
+    if (IsNearAChange(marked, i)) {
+      difference += marked[i] + "\n";
+    } else if (!leftOut) {
+      difference += "...\n";
+    }
+    leftOut = !IsNearAChange(marked, i);
+  }
+  return expected == actual ? "" : difference;
 }
 
 }  // namespace book

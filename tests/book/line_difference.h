@@ -5,8 +5,9 @@
 
 namespace book {
 
-// All lines in order: "  " before one that both have, "- " before one of `expected` alone, "+ "
-// before one of `actual` alone. As few of the latter two as possible.
+// The lines that differ, with up to three around them: "  " before one that both have, "- " before
+// one of `expected` alone, "+ " before one of `actual` alone, as few of the latter two as possible.
+// "..." stands for lines that are left out. Empty for the same text.
 std::string LineDifference(const std::string& expected, const std::string& actual);
 
 }  // namespace book

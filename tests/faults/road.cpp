@@ -1,6 +1,9 @@
 #include "tests/faults/road.h"
 
+#include <unistd.h>
+
 #include <QTest>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -14,6 +17,21 @@ using testing_support::FormatDesk;
 using testing_support::Robot;
 
 namespace fs = std::filesystem;
+
+Road::InMemory::InMemory() {
+  constexpr const char* kMemory = "/dev/shm";
+  const char* const before = std::getenv("TMPDIR");
+  if (before != nullptr) before_ = before;
+  if (access(kMemory, W_OK | X_OK) == 0) setenv("TMPDIR", kMemory, 1);
+}
+
+Road::InMemory::~InMemory() {
+  if (before_.empty()) {
+    unsetenv("TMPDIR");
+  } else {
+    setenv("TMPDIR", before_.c_str(), 1);
+  }
+}
 
 Road::Road(Found found) {
   CopyProgramFolder(desk.HostPath(""));
@@ -93,7 +111,8 @@ void Road::FileText() {
 // A sound, and a picture in the text, for the newest row.
 void Road::FilePicture() {
   workbench::Form3& form3 = desk.form3;
-  form3.ConRT.SetText(u"Text\r\n");
+  form3.ConRT.SetText(u"");
+  form3.ConRT.SetSelText(u"Text\r\n");
   form3.ConRT.SetSelRTF(form3.imageMark);
   form3.ConRT.SetSelText(u"{0}\r\n");
   form3.table.entryText.Set(1, form3.ConRT.TextRTF());

@@ -29,6 +29,21 @@ class Road {
   static constexpr std::ptrdiff_t kRows = 4;
   bool TableIsWhole() const;
 
+ private:
+  // The desk of a road lies in memory where the host has a place for that: there are hundreds.
+  class InMemory {
+   public:
+    InMemory();
+    ~InMemory();
+    InMemory(const InMemory&) = delete;
+    InMemory& operator=(const InMemory&) = delete;
+
+   private:
+    std::string before_;
+  };
+  InMemory inMemory_;
+
+ public:
   testing_support::Desk desk{false};
 
  private:
