@@ -106,8 +106,6 @@ Text Form1::ProgramRoot() { return DoSlash(machine_.programFolder); }
 
 Text Form1::BookRoot() { return DoSlash(idir.Text()); }
 
-// Log and messages.
-
 void Form1::LogMe(TextView text) {
   platform::Ignoring([&] { DoLog(text, LogFile(platform::DoSlash(machine_.programFolder))); });
   platform::Ignoring([&] { DoLog(text, machine_.systemLogPath); });
@@ -135,8 +133,6 @@ void Form1::Catching(std::int16_t number, const std::function<void()>& operation
   });
 }
 
-// The vocabulary record.
-
 Text Form1::LoadVocabulary() {
   const Text record(kVocabularyRecord);
   vocabulary = WithTodaysWords(record);
@@ -146,8 +142,6 @@ Text Form1::LoadVocabulary() {
 void Form1::InitVocabulary() { vocabulary = LoadVocabulary(); }
 
 void Form1::RefreshVocabulary() { vocabulary = LoadVocabulary(); }
-
-// The collection selector.
 
 void Form1::MakeCombo() {
   Catching(42, [&] {
@@ -169,8 +163,6 @@ void Form1::ListRow(std::size_t row, TextView count) {
   };
   ListWaiting(collections, count, isBuilt, [&](TextView entry) { dataName.AddItem(entry); });
 }
-
-// Small handlers.
 
 void Form1::Command4_Click() {
   Catching(33, [&] {

@@ -23,7 +23,10 @@ std::string WithLinksFollowed(const std::string& hostPath, TextView path) {
 
 std::string BesidePath(const std::string& target) {
   const std::size_t name = target.rfind('/') + 1;
-  return target.substr(0, name) + "." + target.substr(name, kLongestNamePart) + ".zorvand-new";
+  return target.substr(0, name)
+      .append(".")
+      .append(target, name, kLongestNamePart)
+      .append(kBesideEnding);
 }
 
 Descriptor MakeAnew(const std::string& hostPath) {

@@ -11,6 +11,9 @@
 
 namespace platform {
 
+// What the names of such files end in; none of them is a file of anybody's.
+inline constexpr std::string_view kBesideEnding = ".zorvand-new";
+
 // The hidden file ".<name>.zorvand-new" in the folder of the file that it is to replace. What a
 // crash left there is thrown away by the next one. A link is followed: its target is replaced.
 class BesideFile {

@@ -149,7 +149,7 @@ class ListBox : public Control {
   void SetList(Position index, TextView text);
   void AddItem(TextView text);
   void InsertItem(Position index, TextView text);
-  void RemoveItem(Position index);
+  void RemoveItem(Position index);  // if it was selected, no line is any more
   void Clear();
   std::function<void()> onClick;    // a line was chosen, by mouse or key
   std::function<void()> onMouseUp;  // any button, wherever in the list

@@ -20,7 +20,7 @@ enum class OpenMode : std::uint8_t {
 };
 
 // One open file. Closing twice does nothing; a file that goes away without Close keeps its old
-// content if it was opened to be replaced.
+// content if it was opened to be replaced, and isn't there if it wasn't before.
 class OpenedFile {
  public:
   OpenedFile() = default;

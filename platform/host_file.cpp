@@ -92,6 +92,28 @@ class InPlaceFile : public OpenedFile {
   Descriptor file_;
 };
 
+// Made here, so that it is nobody's yet: without Close it goes away again. What were left of it
+// would count as there when the text is written once more.
+class NewFile : public InPlaceFile {
+ public:
+  NewFile(TextView path, std::string hostPath, Descriptor file)
+      : InPlaceFile(path, std::move(file)), hostPath_(std::move(hostPath)) {}
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile() override {
+    if (!isWhole_) ::unlink(hostPath_.c_str());
+  }
+
+  void Close() override {
+    InPlaceFile::Close();
+    isWhole_ = true;
+  }
+
+ private:
+  std::string hostPath_;
+  bool isWhole_ = false;
+};
+
 class ReplacedFile : public OpenedFile {
  public:
   ReplacedFile(TextView path, const std::string& hostPath, const struct stat& known)
@@ -122,7 +144,13 @@ std::unique_ptr<OpenedFile> OpenToRead(TextView path) {
 
 // Opening it in its place shows whether it may be written, also where it is then left alone.
 std::unique_ptr<OpenedFile> OpenToReplace(TextView path, int creating) {
-  const std::string hostPath = HostPath(path);
+  std::string hostPath = HostPath(path);
+  if (creating != 0) {
+    Descriptor made = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
+    if (made.IsOpen()) {
+      return std::make_unique<NewFile>(path, std::move(hostPath), std::move(made));
+    }
+  }
   Descriptor file = OpenHost(hostPath, O_WRONLY | creating, kNewFileMode);
   const struct stat known = OrdinaryFile(file, u"open", path);
   if (known.st_size > static_cast<off_t>(kUtf16Mark.size())) {

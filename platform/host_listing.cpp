@@ -11,6 +11,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/beside_file.h"
 #include "platform/host_descriptor.h"
 #include "platform/paths.h"
 
@@ -27,9 +28,11 @@ struct Listed {
   Text name;
 };
 
-// Neither the folder itself and its parent, nor a name that no path of the tool can hold.
+// Neither the folder itself and its parent, nor a name that no path of the tool can hold, nor what
+// a crash left of a file that was about to be replaced.
 bool IsNamed(std::string_view name) {
-  return name != "." && name != ".." && name.find('\\') == std::string_view::npos;
+  return name != "." && name != ".." && name.find('\\') == std::string_view::npos &&
+         !name.ends_with(kBesideEnding);
 }
 
 // The host is asked only where the listing itself doesn't say; links count as what they lead to.

@@ -39,7 +39,8 @@ class RichTextBox : public Control {
 
   // The key's code (F1 is 112, F12 is 123). The key goes on to the box as usual.
   std::function<void(int keyCode, int shift)> onKeyDown;
-  std::function<void(int button)> onMouseUp;  // 1 left, 2 right
+  // 1 left, 2 right, 4 middle. A box with this handler shows no menu of the toolkit's.
+  std::function<void(int button)> onMouseUp;
 };
 
 }  // namespace platform

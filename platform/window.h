@@ -63,6 +63,7 @@ class Window {
   void Register(Control& control);
   void Unregister(Control& control);
   void BuildControls();
+  void TakeApart();
 
   const WindowDefinition& definition_;
   std::vector<Control*> controls_;

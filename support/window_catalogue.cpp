@@ -278,7 +278,7 @@ constexpr std::array kForm3TextRows = std::to_array<ControlRow>({
     Row(Kind::kCheckBox, u"P22", {6450, 165, 5400, 210},
         u"حذف تمامي پاراگراف\u200Fها و ايجاد پاراگراف بر اساس           كلمه در هر سطر")
         .In(u"Frame3")
-        .MarkInset(270),  // its right end lies under HazC(12), and so chnd stands in the gap
+        .MarkInset(195),  // its right end lies under HazC(12), and so chnd stands in the gap
     Row(Kind::kTextBox, u"chnd", {7815, 135, 420, 285}, u"22")
         .Hint(u"از 10 تا 30")
         .In(u"Frame3")

@@ -24,7 +24,15 @@ Text Paragraphs(TextView head, TextView text, TextView tag) {
   const Text open = Joined({u"<", tag, u">"});
   const Text close = Joined({u"</", tag, u">"});
   const Text between = Joined({close, kCrLf, open});
-  return Joined({head, open, platform::Replace(text, kCrLf, between), close});
+  Text page;
+  page.reserve(head.size() + text.size() + text.size() / 4 + 2 * between.size());
+  page.append(head).append(open);
+  platform::Position from = 1;
+  while (const platform::Position end = platform::InStr(text, kCrLf, from)) {
+    page.append(platform::Mid(text, from, end - from)).append(between);
+    from = end + static_cast<platform::Position>(kCrLf.size());
+  }
+  return page.append(platform::Mid(text, from)).append(close);
 }
 
 TextView Flag(bool on) { return on ? u"1" : u"0"; }

@@ -22,7 +22,7 @@ void BuildPass::Run() {
   if (!FoldersExist()) return;
   AddToIndex();
   if (!MakeRoom()) return;
-  MakeFile(CollectionPath(), HeadLines(order_.galleryMode));
+  WriteAnew(CollectionPath(), HeadLines(order_.galleryMode));
   WalkRows();
   AddToCollection(EndLine(order_.galleryMode));
   FinishInWindow();
@@ -54,7 +54,7 @@ void BuildPass::AddToIndex() {
   const Text name = core::CollectionName(order_.rowLetter, order_.rowDigit);
   openTag_ = OpenTag(name, order_.galleryMode);
   closeTag_ = CloseTag(name);
-  if (!files_.FileExists(IndexPath())) MakeFile(IndexPath(), IndexHead(order_.words.creditLine));
+  if (!files_.FileExists(IndexPath())) WriteAnew(IndexPath(), IndexHead(order_.words.creditLine));
   NameCollection();
   AddToFile(IndexPath(), IndexLine(openTag_, RemCrLf(desk_.CollectionTitle()), closeTag_));
 }
@@ -86,7 +86,7 @@ void BuildPass::TakeOldLineOut() {
   auto stream = files_.OpenTextFile(IndexPath(), IoMode::kForReading, false, TextFormat::kUnicode);
   const Text index = stream.ReadAll();
   stream.Close();
-  MakeFile(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));
+  WriteAnew(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));
 }
 
 void BuildPass::WalkRows() {
@@ -137,7 +137,7 @@ void BuildPass::BuildTextEntry(std::ptrdiff_t row) {
   const EntryTable& table = order_.table;
   const Text page =
       DrawStem([&] { return core::PageFile(Root(), words.txtFolder, stem_, words.pageExt); });
-  MakeFile(page, {});
+  WriteAnew(page, {});
   AddToFile(page, PageText(row));
   AddNode(row, stem_ + u"." + words.pageExt, false);
   CopyMedium(table.entryAttach(row));
@@ -159,7 +159,7 @@ void BuildPass::BuildGalleryEntry(std::ptrdiff_t row) {
   const EntryTable& table = order_.table;
   const Text gallery = DrawStem([&] { return core::EntryGalleryFile(Root(), stem_); });
   const Text fileName = stem_ + u".xml";
-  MakeFile(gallery, HeadLines(kGallery));
+  WriteAnew(gallery, HeadLines(kGallery));
   for (std::ptrdiff_t slot = 0;; ++slot) {
     const Text& source = table.entryGalPath(row, slot);
     // A picture that was taken out ends the list here, unlike in a collection's gallery.
@@ -205,7 +205,7 @@ Text BuildPass::DrawStem(Place place) {
 }
 
 // Anew or in place of what is there; an empty text leaves a file with its mark alone.
-void BuildPass::MakeFile(TextView path, TextView text) {
+void BuildPass::WriteAnew(TextView path, TextView text) {
   auto stream = files_.OpenTextFile(path, IoMode::kForWriting, true, TextFormat::kUnicode);
   if (!text.empty()) stream.Write(text);
   stream.Close();

@@ -94,7 +94,7 @@ class BuildPass {
   template <typename Place>
   platform::Text DrawStem(Place place);
 
-  void MakeFile(platform::TextView path, platform::TextView text);
+  void WriteAnew(platform::TextView path, platform::TextView text);
   void AddToFile(platform::TextView path, platform::TextView text);
   void AddToCollection(platform::TextView text);
 

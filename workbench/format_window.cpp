@@ -71,7 +71,14 @@ void Form3::Form_Unload() {
   fileSys.reset();
 }
 
-void Form3::Form_Paint() { NameNevis(); }
+// A blinking caret paints twice a second. A selection that can't be read would fill the log with
+// that, so it is not read again until it is another one.
+void Form3::Form_Paint() {
+  const Text selected = form1_.dataName.Text();
+  if (!selectionWasRead_ && selected == unreadSelection_) return;
+  NameNevis();
+  if (!selectionWasRead_) unreadSelection_ = selected;
+}
 
 void Form3::Timer1_Timer() {
   if (State() != platform::WindowState::kMinimised) return;
@@ -81,6 +88,7 @@ void Form3::Timer1_Timer() {
 }
 
 void Form3::NameNevis() {
+  selectionWasRead_ = false;
   form1_.Catching(61, [&] {
     Text caption(kAllCollectionsBuilt);
     if (form1_.dataName.ListCount() > 0) {
@@ -91,6 +99,7 @@ void Form3::NameNevis() {
     }
     // A write during a paint asks for the next paint.
     if (BookLabel.Caption() != caption) BookLabel.SetCaption(caption);
+    selectionWasRead_ = true;
   });
 }
 

@@ -172,6 +172,8 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   void BringImage(const platform::Text& source, platform::TextView fileName);
 
   core::Form1& form1_;
+  bool selectionWasRead_ = true;    // the last NameNevis did not fail
+  platform::Text unreadSelection_;  // of dataName, at the paint that could not read it
 };
 
 }  // namespace workbench

@@ -83,16 +83,15 @@ Text Form3::ToTXT(const Text& richText) {
 Text Form3::ToIMG(Text body) {
   form1_.Catching(68, [&] {
     const auto bring = [this](const Text& source, TextView name) { BringImage(source, name); };
-    const bool hasImages = workbench::ToIMG(body, table.inlineImage, bring);
+    const bool hasImages = PutImageTags(body, table.inlineImage, bring);
     body += AddEntr(hasImages ? kTailWithImages : kTailWithoutImages);
   });
   return body;
 }
 
 void Form3::BringImage(const Text& source, TextView fileName) {
-  const Text target = core::InlineImage(DoSlash(form1_.idir.Text()), fileName);
-  if (!FileSys().FileExists(source) || FileSys().FileExists(target)) return;
-  FileSys().Files().CopyFile(source, target);
+  CopyIfMissing(FileSys().Files(), source,
+                core::InlineImage(DoSlash(form1_.idir.Text()), fileName));
 }
 
 Text Form3::AddEntr(std::int16_t count) {

@@ -13,7 +13,9 @@ void Form3::books_Click() {
   form1_.Catching(55, [&] {
     form1_.LogMe(u"Opening a text file...");
     currentBook = books.List(books.ListIndex());
-    matn.SetText(Rep(ReadWhole(DoSlash(form1_.Text1.Text()) + currentBook)));
+    // A line of its own, so that the raw text is gone before the box takes the clean one.
+    const Text clean = Rep(ReadWhole(DoSlash(form1_.Text1.Text()) + currentBook));
+    matn.SetText(clean);
     Mright();
   });
 }

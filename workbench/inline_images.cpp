@@ -94,7 +94,7 @@ Text WithTags(TextView text, const Tags& tags) {
 
 }  // namespace
 
-bool ToIMG(Text& text, const Column<Text>& inlineImage, const BringImage& bring) {
+bool PutImageTags(Text& text, const Column<Text>& inlineImage, const BringImage& bring) {
   Tags tags;
   // A tag that is known takes the place of its mark everywhere, also behind a mark that fails.
   std::optional<Text> failed;

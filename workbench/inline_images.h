@@ -23,8 +23,8 @@ using BringImage = std::function<void(const platform::Text& source, platform::Te
 // Failure for a mark whose k is no 16-bit number or that isn't closed, and where `bring` fails;
 // `text` then holds the tags of all marks that came before (the window's number is 68). Linear in
 // the text, however many marks it has.
-bool ToIMG(platform::Text& text, const platform::Column<platform::Text>& inlineImage,
-           const BringImage& bring);
+bool PutImageTags(platform::Text& text, const platform::Column<platform::Text>& inlineImage,
+                  const BringImage& bring);
 
 // Copies a picture that exists to a target that doesn't; else does nothing.
 void CopyIfMissing(platform::FileSystem& files, platform::TextView source,

@@ -34,7 +34,6 @@ struct Application::Peer {
 Application::Application(int& argc, char** argv) {
   peer_ = std::make_unique<Peer>(argc, argv);
   processHasEnded = false;
-  QApplication::setApplicationDisplayName(ToQString(kApplicationTitle));
   QApplication::setFont(WindowFont());
   QApplication::setQuitOnLastWindowClosed(false);
 }
@@ -52,6 +51,8 @@ void EndProcess(int status) {
   for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
   QCoreApplication::exit(status);
 }
+
+bool ProcessHasEnded() { return processHasEnded; }
 
 void FromEvent(const std::function<void()>& handler) {
   if (processHasEnded || !handler) return;

@@ -36,20 +36,28 @@ QPainterPath EightPointedStar(QPointF centre, double radius) {
   return star;
 }
 
-void DrawTiles(QPainter& painter, const QRectF& room) {
-  const double step = room.height() / 2;
-  painter.setPen(Stroke(QColor(255, 255, 255, 46), room.height() / 110));
-  painter.setBrush(Qt::NoBrush);
-  const int columns = static_cast<int>(room.width() / step) + 2;
-  for (int row = 0; row < 3; ++row) {
-    for (int column = 0; column < columns; ++column) {
-      const QPointF centre(room.left() + column * step, room.top() + row * step);
-      painter.drawPath(EightPointedStar(centre, step * 0.46));
-      painter.drawPath(EightPointedStar(centre, step * 0.26));
-      const QPointF between = centre + QPointF(step / 2, step / 2);
-      painter.drawEllipse(between, step * 0.12, step * 0.12);
-    }
+// The pattern repeats, so one tile of it is drawn and laid over and over.
+QPixmap Tile(double step, double density) {
+  const int side = static_cast<int>(step * density);
+  QPixmap tile(side, side);
+  tile.setDevicePixelRatio(density);
+  tile.fill(Qt::transparent);
+  QPainter painter(&tile);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Stroke(QColor(255, 255, 255, 46), step / 55));
+  const QPointF centre(step / 2, step / 2);
+  painter.drawPath(EightPointedStar(centre, step * 0.46));
+  painter.drawPath(EightPointedStar(centre, step * 0.26));
+  for (const QPointF corner :
+       {QPointF(0, 0), QPointF(step, 0), QPointF(0, step), QPointF(step, step)}) {
+    painter.drawEllipse(corner, step * 0.12, step * 0.12);
   }
+  return tile;
+}
+
+void DrawTiles(QPainter& painter, const QRectF& room) {
+  const double density = painter.device()->devicePixelRatioF();
+  painter.drawTiledPixmap(room, Tile(room.height() / 2, density), {});
 }
 
 // An open book, seen from above: the sign of the tool. In a square of 100 by 100.
@@ -79,10 +87,7 @@ void DrawBanner(QPainter& painter, const QRectF& room) {
   ground.setColorAt(0, kTurquoise);
   ground.setColorAt(1, kDeep);
   painter.fillRect(room, ground);
-  painter.save();
-  painter.setClipRect(room);
   DrawTiles(painter, room);
-  painter.restore();
   painter.fillRect(
       QRectF(room.left(), room.bottom() - room.height() / 24, room.width(), room.height() / 24),
       kGold);

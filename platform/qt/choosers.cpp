@@ -1,6 +1,5 @@
 // Drive, folder and file lists.
 #include <QComboBox>
-#include <utility>
 
 #include "platform/failure.h"
 #include "platform/file_system.h"
@@ -55,8 +54,10 @@ void AddLine(FolderListPeer& peer, const Text& path, std::size_t depth, bool ope
   peer.paths.push_back(path);
 }
 
-void FillFolders(FolderListPeer& peer) {
-  const std::vector<Text> inside = HostFileSystem().FolderNames(peer.path);
+// A folder that can't be read leaves the list as it was.
+void FillFolders(FolderListPeer& peer, const Text& path) {
+  const std::vector<Text> inside = HostFileSystem().FolderNames(path);
+  peer.path = path;
   peer.List().clear();
   peer.paths.clear();
   std::size_t depth = 0;
@@ -85,9 +86,12 @@ void OpenLine(FolderList& control, const FolderListPeer& peer) {
   if (readable) control.SetPath(path);
 }
 
-void FillFiles(FileListPeer& peer) {
+// A folder that can't be read leaves the list as it was.
+void FillFiles(FileListPeer& peer, const Text& path) {
+  const std::vector<Text> names = HostFileSystem().FileNames(path);
+  peer.path = path;
   peer.List().clear();
-  for (const Text& name : HostFileSystem().FileNames(peer.path)) {
+  for (const Text& name : names) {
     if (FitsMasks(name, peer.pattern)) peer.List().addItem(ToQString(name));
   }
 }
@@ -136,8 +140,8 @@ void FolderList::SetPath(TextView path) {
   auto& peer = PeerOf<FolderListPeer>(*this);
   const platform::Text folder = NormalFolder(path);
   if (!HostFileSystem().FolderExists(folder)) throw Failure(u"Path not found: " + folder);
-  const platform::Text before = std::exchange(peer.path, folder);
-  FillFolders(peer);
+  const platform::Text before = peer.path;
+  FillFolders(peer, folder);
   if (before != folder && onChange) onChange();
 }
 
@@ -156,8 +160,7 @@ void FileList::SetPath(TextView path) {
   auto& peer = PeerOf<FileListPeer>(*this);
   const platform::Text folder = NormalFolder(path);
   if (!HostFileSystem().FolderExists(folder)) throw Failure(u"Path not found: " + folder);
-  peer.path = folder;
-  FillFiles(peer);
+  FillFiles(peer, folder);
 }
 
 Text FileList::Pattern() const { return PeerOf<FileListPeer>(*this).pattern; }
@@ -165,7 +168,7 @@ Text FileList::Pattern() const { return PeerOf<FileListPeer>(*this).pattern; }
 void FileList::SetPattern(TextView pattern) {
   auto& peer = PeerOf<FileListPeer>(*this);
   peer.pattern = pattern;
-  if (!peer.path.empty()) FillFiles(peer);
+  if (!peer.path.empty()) FillFiles(peer, peer.path);
 }
 
 Text FileList::FileName() const {

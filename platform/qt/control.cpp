@@ -15,7 +15,8 @@ namespace {
 // Tells a control of its gain and loss of the focus.
 class FocusWatcher : public QObject {
  public:
-  FocusWatcher(Control::Peer& peer, Control* control) : QObject(&peer.anchor), control_(control) {
+  FocusWatcher(Control::Peer& peer, Control* control)
+      : QObject(&peer.anchor), widget_(peer.widget), control_(control) {
     peer.widget->installEventFilter(this);
   }
 
@@ -26,8 +27,8 @@ class FocusWatcher : public QObject {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     const bool gained = event->type() == QEvent::FocusIn;
     // While another window or a menu is in front, the focus stays where it is among the controls.
-    if (IsOfWindows(reason) && hasFocus_) return false;
-    hasFocus_ = gained;
+    if (IsOfWindows(reason) && IsHolder()) return false;
+    SetHolder(gained);
     if (gained) {
       GotFocus(reason);
     } else {
@@ -42,6 +43,14 @@ class FocusWatcher : public QObject {
            reason == Qt::MenuBarFocusReason;
   }
 
+  // Which control of a window holds the focus is kept with the window: code may move it while
+  // another window is in front, of which the control that loses it hears nothing.
+  bool IsHolder() const { return widget_->window()->property(kHolder).value<QObject*>() == this; }
+  void SetHolder(bool holds) {
+    QObject* const holder = holds ? this : nullptr;
+    widget_->window()->setProperty(kHolder, QVariant::fromValue(holder));
+  }
+
   void GotFocus(Qt::FocusReason reason) {
     if (!control_->onGotFocus) return;
     // The press that brought the focus would undo what the handler selects, so it goes first.
@@ -52,8 +61,9 @@ class FocusWatcher : public QObject {
     }
   }
 
+  static constexpr const char* kHolder = "holderOfFocus";
+  QWidget* widget_;
   Control* control_;
-  bool hasFocus_ = false;
 };
 
 template <typename ControlType>
@@ -102,6 +112,15 @@ std::unique_ptr<Control::Peer> MakeOfKind(const ControlRow& row, QWidget* parent
       return MakeTimer(row, parent, As<Timer>(control));
   }
   throw Failure(u"Unknown kind of control");
+}
+
+// Failure for a timer, which has nothing on the screen.
+QWidget& WidgetOf(const Control& control) {
+  QWidget* widget = control.ThePeer().widget;
+  if (widget == nullptr) {
+    throw Failure(u"Object doesn't support this property: " + Text(control.Name()));
+  }
+  return *widget;
 }
 
 void SetDesign(const ControlRow& row, Control::Peer& peer) {
@@ -164,38 +183,40 @@ Twips Control::Width() const { return ThePeer().width; }
 Twips Control::Height() const { return ThePeer().height; }
 
 void Control::SetLeft(Twips left) {
+  WidgetOf(*this);
   ThePeer().left = left;
   ThePeer().Place();
 }
 
 void Control::SetTop(Twips top) {
+  WidgetOf(*this);
   ThePeer().top = top;
   ThePeer().Place();
 }
 
 void Control::SetWidth(Twips width) {
   if (width < 0) throw Failure(u"Invalid property value");
+  WidgetOf(*this);
   ThePeer().width = width;
   ThePeer().Place();
 }
 
 void Control::SetHeight(Twips height) {
   if (height < 0) throw Failure(u"Invalid property value");
+  WidgetOf(*this);
   ThePeer().height = height;
   ThePeer().Place();
 }
 
-bool Control::Visible() const { return !ThePeer().widget->isHidden(); }
-void Control::SetVisible(bool visible) { ThePeer().widget->setVisible(visible); }
-bool Control::Enabled() const { return ThePeer().widget->isEnabled(); }
-void Control::SetEnabled(bool enabled) { ThePeer().widget->setEnabled(enabled); }
-Text Control::ToolTip() const { return ToText(ThePeer().widget->toolTip()); }
-void Control::SetToolTip(TextView tip) {
-  ThePeer().widget->setToolTip(ToQString(ShownCaption(tip)));
-}
+bool Control::Visible() const { return !WidgetOf(*this).isHidden(); }
+void Control::SetVisible(bool visible) { WidgetOf(*this).setVisible(visible); }
+bool Control::Enabled() const { return WidgetOf(*this).isEnabled(); }
+void Control::SetEnabled(bool enabled) { WidgetOf(*this).setEnabled(enabled); }
+Text Control::ToolTip() const { return ToText(WidgetOf(*this).toolTip()); }
+void Control::SetToolTip(TextView tip) { WidgetOf(*this).setToolTip(ToQString(ShownCaption(tip))); }
 
 void Control::SetFocus() {
-  QWidget& widget = *ThePeer().widget;
+  QWidget& widget = WidgetOf(*this);
   // Within a window that isn't in front the control would get the focus without any key.
   widget.activateWindow();
   widget.setFocus(Qt::OtherFocusReason);

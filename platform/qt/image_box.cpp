@@ -39,7 +39,8 @@ class ImageWidget : public QWidget {
 
   void mouseReleaseEvent(QMouseEvent* event) override {
     const std::function<void()> click = onClick;
-    if (event->button() == Qt::LeftButton && click) click();
+    const bool inside = rect().contains(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && inside && click) click();
   }
 
  private:

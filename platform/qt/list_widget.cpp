@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QStyledItemDelegate>
 
 namespace platform {
 namespace {
@@ -13,9 +14,23 @@ void Run(const std::function<void()>& handler) {
   if (copy) copy();
 }
 
+// One line a row, also for a text of several lines.
+class OneLineDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale& locale) const override {
+    QString text = QStyledItemDelegate::displayText(value, locale);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    // The toolkit has turned single line ends into this sign of its own.
+    return text.replace(QChar::LineSeparator, u' ').replace(u'\r', u' ').replace(u'\n', u' ');
+  }
+};
+
 }  // namespace
 
 ListWidget::ListWidget(QWidget* parent) : QListWidget(parent) {
+  setItemDelegate(new OneLineDelegate(this));
   setUniformItemSizes(true);
   setTextElideMode(Qt::ElideRight);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -66,7 +66,10 @@ void ListBox::InsertItem(Position index, TextView text) {
 
 void ListBox::RemoveItem(Position index) {
   ListWidget& list = ListOf(*this);
-  delete list.takeItem(Row(index, list.count() - 1));
+  const int row = Row(index, list.count() - 1);
+  // The toolkit would select a neighbour, which nobody has chosen.
+  if (row == list.SelectedRow()) list.setCurrentRow(-1);
+  delete list.takeItem(row);
 }
 
 void ListBox::Clear() { ListOf(*this).clear(); }

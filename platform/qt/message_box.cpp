@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <utility>
 
 #include "platform/caption.h"
@@ -24,13 +25,17 @@ void NameButtons(QMessageBox& box) {
 
 QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
-  QMessageBox box(icon, ToQString(title), ToQString(ShownCaption(prompt)), buttons,
-                  QApplication::activeWindow());
-  box.setObjectName(QStringLiteral("MessageBox"));
-  box.setTextFormat(Qt::PlainText);
-  NameButtons(box);
-  box.setLayoutDirection(Qt::RightToLeft);
-  return static_cast<QMessageBox::StandardButton>(box.exec());
+  // On the heap: the window that it belongs to may go away, and the box with it, while it is open.
+  const QPointer<QMessageBox> box =
+      new QMessageBox(icon, ToQString(title), ToQString(ShownCaption(prompt)), buttons,
+                      QApplication::activeWindow());
+  box->setObjectName(QStringLiteral("MessageBox"));
+  box->setTextFormat(Qt::PlainText);
+  NameButtons(*box);
+  box->setLayoutDirection(Qt::RightToLeft);
+  const int pressed = box->exec();
+  delete box;
+  return static_cast<QMessageBox::StandardButton>(pressed);
 }
 
 }  // namespace

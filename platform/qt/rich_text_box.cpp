@@ -6,12 +6,15 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextEdit>
+#include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "platform/caption.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/copied_text.h"
 #include "platform/qt/fonts.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/rich_text_document.h"
@@ -24,19 +27,47 @@ namespace {
 constexpr int kFirstFunctionKeyCode = 112;
 
 // The code of a key as handlers know it: F1 is 112, Enter 13, letters and digits their capital's
-// character.
+// character, 0 for what has none. Characters whose own number is a function key's ("{" is 123) must
+// not be taken for it.
 int KeyCodeOf(const QKeyEvent& event) {
   const int key = event.key();
   if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return kFirstFunctionKeyCode + key - Qt::Key_F1;
-  if (key < 0x100) return key;
+  const bool alike = (key >= Qt::Key_0 && key <= Qt::Key_9) ||
+                     (key >= Qt::Key_A && key <= Qt::Key_Z) || key == Qt::Key_Space;
+  if (alike) return key;
   const QString text = event.text();
-  return text.isEmpty() ? 0 : text.front().unicode();
+  const int typed = text.isEmpty() ? 0 : text.front().unicode();
+  return typed < 0x20 ? typed : 0;
 }
 
 int ShiftOf(const QInputEvent& event) {
   const Qt::KeyboardModifiers held = event.modifiers();
   return ((held & Qt::ShiftModifier) ? 1 : 0) + ((held & Qt::ControlModifier) ? 2 : 0) +
          ((held & Qt::AltModifier) ? 4 : 0);
+}
+
+// 1 left, 2 right, 4 middle.
+int ButtonOf(const QMouseEvent& event) {
+  if (event.button() == Qt::RightButton) return 2;
+  return event.button() == Qt::MiddleButton ? 4 : 1;
+}
+
+// Text comes without the control characters that rich text can't hold.
+bool IsForeign(char16_t unit) {
+  return unit < u' ' && unit != u'\t' && unit != u'\r' && unit != u'\n';
+}
+
+void InsertPlain(QTextCursor& cursor, TextView text) {
+  const auto insert = [&](TextView part) {
+    // The document copies the text; another copy of a large one on the way there can be had
+    // without.
+    cursor.insertText(QString::fromRawData(reinterpret_cast<const QChar*>(part.data()),
+                                           static_cast<qsizetype>(part.size())));
+  };
+  if (std::ranges::none_of(text, IsForeign)) return insert(text);
+  Text clean(text);
+  std::erase_if(clean, IsForeign);
+  insert(clean);
 }
 
 class RichTextEdit : public QTextEdit {
@@ -50,27 +81,66 @@ class RichTextEdit : public QTextEdit {
 
   std::function<void(int code, int shift)> onKeyDown;
   std::function<void(int button)> onMouseUp;
+  std::function<bool()> hasMenuOfItsOwn;
+
+  // The selection as code reads and writes it. One that reaches far into a large text the widget
+  // takes over with the next event only: it lays out all lines up to its end, even if the selection
+  // is gone again before anybody could see it.
+  QTextCursor Selection() const { return selection_.isNull() ? textCursor() : selection_; }
+  void SetSelection(const QTextCursor& selection) {
+    DropSelection();
+    if (selection.selectionEnd() <= kLaidOutAtOnce) return setTextCursor(selection);
+    selection_ = selection;
+    QTimer::singleShot(0, this, [this] { TakeOverSelection(); });
+  }
+  void DropSelection() { selection_ = QTextCursor(); }
 
  protected:
+  // The box asks itself about input methods while code changes it.
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::InputMethodQuery) TakeOverSelection();
+    return QTextEdit::event(event);
+  }
+
+  bool viewportEvent(QEvent* event) override {
+    TakeOverSelection();
+    return QTextEdit::viewportEvent(event);
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     const QPointer<RichTextEdit> alive = this;
     const auto handler = onKeyDown;
     if (handler) handler(KeyCodeOf(*event), ShiftOf(*event));
-    if (alive != nullptr) QTextEdit::keyPressEvent(event);
+    if (alive == nullptr) return;
+    TakeOverSelection();
+    QTextEdit::keyPressEvent(event);
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
     QTextEdit::mouseReleaseEvent(event);
     const auto handler = onMouseUp;
-    if (handler) handler(event->button() == Qt::RightButton ? 2 : 1);
+    if (handler) handler(ButtonOf(*event));
+  }
+
+  // A menu of the toolkit would come before the release and keep it to itself.
+  void contextMenuEvent(QContextMenuEvent* event) override {
+    if (!hasMenuOfItsOwn || !hasMenuOfItsOwn()) QTextEdit::contextMenuEvent(event);
+  }
+
+  QMimeData* createMimeDataFromSelection() const override {
+    return new CopiedText(SelectedDocument(textCursor()));
+  }
+
+  bool canInsertFromMimeData(const QMimeData* source) const override {
+    return source->hasFormat(kRichTextType) || QTextEdit::canInsertFromMimeData(source);
   }
 
   // Rich text from elsewhere comes in through the tool's own model, so that the box never holds
   // what can't be filed: tables, lists and frames are paragraphs here.
   void insertFromMimeData(const QMimeData* source) override {
     QTextCursor cursor = textCursor();
-    if (source->hasFormat(QStringLiteral("text/rtf"))) {
-      const std::string bytes = source->data(QStringLiteral("text/rtf")).toStdString();
+    if (source->hasFormat(kRichTextType)) {
+      const std::string bytes = source->data(kRichTextType).toStdString();
       bool inserted = false;
       Ignoring([&] {
         InsertDocument(cursor, rtf::Read(bytes));
@@ -86,32 +156,52 @@ class RichTextEdit : public QTextEdit {
       InsertDocument(cursor, SelectedDocument(all));
       return setTextCursor(cursor);
     }
-    if (source->hasText()) cursor.insertText(source->text());
+    if (source->hasText()) InsertPlain(cursor, ToText(source->text()));
     setTextCursor(cursor);
   }
+
+ private:
+  static constexpr int kLaidOutAtOnce = 100'000;  // characters: some hundredths of a second
+
+  void TakeOverSelection() {
+    if (!selection_.isNull()) setTextCursor(std::exchange(selection_, {}));
+  }
+
+  QTextCursor selection_;
 };
 
 RichTextEdit& EditOf(const Control& control) {
   return static_cast<RichTextEdit&>(*control.ThePeer().widget);
 }
 
-QTextCursor WholeDocument(QTextDocument* document) {
+// With the caret at the start: one at the end would make the box scroll there. Outside of an edit a
+// cursor that is moved has all lines laid out up to where it goes.
+QTextCursor Spanning(QTextDocument* document, int start, int end) {
   QTextCursor cursor(document);
-  cursor.select(QTextCursor::Document);
+  cursor.beginEditBlock();
+  cursor.setPosition(end);
+  cursor.setPosition(start, QTextCursor::KeepAnchor);
+  cursor.endEditBlock();
   return cursor;
 }
 
-// Changes the box's content as a whole. A document that the box shows is laid out anew at each
-// change of many paragraphs, which takes seconds for a large one; so `fill` gets one that nobody
-// shows yet. What was there before can't be called back by undo.
+QTextCursor WholeDocument(QTextDocument* document) {
+  return Spanning(document, 0, document->characterCount() - 1);
+}
+
+// Changes the box's content as a whole; what was there before can't be called back by undo. `fill`
+// gets a document that nobody shows yet, for of a document that changes as a whole the box lays out
+// all at once, which takes seconds for a large text, and of a new one only what it shows.
 void Replace(RichTextEdit& edit, const std::function<void(QTextCursor&)>& fill) {
+  edit.DropSelection();
+  const QPointer<QTextDocument> before = edit.document();
+  before->clear();  // two large texts at once need twice the memory
   auto content = std::make_unique<QTextDocument>();
   content->setDefaultFont(edit.font());
   content->setUndoRedoEnabled(false);
   QTextCursor cursor(content.get());
   fill(cursor);
   content->setUndoRedoEnabled(true);
-  const QPointer<QTextDocument> before = edit.document();
   content->setParent(&edit);
   edit.setDocument(content.release());
   // The box itself deletes only the document that it was made with.
@@ -179,6 +269,9 @@ std::unique_ptr<Control::Peer> MakeRichTextBox(const ControlRow& row, QWidget* p
     if (alive == nullptr || !control->onKeyDown) return;
     FromEvent([=] { control->onKeyDown(code, shift); });
   };
+  edit->hasMenuOfItsOwn = [alive, control] {
+    return alive != nullptr && static_cast<bool>(control->onMouseUp);
+  };
   edit->onMouseUp = [alive, control](int button) {
     if (alive == nullptr || !control->onMouseUp) return;
     FromEvent([=] { control->onMouseUp(button); });
@@ -190,10 +283,12 @@ Text RichTextBox::Text() const { return PlainTextOf(EditOf(*this).document()->to
 
 void RichTextBox::SetText(TextView text) {
   RichTextEdit& edit = EditOf(*this);
-  const QTextBlockFormat format = edit.document()->firstBlock().blockFormat();
+  QTextBlockFormat format = edit.document()->firstBlock().blockFormat();
+  // Without this a left-to-right paragraph from elsewhere would turn all texts to come.
+  format.setLayoutDirection(Qt::RightToLeft);
   Replace(edit, [&](QTextCursor& cursor) {
     cursor.setBlockFormat(format);
-    cursor.insertText(ToQString(text));
+    InsertPlain(cursor, text);
   });
 }
 
@@ -212,58 +307,54 @@ void RichTextBox::LoadFile(TextView path) {
   Load(EditOf(*this), rtf::Read(bytes));
 }
 
-Text RichTextBox::SelText() const { return PlainTextOf(EditOf(*this).textCursor().selectedText()); }
+Text RichTextBox::SelText() const { return PlainTextOf(EditOf(*this).Selection().selectedText()); }
 
 void RichTextBox::SetSelText(TextView text) {
   RichTextEdit& edit = EditOf(*this);
-  QTextCursor cursor = edit.textCursor();
+  QTextCursor cursor = edit.Selection();
   if (text.empty()) {
     cursor.removeSelectedText();
   } else {
-    cursor.insertText(ToQString(text));
+    InsertPlain(cursor, text);
   }
-  edit.setTextCursor(cursor);
+  edit.SetSelection(cursor);
 }
 
 Text RichTextBox::SelRTF() const {
-  return Widened(rtf::Write(SelectedDocument(EditOf(*this).textCursor())));
+  return Widened(rtf::Write(SelectedDocument(EditOf(*this).Selection())));
 }
 
 void RichTextBox::SetSelRTF(TextView rtf) {
   const rtf::Document document = rtf::Read(rtf);
   RichTextEdit& edit = EditOf(*this);
-  QTextCursor cursor = edit.textCursor();
+  QTextCursor cursor = edit.Selection();
   InsertDocument(cursor, document);
-  edit.setTextCursor(cursor);
+  edit.SetSelection(cursor);
 }
 
-Position RichTextBox::SelStart() const { return EditOf(*this).textCursor().selectionStart(); }
+Position RichTextBox::SelStart() const { return EditOf(*this).Selection().selectionStart(); }
 
 Position RichTextBox::SelLength() const {
-  const QTextCursor cursor = EditOf(*this).textCursor();
+  const QTextCursor cursor = EditOf(*this).Selection();
   return cursor.selectionEnd() - cursor.selectionStart();
 }
 
 void RichTextBox::SetSelStart(Position start) {
   RichTextEdit& edit = EditOf(*this);
-  QTextCursor cursor = edit.textCursor();
-  cursor.setPosition(Bounded(start, TextLength()));
-  edit.setTextCursor(cursor);
+  const int position = Bounded(start, TextLength());
+  edit.SetSelection(Spanning(edit.document(), position, position));
 }
 
 void RichTextBox::SetSelLength(Position length) {
   RichTextEdit& edit = EditOf(*this);
-  QTextCursor cursor = edit.textCursor();
-  const int start = cursor.selectionStart();
-  // The caret at the start: one at the end would make the box lay out all that lies between.
-  cursor.setPosition(start + Bounded(length, TextLength() - start));
-  cursor.setPosition(start, QTextCursor::KeepAnchor);
-  edit.setTextCursor(cursor);
+  const int start = edit.Selection().selectionStart();
+  const int end = start + Bounded(length, TextLength() - start);
+  edit.SetSelection(Spanning(edit.document(), start, end));
 }
 
 void RichTextBox::SetSelAlignment(SelectionAlignment alignment) {
   RichTextEdit& edit = EditOf(*this);
-  QTextCursor selection = edit.textCursor();
+  QTextCursor selection = edit.Selection();
   QTextBlockFormat format;
   format.setAlignment(ToolkitAlignment(ModelAlignment(alignment)));
   if (AllAligned(selection, format.alignment())) return;

@@ -15,8 +15,9 @@ namespace platform {
 namespace {
 
 constexpr int kKindProperty = QTextFormat::UserProperty + 1;
-// The toolkit may replace a picture's resource by the decoded image, so the bytes lie beside it.
-constexpr int kBytesResource = QTextDocument::UserResource + 1;
+// The toolkit replaces a picture's resource by the decoded image once it has drawn it, so the bytes
+// are kept with the picture's format.
+constexpr int kBytesProperty = QTextFormat::UserProperty + 2;
 constexpr char16_t kLineBreak = u'\u2028';
 
 rtf::Alignment AlignmentOf(const QTextBlock& block) {
@@ -100,17 +101,16 @@ std::string PngOf(const QImage& image) {
 
 rtf::Picture PictureOf(const QTextImageFormat& format, const QTextDocument& document) {
   rtf::Picture picture;
-  const QUrl name(format.name());
-  const QByteArray bytes = document.resource(kBytesResource, name).toByteArray();
-  if (!bytes.isEmpty()) {
+  if (format.hasProperty(kBytesProperty)) {
     picture.kind = static_cast<rtf::PictureKind>(format.intProperty(kKindProperty));
-    picture.bytes = bytes.toStdString();
+    picture.bytes = format.property(kBytesProperty).toByteArray().toStdString();
   } else {
+    const QUrl name(format.name());
     const auto image = document.resource(QTextDocument::ImageResource, name).value<QImage>();
     if (!image.isNull()) picture.bytes = PngOf(image);
   }
-  picture.widthTwips = ToTwips(static_cast<int>(std::lround(format.width())));
-  picture.heightTwips = ToTwips(static_cast<int>(std::lround(format.height())));
+  picture.widthTwips = static_cast<int>(std::lround(format.width() * kTwipsPerPixel));
+  picture.heightTwips = static_cast<int>(std::lround(format.height() * kTwipsPerPixel));
   return picture;
 }
 
@@ -187,11 +187,12 @@ void InsertPicture(QTextCursor& cursor, const rtf::Picture& picture,
   const QByteArray file =
       picture.kind == rtf::PictureKind::kBitmap ? WithBitmapFileHeader(picture.bytes) : bytes;
   cursor.document()->addResource(QTextDocument::ImageResource, QUrl(name), file);
-  cursor.document()->addResource(kBytesResource, QUrl(name), bytes);
   format.setName(name);
   format.setProperty(kKindProperty, static_cast<int>(picture.kind));
-  if (picture.widthTwips > 0) format.setWidth(ToPixels(picture.widthTwips));
-  if (picture.heightTwips > 0) format.setHeight(ToPixels(picture.heightTwips));
+  format.setProperty(kBytesProperty, bytes);
+  const auto toPixels = [](int twips) { return static_cast<double>(twips) / kTwipsPerPixel; };
+  if (picture.widthTwips > 0) format.setWidth(toPixels(picture.widthTwips));
+  if (picture.heightTwips > 0) format.setHeight(toPixels(picture.heightTwips));
   cursor.insertImage(format);
 }
 

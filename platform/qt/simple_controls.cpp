@@ -164,7 +164,9 @@ Text Label::Caption() const { return ThePeer().caption; }
 
 void Label::SetCaption(TextView caption) {
   ThePeer().caption = caption;
-  static_cast<QLabel*>(ThePeer().widget)->setText(ToQString(ShownCaption(caption)));
+  const QString shown = ToQString(ShownCaption(caption));
+  static_cast<QLabel*>(ThePeer().widget)->setText(shown);
+  ThePeer().widget->setAccessibleName(shown);
 }
 
 Text Button::Caption() const { return ThePeer().caption; }
@@ -185,7 +187,10 @@ void OptionButton::SetValue(bool on) {
   const bool wasOn = button.isChecked();
   {
     const QSignalBlocker quiet(button);
+    // The toolkit keeps one of a group on.
+    button.group()->setExclusive(on);
     button.setChecked(on);
+    button.group()->setExclusive(true);
   }
   if (on && !wasOn && onClick) onClick();
 }

@@ -10,4 +10,7 @@ namespace platform {
 // process has been told to end.
 void FromEvent(const std::function<void()>& handler);
 
+// True from EndProcess or a failure on: nothing may wait for the user any more.
+bool ProcessHasEnded();
+
 }  // namespace platform

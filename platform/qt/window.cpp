@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 #include "platform/caption.h"
@@ -42,14 +44,26 @@ class WindowWidget : public QWidget {
     if (!silent_) FromEvent(events_.onResize);
   }
 
+  // The handler may end in a message box, and an event loop can't run inside painting.
   void paintEvent(QPaintEvent* event) override {
-    if (!silent_) FromEvent(events_.onPaint);
+    QTimer::singleShot(0, this, [this] {
+      if (!silent_) FromEvent(events_.onPaint);
+    });
     QWidget::paintEvent(event);
   }
 
+  // What another window has changed meanwhile shows as soon as this one is in front again, on
+  // screens too where uncovering a window paints nothing.
+  void changeEvent(QEvent* event) override {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) update();
+  }
+
+  // A window that stays says so: the desktop asks before it ends the session.
   void closeEvent(QCloseEvent* event) override {
-    event->ignore();
+    const QPointer<WindowWidget> alive = this;
     if (!silent_) FromEvent(events_.onClose);
+    event->setAccepted(alive == nullptr || !isVisible());
   }
 
   void keyPressEvent(QKeyEvent* event) override {
@@ -87,6 +101,15 @@ Qt::WindowFlags FlagsOf(Border border) {
   return Qt::Window;
 }
 
+// Only the user can't change the size of a fixed window.
+void Resize(QWidget& widget, const QSize& size, Border border) {
+  if (border == Border::kSizable) {
+    widget.resize(size);
+  } else {
+    widget.setFixedSize(size);
+  }
+}
+
 void SetUpWidget(WindowWidget& widget, const WindowDefinition& definition) {
   widget.setObjectName(ToQString(definition.name));
   widget.setWindowTitle(ToQString(ShownCaption(definition.title)));
@@ -94,12 +117,8 @@ void SetUpWidget(WindowWidget& widget, const WindowDefinition& definition) {
   widget.setWindowFlags(FlagsOf(definition.border));
   if (definition.hasIcon) widget.setWindowIcon(ArtworkIcon(Artwork::kWindowIcon));
   const QSize size(ToPixels(definition.width), ToPixels(definition.height));
-  if (definition.border == Border::kSizable) {
-    widget.resize(size);
-    widget.setMinimumSize(size);
-  } else {
-    widget.setFixedSize(size);
-  }
+  Resize(widget, size, definition.border);
+  if (definition.border == Border::kSizable) widget.setMinimumSize(size);
 }
 
 // The middle of the owner, or of the screen where there is none.
@@ -116,6 +135,22 @@ void Centre(QWidget& widget, const QWidget* owner) {
   }
   widget.move(corner);
 }
+
+// Runs `undo` at its end, unless Done was called.
+class Rollback {
+ public:
+  explicit Rollback(std::function<void()> undo) : undo_(std::move(undo)) {}
+  Rollback(const Rollback&) = delete;
+  Rollback& operator=(const Rollback&) = delete;
+  ~Rollback() {
+    if (!done_) undo_();
+  }
+  void Done() { done_ = true; }
+
+ private:
+  std::function<void()> undo_;
+  bool done_ = false;
+};
 
 bool Matches(const Control& control, const ControlRow& row) {
   return control.Name() == row.name && control.Index() == row.index;
@@ -163,18 +198,21 @@ void Window::Load() {
   events.onResize = [this] { Form_Resize(); };
   events.onPaint = [this] { Form_Paint(); };
   events.onClose = [this] { CloseHides() ? Hide() : Unload(); };
+  Rollback halfLoaded([this] { TakeApart(); });
   peer_ = std::make_unique<Peer>();
   peer_->widget = std::make_unique<WindowWidget>(std::move(events));
   SetUpWidget(WidgetOf(*this), definition_);
+  Centre(WidgetOf(*this), nullptr);
   BuildControls();
   Form_Load();
   WidgetOf(*this).SetSilent(false);
+  halfLoaded.Done();
 }
 
 void Window::Show() {
   Load();
+  if (ProcessHasEnded()) return;
   WindowWidget& widget = WidgetOf(*this);
-  if (!widget.isVisible()) Centre(widget, nullptr);
   widget.show();
   widget.raise();
   widget.activateWindow();
@@ -182,17 +220,20 @@ void Window::Show() {
 
 void Window::ShowModal(Window* owner) {
   Load();
-  QPointer<WindowWidget> widget = &WidgetOf(*this);
-  QWidget* over = owner != nullptr && owner->IsLoaded() ? &WidgetOf(*owner) : nullptr;
-  widget->setParent(over, widget->windowFlags());
+  if (ProcessHasEnded()) return;  // nobody could close it any more
+  const QPointer<WindowWidget> widget = &WidgetOf(*this);
+  const QWidget* over = owner != nullptr && owner->IsLoaded() ? &WidgetOf(*owner) : nullptr;
+  widget->hide();
   widget->setWindowModality(Qt::ApplicationModal);
-  Centre(*widget, definition_.opensAt == OpensAt::kOwnerCentre ? over : nullptr);
+  // Over its owner without being its child: an owner that goes away must not take it along.
+  widget->winId();
+  widget->windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
+  if (definition_.opensAt == OpensAt::kOwnerCentre) Centre(*widget, over);
   widget->show();
   while (widget != nullptr && widget->isVisible()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
-  // An owner that goes away must not take this window with it.
-  if (widget != nullptr) widget->setParent(nullptr, widget->windowFlags());
+  if (widget != nullptr) widget->setWindowModality(Qt::NonModal);
 }
 
 void Window::Hide() { WidgetOf(*this).hide(); }
@@ -200,6 +241,10 @@ void Window::Hide() { WidgetOf(*this).hide(); }
 void Window::Unload() {
   if (!IsLoaded()) return;
   Form_Unload();
+  TakeApart();
+}
+
+void Window::TakeApart() {
   if (!IsLoaded()) return;
   WidgetOf(*this).SetSilent(true);
   for (Control* control : controls_) control->peer_.reset();
@@ -229,11 +274,13 @@ Twips Window::Width() const { return ToTwips(WidgetOf(*this).width()); }
 Twips Window::Height() const { return ToTwips(WidgetOf(*this).height()); }
 
 void Window::SetWidth(Twips width) {
-  WidgetOf(*this).resize(ToPixels(width), WidgetOf(*this).height());
+  WindowWidget& widget = WidgetOf(*this);
+  Resize(widget, {ToPixels(width), widget.height()}, definition_.border);
 }
 
 void Window::SetHeight(Twips height) {
-  WidgetOf(*this).resize(WidgetOf(*this).width(), ToPixels(height));
+  WindowWidget& widget = WidgetOf(*this);
+  Resize(widget, {widget.width(), ToPixels(height)}, definition_.border);
 }
 
 }  // namespace platform

@@ -49,7 +49,7 @@ struct Picture {
 };
 
 // A stretch of one format: text, or one picture. U+2028 in text is a line break inside the
-// paragraph; of the control characters below U+0020 text holds the tab alone, and no U+2029.
+// paragraph; text holds no other paragraph or line end (CR, LF, U+2029) and no NUL.
 struct Run {
   CharacterFormat format;
   std::variant<Text, Picture> content;

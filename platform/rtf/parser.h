@@ -170,15 +170,23 @@ class Parser {
     }
   }
 
+  // Runs of "\'hh" are broken by blanks and marks all the time, so those go the same fast way.
   bool CopyHexLetters() {
+    constexpr std::size_t kHexUnits = 4;
+    if (scan_.Left() < kHexUnits) return false;
     const std::array<char16_t, 256>& letters = Now().page->letters;
     const Unit* at = scan_.At();
-    const Unit* const stop = at + 4 * std::min(scan_.Left() / 4, Room());
+    const Unit* const lastHex = at + scan_.Left() - kHexUnits;
+    const std::size_t room = Room();
     char16_t* to = To();
-    for (; at < stop && at[0] == '\\' && at[1] == '\''; at += 4) {
-      const unsigned byte = scan_.HexByte(at + 2);
-      if (byte > 0xFF || letters[byte] == 0) break;
-      *to++ = letters[byte];
+    const char16_t* const full = to + room;
+    while (at <= lastHex && to < full) {
+      const bool hex = at[0] == '\\' && at[1] == '\'';
+      const unsigned byte = hex ? scan_.HexByte(at + 2) : 0;
+      const char16_t letter = hex ? (byte > 0xFF ? u'\0' : letters[byte]) : Letter(letters, *at);
+      if (letter == 0) break;
+      *to++ = letter;
+      at += hex ? kHexUnits : 1;
     }
     const bool moved = at != scan_.At();
     scan_.MoveTo(at);
@@ -194,7 +202,7 @@ class Parser {
     do {
       at += 2;
       const std::int64_t number = scan_.TakeNumber(at);
-      if (shows && number >= 0x20 && number < kLineSeparator) {
+      if (shows && IsPlainNumber(number)) {
         Put(static_cast<char16_t>(number));
       } else {
         EmitNumber(number);
@@ -203,6 +211,12 @@ class Parser {
       while (substitutesLeft_ > 0 && scan_.SkipSubstitute(at)) --substitutesLeft_;
     } while (substitutesLeft_ == 0 && scan_.IsUnicodeAt(at));
     scan_.MoveTo(at);
+  }
+
+  // A control character that was written as a number is that character; the bare byte and the
+  // control words are what ends paragraphs and lines.
+  static bool IsPlainNumber(std::int64_t number) {
+    return number > 0 && number < kLineSeparator && number != u'\r' && number != u'\n';
   }
 
   // Numbers are signed and of 16 bits; some writers give whole code points.

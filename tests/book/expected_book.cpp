@@ -51,9 +51,12 @@ class Reader {
 
   void BeginEntry(const std::string& entry) {
     constexpr std::string_view kLike = "like ";
+    constexpr std::string_view kNo = "no ";
     constexpr std::string_view kCopyOf = " <- ";
     if (entry.starts_with(kLike)) {
       files_ = Reader(entry.substr(kLike.size()), sources_).Read();
+    } else if (entry.starts_with(kNo)) {
+      files_.erase(entry.substr(kNo.size()));
     } else if (const auto at = entry.find(kCopyOf); at != std::string::npos) {
       files_[entry.substr(0, at)] = sources_.copied(entry.substr(at + kCopyOf.size()));
     } else if (entry.ends_with('/')) {

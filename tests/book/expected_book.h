@@ -4,6 +4,7 @@
 //
 //   # ...                      a remark, only above the first entry
 //   = like OTHER               all entries of OTHER.expected, which the entries below replace
+//   = no PATH                  nothing under that name, in spite of the former entries
 //   = FOLDER/                  a folder
 //   = PATH <- SOURCE           a copy of a file of the program folder, byte for byte
 //   = PATH                     a file of text: the lines up to the next entry

@@ -42,6 +42,11 @@ TEST(ExpectedBook, TakesOverAnotherBookAndReplacesItsEntries) {
             (BookFiles{{"a.xml", TextBytes(u"new\r\n")}, {"b.xml", TextBytes(u"stays\r\n")}}));
 }
 
+TEST(ExpectedBook, TakesAnEntryOfAnotherBookOut) {
+  EXPECT_EQ(Parsed({{"main", "= like other\n= no a.xml\n"}, {"other", "= a.xml\nold¶\n= IMG/\n"}}),
+            (BookFiles{{"IMG/", ""}}));
+}
+
 TEST(ExpectedBook, ATextWithoutLinesIsItsMarkAlone) {
   EXPECT_EQ(Parsed("= a.xml\n"), (BookFiles{{"a.xml", "\xFF\xFE"}}));
 }

@@ -44,7 +44,7 @@ bool HasRandomName(const std::string& path) { return Unnamed(path) != path; }
 
 // Line by line: a file that grows never ends inside a line.
 bool IsBeginning(const std::string& text, const std::string& whole) {
-  return whole.starts_with(text) && (text.empty() || text == whole || text.ends_with("¶\n"));
+  return whole.starts_with(text) && text.ends_with("¶\n");
 }
 
 bool IsOneOf(const std::string& text, const std::vector<std::string>& texts) {
@@ -58,35 +58,52 @@ bool IndexIsWell(const std::string& index, const std::string& head) {
   return index.starts_with(head) && std::regex_match(index.substr(head.size()), kLines);
 }
 
-bool IsWhole(const std::string& path, const std::string& bytes) {
+// What stands above the lines of the collection that is built.
+std::string IndexHead(const BookFiles& files) {
+  const bool hasOlderBook = files.contains("_xml/cTitle9.xml");
+  const std::string index =
+      TextOf(Expected(hasOlderBook ? "road" : "road-over_nothing").at(kIndex));
+  const std::string last = hasOlderBook ? "</cTitle9>¶\n" : "</aTitle0>¶\n";
+  return index.substr(0, index.find(last) + last.size());
+}
+
+bool IsPage(const std::string& text) {
   static const BookFiles kWell = Expected("road");
   static const BookFiles kWithoutPicture = Expected("road-without_picture");
-  if (path.ends_with('/')) return true;
-  if (path == kIndex) {
-    return IndexIsWell(
-        TextOf(bytes),
-        TextOf(ProgramFile("former/_xml/Index.xml"))
-            .substr(0, TextOf(ProgramFile("former/_xml/Index.xml")).find("→<aTitle1")));
-  }
-  if (path == kCollection) {
-    return bytes == ProgramFile("former/_xml/aTitle1.xml") ||
-           IsBeginning(TextOf(bytes), TextOf(kWell.at(kCollection)));
-  }
-  if (path == "TXT/CDProperty.xml") {
-    const std::string now = TextOf(kWell.at(path));
-    return IsOneOf(TextOf(bytes),
-                   {"", now, std::regex_replace(now, std::regex("<Print>1"), "<Print>0")});
-  }
-  if (HasRandomName(path) && path.ends_with(".htm")) {
-    return IsOneOf(TextOf(bytes),
-                   {"", TextOf(kWell.at("TXT/NAME1.htm")), TextOf(kWell.at("TXT/NAME2.htm")),
-                    TextOf(kWithoutPicture.at("TXT/NAME1.htm"))});
-  }
+  static const BookFiles kWithoutText = Expected("road-without_text");
+  return IsOneOf(text, {"", TextOf(kWell.at("TXT/NAME1.htm")), TextOf(kWell.at("TXT/NAME2.htm")),
+                        TextOf(kWithoutPicture.at("TXT/NAME1.htm")),
+                        TextOf(kWithoutText.at("TXT/NAME1.htm"))});
+}
+
+bool AreSettings(const std::string& text) {
+  static const std::string kNow = TextOf(Expected("road").at("TXT/CDProperty.xml"));
+  static const std::string kBefore = std::regex_replace(kNow, std::regex("<Print>1"), "<Print>0");
+  return IsOneOf(text, {kBefore, kNow});
+}
+
+bool IsCollection(const std::string& bytes) {
+  static const std::string kNew = TextOf(Expected("road").at(kCollection));
+  return bytes == ProgramFile("former/_xml/aTitle1.xml") || IsBeginning(TextOf(bytes), kNew);
+}
+
+bool IsMedium(const std::string& path, const std::string& bytes) {
+  static const BookFiles kWell = Expected("road");
   if (HasRandomName(path)) return bytes == ProgramFile("media/song.mp3");
-  // Where the list of collections was empty the picture has no number.
+  // Where no collection was selected its picture has no number.
   if (path == "IMG/Title.jpg") return bytes == ProgramFile("Resources/MyBook.jpg");
   const auto known = kWell.find(path);
   return known != kWell.end() && known->second == bytes;
+}
+
+bool IsWell(const std::string& path, const BookFiles& files) {
+  const std::string& bytes = files.at(path);
+  if (path.ends_with('/')) return true;
+  if (path == kIndex) return IndexIsWell(TextOf(bytes), IndexHead(files));
+  if (path == kCollection) return IsCollection(bytes);
+  if (path == "TXT/CDProperty.xml") return AreSettings(TextOf(bytes));
+  if (HasRandomName(path) && path.ends_with(".htm")) return IsPage(TextOf(bytes));
+  return IsMedium(path, bytes);
 }
 
 }  // namespace
@@ -99,7 +116,7 @@ std::string WrongAnyTime(const Desk& desk) {
   const BookFiles files = BookOf(desk);
   std::string wrong;
   for (const auto& [path, bytes] : files) {
-    if (!IsWhole(path, bytes)) wrong += "Half or lost: " + path + "\n" + book::Shown(bytes) + "\n";
+    if (!IsWell(path, files)) wrong += "Half or lost: " + path + "\n" + book::Shown(bytes) + "\n";
   }
   // Found where the index of the older book was found.
   if (!files.contains("_xml/cTitle9.xml")) return wrong;

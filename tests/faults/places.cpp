@@ -10,7 +10,7 @@ namespace {
 
 struct Course {
   std::vector<Place> places;
-  std::vector<std::string> entries;
+  std::string log;
 };
 
 Course Walk(Road::Found found) {
@@ -23,9 +23,7 @@ Course Walk(Road::Found found) {
         {road.Step(), entries.empty() ? "" : entries.back(), WithoutFolder(name, desk)});
   };
   if (!road.Go(1)) throw std::runtime_error("The road ends at " + road.Step());
-  for (const std::string& entry : desk.LogLines()) {
-    course.entries.push_back(WithoutFolder(entry, desk));
-  }
+  course.log = WithoutFolder(desk.Log(), desk);
   return course;
 }
 
@@ -46,7 +44,7 @@ int NumberBehindSavedSettings(const Place& place) {
 
 const std::vector<Place>& PlacesOf(Road::Found found) { return CourseOf(found).places; }
 
-const std::vector<std::string>& EntriesOf(Road::Found found) { return CourseOf(found).entries; }
+const std::string& LogOf(Road::Found found) { return CourseOf(found).log; }
 
 std::string WithoutFolder(std::string text, const testing_support::Desk& desk) {
   const std::string folder = platform::ToUtf8(desk.folder.Path()) + "\\";

@@ -17,8 +17,8 @@ struct Place {
 
 // In their order; made once in a process for each kind of road.
 const std::vector<Place>& PlacesOf(Road::Found found);
-// All entries that such a road leaves in either log.
-const std::vector<std::string>& EntriesOf(Road::Found found);
+// What such a road leaves in either log.
+const std::string& LogOf(Road::Found found);
 
 // A text of a desk's log or operations with the desk's folder taken out.
 std::string WithoutFolder(std::string text, const testing_support::Desk& desk);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/encoding.h"
 #include "tests/faults/program_folder.h"
 #include "tests/support/format_desk.h"
 
@@ -48,9 +49,10 @@ Road::Road(Found found) {
   PlanBuild();
 }
 
-bool Road::Go(int tries) {
+bool Road::Go(int tries, const std::string& until) {
   for (; at_ < goals_.size(); ++at_) {
     const Goal& goal = goals_[at_];
+    if (goal.step == until) return true;
     step_ = goal.step;
     for (int i = 0; i < tries && !goal.isReached(); ++i) goal.act();
     if (!goal.isReached()) return false;
@@ -86,10 +88,15 @@ void Road::PlanBuild() {
                     }});
 }
 
-// Leaving a count lists the collections anew, where the list is not what it should be.
+// Leaving a count lists the collections anew, where the list is not what it should be or nothing is
+// selected. A click brings a window to the front first; without a window manager nobody does that.
 void Road::PressNext() {
   const int waiting = desk.Has("Data/_xml/aTitle1.xml") ? 5 : 6;
-  if (desk.form1.dataName.ListCount() != waiting) Robot::Click("Form1", "title");
+  const platform::ComboBox& list = desk.form1.dataName;
+  if (list.ListCount() != waiting || list.ListIndex() < 0) {
+    Robot::FindWindow("Form1")->activateWindow();
+    Robot::Click("Form1", "title");
+  }
   desk.PressNext();
 }
 
@@ -138,13 +145,16 @@ bool Road::TableIsWhole() const {
 }
 
 bool Road::BookHasMedia(const std::string& picture) const {
-  const std::string print = desk.form1.Pcheck.Value() ? "1" : "0";
   return Holds("Data/IMG/" + picture, "Resources/MyBook.jpg") &&
          Holds("Data/FlashIMG/Back.jpg", "Resources/MyBack.jpg") &&
          Holds("Data/FlashIMG/Sound1.mp3", "Resources/MySound1.mp3") &&
-         Holds("Data/FlashIMG/Sound2.mp3", "Resources/MySound2.mp3") &&
-         desk.Has("Data/TXT/CDProperty.xml") &&
-         desk.Read("Data/TXT/CDProperty.xml").find(print + std::string(1, '\0') + "<") !=
+         Holds("Data/FlashIMG/Sound2.mp3", "Resources/MySound2.mp3") && SettingsAreSaved();
+}
+
+bool Road::SettingsAreSaved() const {
+  const Text print = desk.form1.Pcheck.Value() ? u"<Print>1</Print>" : u"<Print>0</Print>";
+  return desk.Has("Data/TXT/CDProperty.xml") &&
+         desk.Read("Data/TXT/CDProperty.xml").find(platform::EncodeUtf16(print)) !=
              std::string::npos;
 }
 

@@ -21,7 +21,8 @@ class Road {
   // Goes from where it is to the end. What a step should lead to is looked at behind it; a step
   // that hasn't led there is taken again, `tries` times in all, with what an editor would do about
   // it. False where that was in vain: a later call goes on at that step.
-  bool Go(int tries);
+  // Stops before the step `until`.
+  bool Go(int tries, const std::string& until = {});
 
   // The step that the road is at ("build").
   const std::string& Step() const { return step_; }
@@ -63,6 +64,7 @@ class Road {
   void Build();
   void ChangeSettings();
   bool BookHasMedia(const std::string& picture) const;
+  bool SettingsAreSaved() const;
   bool Holds(const std::string& below, const std::string& source) const;
 
   std::vector<Goal> goals_;

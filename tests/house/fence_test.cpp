@@ -107,7 +107,6 @@ TEST(Fence, SeesCodeBehindTextsAndNumbers) {
 TEST(Fence, ReportsACatch) {
   const std::string code = "void F() {\n  try { G(); }\n  catch (const E&) {}\n}\n// catch (\n";
   const TemporaryTree tree{{"platform/failure.cpp", code},
-                           {"platform/qt/trampoline.cpp", code},
                            {"platform/qt/window.cpp", code},
                            {"core/a.cpp", code},
                            {"tests/unit/b_test.cpp", "try{}catch(...){}\n"}};

@@ -1,6 +1,7 @@
 // A window of a test's own, with rows that the test writes down.
 #pragma once
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
 #include <functional>
@@ -17,6 +18,9 @@ namespace testing_support {
 class SmallWindow : public platform::Window {
  public:
   using Window::Window;
+  // An unloaded window's widget goes with the next turn of an event loop; the next test must not
+  // find it.
+  ~SmallWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
   // In front, with the focus in it.
   void ShowActive() {

@@ -53,7 +53,7 @@ class Desk : public BuildDesk {
   Text ToIMG(Text body) override {
     Caught(68, [&] {
       const bool images =
-          workbench::ToIMG(body, table_.inlineImage, [&](const Text& source, TextView name) {
+          workbench::PutImageTags(body, table_.inlineImage, [&](const Text& source, TextView name) {
             CopyIfMissing(files_, source,
                           core::InlineImage(platform::DoSlash(projectFolder), name));
           });

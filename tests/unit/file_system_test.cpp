@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,6 +16,7 @@
 #include "platform/failure.h"
 #include "platform/paths.h"
 #include "tests/support/faulty_file_system.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -26,6 +26,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing_support::FaultyFileSystem;
+using testing_support::FullDisk;
 using testing_support::TemporaryFolder;
 
 const std::string kOldText = "the old text, longer than a mark";
@@ -41,28 +42,6 @@ mode_t ModeOf(const std::string& hostPath) {
   EXPECT_EQ(stat(hostPath.c_str(), &known), 0);
   return known.st_mode & 07777;
 }
-
-// A disk on which no file can grow past a size: a write reaches it in part, the next one not at
-// all.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t largest) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &limit_);
-    rlimit full = limit_;
-    full.rlim_cur = largest;
-    setrlimit(RLIMIT_FSIZE, &full);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &limit_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  void (*handler_)(int);
-  rlimit limit_{};
-};
 
 class FileSystemTest : public testing::Test {
  protected:
@@ -204,6 +183,16 @@ TEST_F(Replacing, WithoutACloseTheOldTextStays) {
   files_.Open(Path(u"a"), OpenMode::kReplace, false)->Write("new text");
   EXPECT_EQ(folder_.Read(u"a"), kOldText);
   EXPECT_EQ(folder_.Count(), 1);
+}
+
+// What were left would count as there when the caller tries again.
+TEST_F(Replacing, WithoutACloseAFileThatWasNotThereIsNotThere) {
+  files_.Open(Path(u"a"), OpenMode::kReplace, true)->Write("new text");
+  EXPECT_EQ(folder_.Count(), 0);
+  const auto file = files_.Open(Path(u"a"), OpenMode::kReplace, true);
+  file->Write("new text");
+  file->Close();
+  EXPECT_EQ(folder_.Read(u"a"), "new text");
 }
 
 TEST_F(Replacing, WithoutAWriteTheFileIsEmptied) {

@@ -73,7 +73,7 @@ Outcome After(Rule rule, Text text) {
   return outcome;
 }
 
-TEST(ToIMG, IsTheStepsOneAfterTheOther) {
+TEST(PutImageTags, IsTheStepsOneAfterTheOther) {
   constexpr std::array<TextView, 24> kPieces = {u"<pgMain> {0}</pgMain>",
                                                 u"<pgMain> {1}</pgMain>",
                                                 u"<pgMain> {01}</pgMain>",
@@ -104,72 +104,72 @@ TEST(ToIMG, IsTheStepsOneAfterTheOther) {
     std::uniform_int_distribution<std::size_t> which(0, round % 3 == 0 ? 6 : kPieces.size() - 1);
     Text text;
     for (int i = 0; i < round % 12; ++i) text += kPieces[which(random)];
-    ASSERT_EQ(After(ToIMG, text), After(StepByStep, text)) << platform::ToUtf8(text);
+    ASSERT_EQ(After(PutImageTags, text), After(StepByStep, text)) << platform::ToUtf8(text);
   }
 }
 
-TEST(ToIMG, TextWithoutAMarkStays) {
-  const Outcome outcome = After(ToIMG, u"<pgMain>text</pgMain>");
+TEST(PutImageTags, TextWithoutAMarkStays) {
+  const Outcome outcome = After(PutImageTags, u"<pgMain>text</pgMain>");
   EXPECT_EQ(outcome.text, u"<pgMain>text</pgMain>");
   EXPECT_FALSE(outcome.replaced);
   EXPECT_FALSE(outcome.failed);
 }
 
-TEST(ToIMG, TagTakesThePlaceOfTheWholeParagraph) {
-  const Outcome outcome = After(ToIMG, u"<pgMain>a</pgMain>\r\n<pgMain> {0}</pgMain>\r\nb");
+TEST(PutImageTags, TagTakesThePlaceOfTheWholeParagraph) {
+  const Outcome outcome = After(PutImageTags, u"<pgMain>a</pgMain>\r\n<pgMain> {0}</pgMain>\r\nb");
   EXPECT_EQ(outcome.text, u"<pgMain>a</pgMain>\r\n<IMG src=\"Data/IMG/zero.jpg\">\r\nb");
   EXPECT_TRUE(outcome.replaced);
 }
 
-TEST(ToIMG, OneMarkTwiceBecomesTwoTagsInOneReplacement) {
-  const Outcome outcome = After(ToIMG, u"<pgMain> {1}</pgMain>-<pgMain> {1}</pgMain>");
+TEST(PutImageTags, OneMarkTwiceBecomesTwoTagsInOneReplacement) {
+  const Outcome outcome = After(PutImageTags, u"<pgMain> {1}</pgMain>-<pgMain> {1}</pgMain>");
   EXPECT_EQ(outcome.text, u"<IMG src=\"Data/IMG/one.gif\">-<IMG src=\"Data/IMG/one.gif\">");
   EXPECT_EQ(outcome.brought.size(), 1U);
 }
 
-TEST(ToIMG, MarkTypedByHandIsTreatedAsAMark) {
-  EXPECT_EQ(After(ToIMG, u"<pgMain> {12}</pgMain>").text, u"<IMG src=\"Data/IMG/\">");
+TEST(PutImageTags, MarkTypedByHandIsTreatedAsAMark) {
+  EXPECT_EQ(After(PutImageTags, u"<pgMain> {12}</pgMain>").text, u"<IMG src=\"Data/IMG/\">");
 }
 
-TEST(ToIMG, MarkWithoutANumberFailsAndWhatWasRewrittenStays) {
+TEST(PutImageTags, MarkWithoutANumberFailsAndWhatWasRewrittenStays) {
   const Outcome outcome =
-      After(ToIMG, u"<pgMain> {0}</pgMain><pgMain> {abc}</pgMain><pgMain> {1}</pgMain>");
+      After(PutImageTags, u"<pgMain> {0}</pgMain><pgMain> {abc}</pgMain><pgMain> {1}</pgMain>");
   EXPECT_TRUE(outcome.failed);
   EXPECT_EQ(outcome.text,
             u"<IMG src=\"Data/IMG/zero.jpg\"><pgMain> {abc}</pgMain><pgMain> {1}</pgMain>");
 }
 
-TEST(ToIMG, KnownMarkBehindOneThatFailsIsReplacedToo) {
+TEST(PutImageTags, KnownMarkBehindOneThatFailsIsReplacedToo) {
   const Outcome outcome =
-      After(ToIMG, u"<pgMain> {0}</pgMain><pgMain> {}</pgMain><pgMain> {0}</pgMain>");
+      After(PutImageTags, u"<pgMain> {0}</pgMain><pgMain> {}</pgMain><pgMain> {0}</pgMain>");
   EXPECT_TRUE(outcome.failed);
   EXPECT_EQ(outcome.text,
             u"<IMG src=\"Data/IMG/zero.jpg\"><pgMain> {}</pgMain><IMG src=\"Data/IMG/zero.jpg\">");
 }
 
-TEST(ToIMG, TextBehindTheBraceRunsOnToALaterMarkAndFails) {
+TEST(PutImageTags, TextBehindTheBraceRunsOnToALaterMarkAndFails) {
   const Text text = u"<pgMain> {0} more</pgMain>\r\n<pgMain> {1}</pgMain>";
-  const Outcome outcome = After(ToIMG, text);
+  const Outcome outcome = After(PutImageTags, text);
   EXPECT_TRUE(outcome.failed);
   EXPECT_EQ(outcome.text, text);
   EXPECT_TRUE(outcome.brought.empty());
 }
 
-TEST(ToIMG, MarkThatIsNeverClosedFails) {
-  EXPECT_TRUE(After(ToIMG, u"<pgMain> {0").failed);
-  EXPECT_TRUE(After(ToIMG, u"}</pgMain><pgMain> {0").failed);
+TEST(PutImageTags, MarkThatIsNeverClosedFails) {
+  EXPECT_TRUE(After(PutImageTags, u"<pgMain> {0").failed);
+  EXPECT_TRUE(After(PutImageTags, u"}</pgMain><pgMain> {0").failed);
 }
 
-TEST(ToIMG, PictureThatCantBeBroughtEndsIt) {
+TEST(PutImageTags, PictureThatCantBeBroughtEndsIt) {
   const Outcome outcome =
-      After(ToIMG, u"<pgMain> {1}</pgMain><pgMain> {2}</pgMain><pgMain> {0}</pgMain>");
+      After(PutImageTags, u"<pgMain> {1}</pgMain><pgMain> {2}</pgMain><pgMain> {0}</pgMain>");
   EXPECT_TRUE(outcome.failed);
   EXPECT_EQ(outcome.text,
             u"<IMG src=\"Data/IMG/one.gif\"><pgMain> {2}</pgMain><pgMain> {0}</pgMain>");
 }
 
 // Each would take minutes if the text were searched anew for every mark.
-TEST(ToIMG, ManyMarksAreOnePass) {
+TEST(PutImageTags, ManyMarksAreOnePass) {
   Text distinct;
   Text openOnly = u"<pgMain> {0}</pgMain>";
   for (int i = 0; i < 30000; ++i) {
@@ -178,13 +178,13 @@ TEST(ToIMG, ManyMarksAreOnePass) {
   }
   const Column<Text> none;
   int brought = 0;
-  EXPECT_TRUE(ToIMG(distinct, none, [&](const Text&, TextView) { ++brought; }));
+  EXPECT_TRUE(PutImageTags(distinct, none, [&](const Text&, TextView) { ++brought; }));
   EXPECT_EQ(brought, 30000);
   EXPECT_EQ(distinct.find(u"<pgMain> {"), Text::npos);
-  EXPECT_THROW(ToIMG(openOnly, none, [](const Text&, TextView) {}), Failure);
+  EXPECT_THROW(PutImageTags(openOnly, none, [](const Text&, TextView) {}), Failure);
   EXPECT_TRUE(openOnly.starts_with(u"<IMG src=\"Data/IMG/\"><pgMain> {xx"));
   openOnly += u"}</pgMain>";
-  EXPECT_THROW(ToIMG(openOnly, none, [](const Text&, TextView) {}), Failure);
+  EXPECT_THROW(PutImageTags(openOnly, none, [](const Text&, TextView) {}), Failure);
 }
 
 class CopyIfMissingTest : public testing::Test {

@@ -282,5 +282,24 @@ TEST(RtfPlainText, TextLongerThanAChunkStaysWhole) {
   }
 }
 
+TEST(RtfPlainText, ASubstituteWithoutDigitsTakesNothingThatFollows) {
+  const std::string rtf = Rich("{\\pict\\b\\u8\\'}\\{");
+  EXPECT_EQ(PlainText(rtf), u" {");
+  EXPECT_EQ(TextOf(Read(rtf)), u" {");
+}
+
+TEST(RtfPlainText, ControlCharactersWrittenAsNumbersAreThatAndNoParagraphs) {
+  EXPECT_EQ(Plain("a\\u12?b\\u11?c\\u26?d"),
+            u"a\fb\vc\x1A"
+            u"d");
+  const Text text =
+      u"a\fb\vc\x1A"
+      u"d\x01";
+  Document document;
+  document.paragraphs.push_back({.runs = {{{}, text}}});
+  EXPECT_EQ(Read(Write(document)), document);
+  EXPECT_EQ(PlainText(Write(document)), text);
+}
+
 }  // namespace
 }  // namespace platform::rtf

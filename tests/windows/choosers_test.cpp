@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 #include <filesystem>
 
 #include "tests/support/project_desk.h"
@@ -106,7 +107,8 @@ TEST_F(Choosers, EveryOpeningStartsAtTheProgramFolderWhereverTheLastChoiceWent) 
 TEST_F(Choosers, ALoneFolderRequestShowsTheChooserOverTheProjectWindowOnly) {
   Press("Command9", "Form2", [] {
     EXPECT_EQ(QApplication::activeModalWidget(), Robot::FindWindow("Form2"));
-    EXPECT_EQ(Robot::FindWindow("Form2")->parentWidget(), Robot::FindWindow("Form1"));
+    EXPECT_EQ(Robot::FindWindow("Form2")->windowHandle()->transientParent(),
+              Robot::FindWindow("Form1")->windowHandle());
   });
 }
 

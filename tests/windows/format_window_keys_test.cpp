@@ -128,6 +128,21 @@ TEST_F(FormatWindowKeys, OtherKeysAreNoCommands) {
   EXPECT_THAT(FormatDesk::Lines("bindex"), IsEmpty());
 }
 
+// The numbers of "p" to "{" are those of F1 to F12.
+TEST_F(FormatWindowKeys, NoTypedCharacterIsACommand) {
+  Robot::Select("Form3", "matn", 0, 0);
+  const std::string log = desk.Log();
+  QString typed;
+  for (char character = ' '; character <= '~'; ++character) {
+    QTest::keyClick(&Robot::Find("Form3", "matn"), character);
+    typed += QLatin1Char(character);
+  }
+  EXPECT_EQ(desk.Log(), log);
+  EXPECT_TRUE(Robot::FindAs<QTextEdit>("Form3", "matn")
+                  .toPlainText()
+                  .startsWith(typed, Qt::CaseInsensitive));
+}
+
 TEST_F(FormatWindowKeys, AKeyInAnotherFieldIsNoCommand) {
   Robot::Select("Form3", "matn", "beta");
   const std::string log = desk.Log();

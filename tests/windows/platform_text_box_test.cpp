@@ -54,14 +54,18 @@ class PlatformTextBox : public testing::Test {
 TEST_F(PlatformTextBox, EveryUseWhileUnloadedIsAFailure) {
   const std::string unloaded = "Object was unloaded: first";
   const std::vector<std::function<void()>> uses = {
-      [&] { first.Text(); },       [&] { first.SetText(u"x"); },  [&] { first.SelStart(); },
-      [&] { first.SelLength(); },  [&] { first.SetSelStart(0); }, [&] { first.SetSelLength(0); },
-      [&] { first.Locked(); },     [&] { first.SetLocked(true); }, [&] { first.Left(); },
-      [&] { first.SetLeft(1); },   [&] { first.Top(); },          [&] { first.SetTop(1); },
-      [&] { first.Width(); },      [&] { first.SetWidth(1); },    [&] { first.Height(); },
-      [&] { first.SetHeight(1); }, [&] { first.Visible(); },      [&] { first.SetVisible(true); },
-      [&] { first.Enabled(); },    [&] { first.SetEnabled(true); }, [&] { first.ToolTip(); },
-      [&] { first.SetToolTip(u""); }, [&] { first.SetFocus(); }};
+      [&] { first.Text(); },         [&] { first.SetText(u"x"); },
+      [&] { first.SelStart(); },     [&] { first.SelLength(); },
+      [&] { first.SetSelStart(0); }, [&] { first.SetSelLength(0); },
+      [&] { first.Locked(); },       [&] { first.SetLocked(true); },
+      [&] { first.Left(); },         [&] { first.SetLeft(1); },
+      [&] { first.Top(); },          [&] { first.SetTop(1); },
+      [&] { first.Width(); },        [&] { first.SetWidth(1); },
+      [&] { first.Height(); },       [&] { first.SetHeight(1); },
+      [&] { first.Visible(); },      [&] { first.SetVisible(true); },
+      [&] { first.Enabled(); },      [&] { first.SetEnabled(true); },
+      [&] { first.ToolTip(); },      [&] { first.SetToolTip(u""); },
+      [&] { first.SetFocus(); }};
   for (const auto& use : uses) EXPECT_EQ(FailureOf(use), unloaded);
   window.Load();
   for (const auto& use : uses) EXPECT_EQ(FailureOf(use), "none");
@@ -150,7 +154,10 @@ TEST_F(PlatformTextBox, ALockedBoxTakesTextFromCodeAlone) {
   window.ShowActive();
   first.SetLocked(true);
   EXPECT_TRUE(first.Locked());
-  Robot::Type("Fields", "first", "typed");
+  Robot::Click("Fields", "first");
+  QTest::keyClicks(&Edit(), "typed");
+  QTest::keyClick(&Edit(), Qt::Key_Delete);
+  EXPECT_FALSE(Edit().testAttribute(Qt::WA_InputMethodEnabled));
   EXPECT_EQ(first.Text(), u"12");
   first.SetText(u"code");
   EXPECT_EQ(first.Text(), u"code");
@@ -252,7 +259,6 @@ TEST_F(PlatformFocus, AFocusMovedBehindAnotherWindowIsTold) {
   }
   window.ShowActive();
   EXPECT_EQ(second1, 1);
-  EXPECT_EQ(lost, 1);
   {
     SmallWindow front(kFront);
     front.ShowActive();

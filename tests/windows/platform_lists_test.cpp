@@ -1,0 +1,232 @@
+// List boxes and drop-down lists.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QTest>
+#include <array>
+
+#include "platform/controls.h"
+#include "tests/support/small_window.h"
+
+namespace {
+
+using platform::ComboBox;
+using platform::ControlKind;
+using platform::ControlRow;
+using platform::ListBox;
+using platform::Text;
+using platform::WindowDefinition;
+using testing::ElementsAre;
+using testing_support::FailureOf;
+using testing_support::Robot;
+using testing_support::SmallWindow;
+
+constexpr std::array kRows = std::to_array<ControlRow>({
+    {.name = u"lines",
+     .kind = ControlKind::kListBox,
+     .left = 150,
+     .top = 150,
+     .width = 2400,
+     .height = 2400},
+    {.name = u"combo",
+     .kind = ControlKind::kComboBox,
+     .left = 150,
+     .top = 2700,
+     .width = 2400,
+     .height = 315},
+});
+constexpr WindowDefinition kWindow = {
+    .name = u"Lists", .title = u"", .width = 3000, .height = 3300, .rows = kRows};
+
+class PlatformLists : public testing::Test {
+ protected:
+  PlatformLists() {
+    window.Load();
+    for (const Text line : {u"a", u"b", u"c"}) lines.AddItem(line);
+    lines.onClick = [this] { clicked.push_back(static_cast<int>(lines.ListIndex())); };
+    lines.onMouseUp = [this] { released.push_back(static_cast<int>(lines.ListIndex())); };
+  }
+  std::vector<Text> Lines() const {
+    std::vector<Text> all;
+    for (int i = 0; i < lines.ListCount(); ++i) all.push_back(lines.List(i));
+    return all;
+  }
+  static void Press(Qt::MouseButton button, int line) {
+    auto& list = Robot::FindAs<QListWidget>("Lists", "lines");
+    QTest::mouseClick(list.viewport(), button, Qt::NoModifier,
+                      list.visualItemRect(list.item(line)).center());
+    Robot::Settle();
+  }
+
+  SmallWindow window{kWindow};
+  ListBox lines{window, u"lines"};
+  ComboBox combo{window, u"combo"};
+  std::vector<int> clicked;
+  std::vector<int> released;
+};
+
+TEST_F(PlatformLists, EveryUseWhileUnloadedIsAFailure) {
+  window.Unload();
+  for (const auto& use : std::vector<std::function<void()>>{
+           [&] { lines.ListCount(); }, [&] { lines.ListIndex(); }, [&] { lines.SetListIndex(0); },
+           [&] { lines.List(0); }, [&] { lines.SetList(0, u""); }, [&] { lines.AddItem(u""); },
+           [&] { lines.InsertItem(0, u""); }, [&] { lines.RemoveItem(0); },
+           [&] { lines.Clear(); }}) {
+    EXPECT_EQ(FailureOf(use), "Object was unloaded: lines");
+  }
+  for (const auto& use : std::vector<std::function<void()>>{
+           [&] { combo.ListCount(); }, [&] { combo.ListIndex(); }, [&] { combo.SetListIndex(0); },
+           [&] { combo.List(0); }, [&] { combo.Text(); }, [&] { combo.AddItem(u""); },
+           [&] { combo.Clear(); }}) {
+    EXPECT_EQ(FailureOf(use), "Object was unloaded: combo");
+  }
+}
+
+TEST_F(PlatformLists, NothingIsSelectedAtFirst) {
+  EXPECT_EQ(lines.ListIndex(), -1);
+  window.ShowActive();
+  lines.SetFocus();
+  Robot::Settle();
+  EXPECT_EQ(lines.ListIndex(), -1);
+  EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(PlatformLists, TheSelectionIsSetAndTakenAwayByCode) {
+  lines.SetListIndex(2);
+  EXPECT_EQ(lines.ListIndex(), 2);
+  lines.SetListIndex(-1);
+  EXPECT_EQ(lines.ListIndex(), -1);
+  EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(PlatformLists, AnIndexOutsideIsAFailure) {
+  const std::string outside = "Invalid property array index";
+  EXPECT_EQ(FailureOf([&] { lines.SetListIndex(3); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.SetListIndex(-2); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.List(-1); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.List(3); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.SetList(3, u"x"); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.InsertItem(4, u"x"); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.InsertItem(-1, u"x"); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.RemoveItem(3); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.RemoveItem(-1); }), outside);
+  EXPECT_EQ(FailureOf([&] { lines.SetListIndex(platform::Position{1} << 32); }), outside);
+  EXPECT_THAT(Lines(), ElementsAre(u"a", u"b", u"c"));
+}
+
+TEST_F(PlatformLists, LinesComeAndGo) {
+  lines.InsertItem(0, u"first");
+  lines.InsertItem(4, u"last");
+  lines.RemoveItem(1);
+  lines.SetList(1, u"B");
+  EXPECT_THAT(Lines(), ElementsAre(u"first", u"B", u"c", u"last"));
+  lines.Clear();
+  EXPECT_EQ(lines.ListCount(), 0);
+  EXPECT_EQ(lines.ListIndex(), -1);
+}
+
+TEST_F(PlatformLists, TheSelectionStaysWithItsLine) {
+  lines.SetListIndex(1);
+  lines.InsertItem(0, u"new");
+  EXPECT_EQ(lines.ListIndex(), 2);
+  lines.RemoveItem(0);
+  EXPECT_EQ(lines.ListIndex(), 1);
+  EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(PlatformLists, TheSelectionGoesWithItsLine) {
+  lines.SetListIndex(1);
+  lines.RemoveItem(1);
+  EXPECT_EQ(lines.ListIndex(), -1);
+  lines.SetListIndex(1);
+  lines.RemoveItem(1);
+  EXPECT_EQ(lines.ListIndex(), -1);
+}
+
+TEST_F(PlatformLists, AClickOnTheSelectedLineIsTold) {
+  window.ShowActive();
+  Press(Qt::LeftButton, 1);
+  Press(Qt::LeftButton, 1);
+  EXPECT_THAT(clicked, ElementsAre(1, 1));
+  EXPECT_THAT(released, ElementsAre(1, 1));
+}
+
+TEST_F(PlatformLists, AnyButtonsReleaseIsTold) {
+  window.ShowActive();
+  Press(Qt::RightButton, 2);
+  EXPECT_THAT(released, ElementsAre(2));
+  EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(PlatformLists, AReleaseBelowTheLinesIsToldAndChoosesNothing) {
+  window.ShowActive();
+  auto& list = Robot::FindAs<QListWidget>("Lists", "lines");
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                    list.viewport()->rect().bottomLeft() + QPoint(5, -5));
+  EXPECT_THAT(released, ElementsAre(-1));
+  EXPECT_TRUE(clicked.empty());
+}
+
+TEST_F(PlatformLists, KeysChoose) {
+  window.ShowActive();
+  lines.SetListIndex(0);
+  Robot::PressKey("Lists", "lines", Qt::Key_Down);
+  Robot::PressKey("Lists", "lines", Qt::Key_End);
+  Robot::PressKey("Lists", "lines", Qt::Key_End);
+  EXPECT_THAT(clicked, ElementsAre(1, 2));
+  EXPECT_TRUE(released.empty());
+}
+
+TEST_F(PlatformLists, AHandlerMayUnloadTheWindow) {
+  lines.onClick = [this] { window.Unload(); };
+  window.ShowActive();
+  Press(Qt::LeftButton, 1);
+  EXPECT_FALSE(window.IsLoaded());
+  EXPECT_TRUE(released.empty());
+}
+
+TEST_F(PlatformLists, LinesKeepWhatTheyHold) {
+  const Text odd = u"  رديف\u200Fها & \t<b>";
+  lines.AddItem(odd);
+  EXPECT_EQ(lines.List(3), odd);
+}
+
+TEST_F(PlatformLists, ADropDownListHasNoSelectionUntilSomebodyChooses) {
+  combo.AddItem(u"one");
+  combo.AddItem(u"two");
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(combo.Text(), u"");
+  combo.SetListIndex(1);
+  combo.AddItem(u"three");
+  EXPECT_EQ(combo.ListIndex(), 1);
+  EXPECT_EQ(combo.Text(), u"two");
+  EXPECT_EQ(combo.List(2), u"three");
+  EXPECT_EQ(combo.ListCount(), 3);
+  combo.SetListIndex(-1);
+  EXPECT_EQ(combo.Text(), u"");
+  combo.SetListIndex(2);
+  combo.Clear();
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(combo.ListCount(), 0);
+}
+
+TEST_F(PlatformLists, ADropDownListsIndexOutsideIsAFailure) {
+  combo.AddItem(u"one");
+  const std::string outside = "Invalid property array index";
+  EXPECT_EQ(FailureOf([&] { combo.SetListIndex(1); }), outside);
+  EXPECT_EQ(FailureOf([&] { combo.List(-1); }), outside);
+  EXPECT_EQ(FailureOf([&] { combo.List(1); }), outside);
+}
+
+TEST_F(PlatformLists, ADropDownListIsChosenFromByKeys) {
+  combo.AddItem(u"one");
+  combo.AddItem(u"two");
+  window.ShowActive();
+  Robot::Choose("Lists", "combo", 1);
+  EXPECT_EQ(combo.ListIndex(), 1);
+  EXPECT_EQ(combo.Text(), u"two");
+}
+
+}  // namespace
