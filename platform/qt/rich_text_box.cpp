@@ -52,22 +52,10 @@ int ButtonOf(const QMouseEvent& event) {
   return event.button() == Qt::MiddleButton ? 4 : 1;
 }
 
-// Text comes without the control characters that rich text can't hold.
-bool IsForeign(char16_t unit) {
-  return unit < u' ' && unit != u'\t' && unit != u'\r' && unit != u'\n';
-}
-
+// The document copies the text; another copy of a large one on the way there can be had without.
 void InsertPlain(QTextCursor& cursor, TextView text) {
-  const auto insert = [&](TextView part) {
-    // The document copies the text; another copy of a large one on the way there can be had
-    // without.
-    cursor.insertText(QString::fromRawData(reinterpret_cast<const QChar*>(part.data()),
-                                           static_cast<qsizetype>(part.size())));
-  };
-  if (std::ranges::none_of(text, IsForeign)) return insert(text);
-  Text clean(text);
-  std::erase_if(clean, IsForeign);
-  insert(clean);
+  cursor.insertText(QString::fromRawData(reinterpret_cast<const QChar*>(text.data()),
+                                         static_cast<qsizetype>(text.size())));
 }
 
 class RichTextEdit : public QTextEdit {

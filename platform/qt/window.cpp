@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
@@ -44,11 +43,8 @@ class WindowWidget : public QWidget {
     if (!silent_) FromEvent(events_.onResize);
   }
 
-  // The handler may end in a message box, and an event loop can't run inside painting.
   void paintEvent(QPaintEvent* event) override {
-    QTimer::singleShot(0, this, [this] {
-      if (!silent_) FromEvent(events_.onPaint);
-    });
+    if (!silent_) FromEvent(events_.onPaint);
     QWidget::paintEvent(event);
   }
 

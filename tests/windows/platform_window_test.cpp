@@ -218,21 +218,6 @@ TEST(PlatformWindow, ResizeAndPaintAreTold) {
   EXPECT_GE(paints, 1);
 }
 
-// A handler of painting may end in a message box, and no box can run inside painting.
-TEST(PlatformWindow, PaintIsToldOutsideOfPainting) {
-  Robot robot;
-  Small window;
-  bool asked = false;
-  bool painting = true;
-  window.onPaint = [&] {
-    if (std::exchange(asked, true)) return;
-    painting = window.OnScreen().testAttribute(Qt::WA_WState_InPaintEvent);
-  };
-  window.ShowActive();
-  Robot::WaitUntil([&] { return asked; });
-  EXPECT_FALSE(painting);
-}
-
 TEST(PlatformWindow, ASizeWrittenByCodeCountsForFixedWindowsToo) {
   Small window;
   window.Load();
