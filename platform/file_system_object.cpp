@@ -1,5 +1,6 @@
 #include "platform/file_system_object.h"
 
+#include <bit>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,15 @@ Text DecodeUnicode(std::string_view bytes) {
   return DecodeUtf16(bytes);
 }
 
+// A page is written as it lies in memory, if the host's own order is the file's.
+void WriteUtf16(OpenedFile& file, TextView text) {
+  if constexpr (std::endian::native == std::endian::little) {
+    file.Write({reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)});
+  } else {
+    file.Write(EncodeUtf16(text));
+  }
+}
+
 }  // namespace
 
 TextStream::TextStream(std::unique_ptr<OpenedFile> file, IoMode mode, TextFormat format)
@@ -30,9 +40,10 @@ TextStream::TextStream(std::unique_ptr<OpenedFile> file, IoMode mode, TextFormat
 // The mark goes out together with the first text: one write a file.
 void TextStream::Write(TextView text) {
   if (format_ == TextFormat::kCodePage) return file_->Write(EncodeMachineCodePage(text));
+  if (!markPending_) return WriteUtf16(*file_, text);
   std::string bytes;
   bytes.reserve(kUtf16Mark.size() + text.size() * sizeof(char16_t));
-  if (markPending_) bytes = kUtf16Mark;
+  bytes = kUtf16Mark;
   AppendUtf16(bytes, text);
   file_->Write(bytes);
   markPending_ = false;

@@ -190,6 +190,8 @@ void Replace(RichTextEdit& edit, const std::function<void(QTextCursor&)>& fill) 
   QTextCursor cursor(content.get());
   fill(cursor);
   content->setUndoRedoEnabled(true);
+  // Without a width the box lays the new document out twice, first in endless lines.
+  content->setPageSize(QSizeF(edit.viewport()->width(), -1));
   content->setParent(&edit);
   edit.setDocument(content.release());
   // The box itself deletes only the document that it was made with.
@@ -241,8 +243,6 @@ int Bounded(Position value, Position highest) {
   return static_cast<int>(std::min(value, highest));
 }
 
-Text Widened(const std::string& ascii) { return Text(ascii.begin(), ascii.end()); }
-
 }  // namespace
 
 std::unique_ptr<Control::Peer> MakeRichTextBox(const ControlRow& row, QWidget* parent,
@@ -283,7 +283,7 @@ void RichTextBox::SetText(TextView text) {
 Position RichTextBox::TextLength() const { return EditOf(*this).document()->characterCount() - 1; }
 
 Text RichTextBox::TextRTF() const {
-  return Widened(rtf::Write(SelectedDocument(WholeDocument(EditOf(*this).document()))));
+  return rtf::WriteText(SelectedDocument(WholeDocument(EditOf(*this).document())));
 }
 
 void RichTextBox::SetTextRTF(TextView rtf) { Load(EditOf(*this), rtf::Read(rtf)); }
@@ -309,7 +309,7 @@ void RichTextBox::SetSelText(TextView text) {
 }
 
 Text RichTextBox::SelRTF() const {
-  return Widened(rtf::Write(SelectedDocument(EditOf(*this).Selection())));
+  return rtf::WriteText(SelectedDocument(EditOf(*this).Selection()));
 }
 
 void RichTextBox::SetSelRTF(TextView rtf) {

@@ -1,6 +1,8 @@
 #include "platform/rtf/code_page.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 #include "platform/encoding.h"
 
@@ -91,6 +93,13 @@ bool IsLetter(char16_t unit) {
   return unit >= 0x20 && unit != u'\\' && unit != u'{' && unit != u'}';
 }
 
+// The library may lack a page that RTF knows.
+bool CanBeRead(int number) {
+  return number == kSymbolCodePage || number == kWesternCodePage ||
+         Holds(kSeveralBytePages, number) ||
+         (Holds(kKnownPages, number) && SingleByteCodePage(number) != nullptr);
+}
+
 }  // namespace
 
 CodePage::CodePage(int pageNumber)
@@ -112,17 +121,13 @@ bool CodePage::IsLead(unsigned char byte) const {
   return byte >= 0x81 && byte <= 0xFE;
 }
 
-const CodePage& CodePages::Get(int number) {
-  const bool severalBytes = Holds(kSeveralBytePages, number);
-  if (!Holds(kKnownPages, number)) number = kWesternCodePage;
-  for (const auto& page : pages_) {
+const CodePage& GetCodePage(int number) {
+  static std::vector<std::unique_ptr<const CodePage>> pages;
+  for (const auto& page : pages) {
     if (page->number == number) return *page;
   }
-  if (number != kSymbolCodePage && !severalBytes && SingleByteCodePage(number) == nullptr &&
-      number != kWesternCodePage) {
-    return Get(kWesternCodePage);
-  }
-  return *pages_.emplace_back(std::make_unique<const CodePage>(number));
+  if (!CanBeRead(number)) return GetCodePage(kWesternCodePage);
+  return *pages.emplace_back(std::make_unique<const CodePage>(number));
 }
 
 int CodePageOfCharset(int charset) {

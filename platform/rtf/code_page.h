@@ -3,9 +3,7 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "platform/text.h"
 
@@ -26,15 +24,9 @@ struct CodePage {
                                       // characters and the three signs that RTF itself uses
 };
 
-// The pages of one reading. Numbers that RTF 1.9.1 doesn't know count as 1252.
-class CodePages {
- public:
-  // Lives as long as this table.
-  const CodePage& Get(int number);
-
- private:
-  std::vector<std::unique_ptr<const CodePage>> pages_;
-};
+// Made when it is first asked for; lives as long as the process. Numbers that RTF 1.9.1 doesn't
+// know count as 1252.
+const CodePage& GetCodePage(int number);
 
 inline constexpr int kWesternCodePage = 1252;
 // The page whose bytes show signs; they are read into the private area, as U+F000 + byte.

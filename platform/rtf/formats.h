@@ -16,7 +16,7 @@ class Formats {
  public:
   // Whoever wants text alone spares the words that change nothing but its look.
   explicit Formats(bool keepsLook)
-      : keepsLook_(keepsLook), groups_(State{.page = &pages_.Get(kWesternCodePage)}) {}
+      : keepsLook_(keepsLook), groups_(State{.page = &GetCodePage(kWesternCodePage)}) {}
 
   const State& Now() const { return groups_.Now(); }
   // Text goes to the body, and isn't hidden there.
@@ -61,7 +61,6 @@ class Formats {
   bool HasStyle(Style plain, Style complex, Style known) const;
 
   bool keepsLook_;
-  CodePages pages_;
   FontTable fonts_;
   ColourTable colours_;
   GroupStack groups_;

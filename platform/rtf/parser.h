@@ -181,7 +181,7 @@ class Parser {
     char16_t* to = To();
     const char16_t* const full = to + room;
     while (at <= lastHex && to < full) {
-      const bool hex = at[0] == '\\' && at[1] == '\'';
+      const bool hex = scan_.HexSignStandsAt(at);
       const unsigned byte = hex ? scan_.HexByte(at + 2) : 0;
       const char16_t letter = hex ? (byte > 0xFF ? u'\0' : letters[byte]) : Letter(letters, *at);
       if (letter == 0) break;

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -79,8 +80,13 @@ class Scanner {
     }
     return static_cast<unsigned>(kHighDigits[high] | kLowDigits[low]);
   }
+  // Whether "\'" stands at `at`, where two units are left.
+  static bool HexSignStandsAt(const Unit* at) {
+    constexpr std::array<Unit, 2> kSign = {'\\', '\''};
+    return std::memcmp(at, kSign.data(), sizeof kSign) == 0;
+  }
   // Whether "\'" stands at `at`, with two units behind it.
-  bool IsHexAt(const Unit* at) const { return end_ - at >= 4 && at[0] == '\\' && at[1] == '\''; }
+  bool IsHexAt(const Unit* at) const { return end_ - at >= 4 && HexSignStandsAt(at); }
   // Whether "\u" and a number stands at `at`.
   bool IsUnicodeAt(const Unit* at) const {
     if (end_ - at < 3 || at[0] != '\\' || at[1] != 'u') return false;

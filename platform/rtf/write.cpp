@@ -51,17 +51,35 @@ constexpr std::array<std::array<char, 2>, 256> MakeHex() {
 
 constexpr auto kHex = MakeHex();
 
-char* PutHex(char* to, char byte) {
+// The RTF is 7-bit, so its bytes (Unit is char) and its text (char16_t) are made alike.
+template <typename Unit>
+Unit* PutHex(Unit* to, char byte) {
   const std::array<char, 2>& digits = kHex[static_cast<unsigned char>(byte)];
   return std::copy(digits.begin(), digits.end(), to);
 }
 
-char* Put(char* to, std::string_view text) { return std::copy(text.begin(), text.end(), to); }
+template <typename Unit>
+Unit* Put(Unit* to, std::string_view text) {
+  return std::copy(text.begin(), text.end(), to);
+}
+
+// The digits of a number, in a buffer of their own.
+class Digits {
+ public:
+  explicit Digits(int number)
+      : end_(std::to_chars(digits_.data(), digits_.data() + digits_.size(), number).ptr) {}
+  std::string_view View() const { return {digits_.data(), end_}; }
+
+ private:
+  std::array<char, 16> digits_{};
+  const char* end_;
+};
 
 // "\uN?" with a signed number of 16 bits.
 constexpr std::ptrdiff_t kLongestUnit = 9;
 
-char* PutSpelled(char* to, char16_t unit) {
+template <typename Unit>
+Unit* PutSpelled(Unit* to, char16_t unit) {
   switch (unit) {
     case u'\\':
       return Put(to, "\\\\");
@@ -77,16 +95,17 @@ char* PutSpelled(char* to, char16_t unit) {
       return Put(to, "\\~");
     default:
       to = Put(to, "\\u");
-      to = std::to_chars(to, to + kLongestUnit, static_cast<std::int16_t>(unit)).ptr;
+      to = Put(to, Digits(static_cast<std::int16_t>(unit)).View());
       return Put(to, "?");
   }
 }
 
-char* PutUnit(char* to, const Bytes& bytes, char16_t unit) {
+template <typename Unit>
+Unit* PutUnit(Unit* to, const Bytes& bytes, char16_t unit) {
   const char byte = bytes[unit];
   if (byte == kSpelled) return PutSpelled(to, unit);
   if (unit < 0x80) {
-    *to++ = byte;
+    *to++ = static_cast<Unit>(byte);
     return to;
   }
   *to++ = '\\';
@@ -139,17 +158,33 @@ class Numbering {
   std::vector<const Thing*> things_;
 };
 
+template <typename Unit>
 class Writer {
  public:
-  std::string Write(const Document& document) {
+  std::basic_string<Unit> Write(const Document& document) {
     for (const Paragraph& paragraph : document.paragraphs) Number(paragraph);
+    out_.reserve(LikelySize(document));
     AddHead();
     for (const Paragraph& paragraph : document.paragraphs) AddParagraph(paragraph);
-    out_ += '}';
+    Add("}");
     return std::move(out_);
   }
 
  private:
+  // Most letters take four units. A text that grows instead is copied again and again.
+  static std::size_t LikelySize(const Document& document) {
+    constexpr std::size_t kPerParagraph = 64;
+    std::size_t letters = 0;
+    for (const Paragraph& paragraph : document.paragraphs) {
+      for (const Run& run : paragraph.runs) {
+        if (const Text* const text = std::get_if<Text>(&run.content)) letters += text->size();
+      }
+    }
+    return 4 * letters + kPerParagraph * (document.paragraphs.size() + 1);
+  }
+
+  void Add(std::string_view bytes) { out_.append(bytes.begin(), bytes.end()); }
+
   // The tables stand before the text that uses them.
   void Number(const Paragraph& paragraph) {
     for (const Run& run : paragraph.runs) {
@@ -160,49 +195,50 @@ class Writer {
   }
 
   void AddHead() {
-    out_ += "{\\rtf1\\ansi\\ansicpg";
+    Add("{\\rtf1\\ansi\\ansicpg");
     AddNumber(kMachineCodePage);
-    out_ += "\\uc1\\deff0";
+    Add("\\uc1\\deff0");
     AddFonts();
     AddColours();
-    out_ += kEnd;
+    Add(kEnd);
   }
 
   void AddFonts() {
-    out_ += "{\\fonttbl";
+    Add("{\\fonttbl");
     int number = 0;
     for (const Text* const name : fonts_.InOrder()) {
-      out_ += "{";
+      Add("{");
       AddWord("\\f", number++);
-      out_ += "\\fnil";
+      Add("\\fnil");
       AddWord("\\fcharset", kArabicCharset);
       wordIsOpen_ = true;
       AddFontName(*name);
-      out_ += ";}";
+      Add(";}");
     }
-    out_ += "}";
+    Add("}");
   }
 
   // The ";" that belongs to a name must not end it.
   void AddFontName(TextView name) {
-    for (std::size_t end; (end = name.find(u';')) != TextView::npos; name.remove_prefix(end + 1)) {
+    for (std::size_t end = 0; (end = name.find(u';')) != TextView::npos;
+         name.remove_prefix(end + 1)) {
       AddText(name.substr(0, end));
-      out_ += "\\u59?";
+      Add("\\u59?");
       wordIsOpen_ = false;
     }
     AddText(name);
-    if (wordIsOpen_) out_ += ' ';
+    if (wordIsOpen_) Add(" ");
     wordIsOpen_ = false;
   }
 
   void AddColours() {
     if (colours_.InOrder().size() == 1) return;
-    out_ += "{\\colortbl";
+    Add("{\\colortbl");
     for (const Colour* const colour : colours_.InOrder()) {
       if (*colour != kAutomatic) AddColour(*colour);
-      out_ += ';';
+      Add(";");
     }
-    out_ += "}";
+    Add("}");
   }
 
   void AddColour(Colour colour) {
@@ -212,13 +248,13 @@ class Writer {
   }
 
   void AddParagraph(const Paragraph& paragraph) {
-    out_ += "\\pard";
-    out_ += paragraph.direction == Direction::kRightToLeft ? "\\rtlpar" : "\\ltrpar";
-    out_ += WordOf(paragraph.alignment);
+    Add("\\pard");
+    Add(paragraph.direction == Direction::kRightToLeft ? "\\rtlpar" : "\\ltrpar");
+    Add(WordOf(paragraph.alignment));
     wordIsOpen_ = true;
     for (const Run& run : paragraph.runs) AddRun(run);
-    out_ += "\\par";
-    out_ += kEnd;
+    Add("\\par");
+    Add(kEnd);
     wordIsOpen_ = false;
   }
 
@@ -232,13 +268,13 @@ class Writer {
   }
 
   void AddFormat(const CharacterFormat& format) {
-    out_ += "\\plain";
+    Add("\\plain");
     if (const int font = fonts_.NumberOf(format.font)) AddWord("\\f", font);
     if (format.halfPoints != 0) AddWord("\\fs", format.halfPoints);
-    if (format.bold) out_ += "\\b";
-    if (format.italic) out_ += "\\i";
-    if (format.underline) out_ += "\\ul";
-    if (format.strikeOut) out_ += "\\strike";
+    if (format.bold) Add("\\b");
+    if (format.italic) Add("\\i");
+    if (format.underline) Add("\\ul");
+    if (format.strikeOut) Add("\\strike");
     if (const int colour = colours_.NumberOf(format.colour)) AddWord("\\cf", colour);
     if (const int colour = colours_.NumberOf(format.background)) AddWord("\\highlight", colour);
     format_ = format;
@@ -246,52 +282,48 @@ class Writer {
   }
 
   void AddPicture(const Picture& picture) {
-    out_ += "{\\pict";
-    out_ += WordOf(picture.kind);
+    Add("{\\pict");
+    Add(WordOf(picture.kind));
     if (picture.widthTwips != 0) AddWord("\\picwgoal", picture.widthTwips);
     if (picture.heightTwips != 0) AddWord("\\pichgoal", picture.heightTwips);
     AddHexLines(picture.bytes);
-    out_ += "}";
+    Add("}");
     wordIsOpen_ = false;
   }
 
   void AddHexLines(std::string_view bytes) {
     constexpr std::size_t kBytesPerLine = 64;
-    std::array<char, 2 * kBytesPerLine> line;
+    std::array<Unit, 2 * kBytesPerLine> line;
     for (; !bytes.empty(); bytes.remove_prefix(std::min(kBytesPerLine, bytes.size()))) {
-      char* to = line.data();
+      Unit* to = line.data();
       for (const char byte : bytes.substr(0, kBytesPerLine)) to = PutHex(to, byte);
-      out_ += kEnd;
+      Add(kEnd);
       out_.append(line.data(), to);
     }
   }
 
   void AddText(TextView text) {
     constexpr std::size_t kBlock = 1024;
-    std::array<char, kBlock * kLongestUnit> block;
-    if (wordIsOpen_ && !text.empty() && StandsForItself(text.front())) out_ += ' ';
+    std::array<Unit, kBlock * kLongestUnit> block;
+    if (wordIsOpen_ && !text.empty() && StandsForItself(text.front())) Add(" ");
     if (!text.empty()) wordIsOpen_ = false;
     const Bytes& bytes = ByteTable();
     for (; !text.empty(); text.remove_prefix(std::min(kBlock, text.size()))) {
-      char* to = block.data();
+      Unit* to = block.data();
       for (const char16_t unit : text.substr(0, kBlock)) to = PutUnit(to, bytes, unit);
       out_.append(block.data(), to);
     }
   }
 
   void AddWord(std::string_view word, int number) {
-    out_ += word;
+    Add(word);
     AddNumber(number);
   }
-  void AddNumber(int number) {
-    std::array<char, 16> digits;
-    out_.append(digits.data(),
-                std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
-  }
+  void AddNumber(int number) { Add(Digits(number).View()); }
 
   static constexpr std::string_view kEnd = "\r\n";
 
-  std::string out_;
+  std::basic_string<Unit> out_;
   Numbering<Text> fonts_{Text()};
   Numbering<Colour> colours_{kAutomatic};
   CharacterFormat format_;   // that of the text so far
@@ -300,6 +332,8 @@ class Writer {
 
 }  // namespace
 
-std::string Write(const Document& document) { return Writer().Write(document); }
+std::string Write(const Document& document) { return Writer<char>().Write(document); }
+
+Text WriteText(const Document& document) { return Writer<char16_t>().Write(document); }
 
 }  // namespace platform::rtf
