@@ -6,9 +6,10 @@ ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 BUILD=$ROOT/build/default
 LOGS=$ROOT/build/logs
 
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev libicu-dev libgtest-dev libgmock-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev
+  libicu-dev libgtest-dev libgmock-dev)
 FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
-TEST_PACKAGES=(xvfb xauth)
+TEST_PACKAGES=(xvfb xauth chromium poppler-utils)
 
 say() { printf '%s\n' "$*"; }
 

@@ -5,5 +5,6 @@ cd "$(dirname "$0")"
 export PYTHONDONTWRITEBYTECODE=1
 python3 make_texts.py
 python3 make_small_files.py
+python3 make_export_files.py
 python3 draw_pictures.py
 python3 make_music.py
