@@ -1,9 +1,11 @@
 // Makes the windows, wires them, runs.
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "export/export_pass.h"
 #include "platform/application.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/launcher.h"
 #include "platform/paths.h"
 #include "platform/random.h"
 #include "workbench/format_window.h"
@@ -15,8 +17,10 @@ int main(int argc, char** argv) {
                         platform::ProgramFolder(), platform::SystemLogPath()};
   core::Form1 form1(machine);
   workbench::Form3 form3(form1);
+  exporting::ExportPass exportPass(form1, platform::HostLauncher());
   core::Ports ports;
   ports.workbench = &form3;
+  ports.exporting = &exportPass;
   form1.Wire(ports);
   return application.Run([&] { form1.Show(); });
 }

@@ -71,10 +71,8 @@ Text InlineImage(TextView root, TextView fileName) {
 
 bool IsAbsolute(TextView path) { return path.size() > 1 && path[1] == u':'; }
 
-Text UnderProgramFolder(TextView programRoot, TextView path) { return Joined({programRoot, path}); }
-
 Text Absolute(TextView programRoot, TextView path) {
-  return IsAbsolute(path) ? Text(path) : UnderProgramFolder(programRoot, path);
+  return IsAbsolute(path) ? Text(path) : Joined({programRoot, path});
 }
 
 Text LogFile(TextView programRoot) { return Joined({programRoot, u"ZVL.txt"}); }

@@ -48,7 +48,6 @@ platform::Text InlineImage(platform::TextView root, platform::TextView fileName)
 // A path as the fields hold it, which may be relative to the program folder. Absolute is what has
 // ":" as its second character, nothing else.
 bool IsAbsolute(platform::TextView path);
-platform::Text UnderProgramFolder(platform::TextView programRoot, platform::TextView path);
 platform::Text Absolute(platform::TextView programRoot, platform::TextView path);
 
 // Files beside the program.

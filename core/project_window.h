@@ -62,6 +62,15 @@ class Form1 : public platform::Window {
   // The file service. Failure before it is made and once it is released.
   platform::FileSystemObject& FileSys();
 
+  // The folders of the program and of the book as the fields name it, with their final "\".
+  platform::Text ProgramRoot();
+  platform::Text BookRoot();
+
+  // Makes the folder that the field names, if it holds the usual name still. Failure if it can't.
+  void MakeDefaultFolder(const platform::TextBox& field, platform::TextView usual);
+  // A relative path counts from the program folder.
+  void MakeAbsolute(platform::TextBox& field);
+
   platform::Text lastErrorText;
   platform::Text pendingTarget;
   platform::Text vocabulary;
@@ -104,9 +113,6 @@ class Form1 : public platform::Window {
   void WireFields();
   void WireButtons();
 
-  platform::Text ProgramRoot();
-  platform::Text BookRoot();
-
   void ReadSett();
   void ReadWhole(platform::TextView path);
   platform::Text SettingsOfFields();
@@ -120,9 +126,7 @@ class Form1 : public platform::Window {
   using Requirement = std::function<void(bool exists, std::int16_t number)>;
   void RequireFolders(const Requirement& require);
   void RequireFiles(const Requirement& require);
-  void MakeAbsolute(platform::TextBox& field);
   void MakeDirs();
-  void MakeDefaultFolder();
   void CopyTitleImage();
   void Doitin();
 

@@ -79,7 +79,7 @@ void Form1::RequireFiles(const Requirement& require) {
 
 void Form1::MakeAbsolute(platform::TextBox& field) {
   const Text path = field.Text();
-  if (!IsAbsolute(path)) field.SetText(UnderProgramFolder(ProgramRoot(), path));
+  if (!IsAbsolute(path)) field.SetText(Absolute(ProgramRoot(), path));
 }
 
 void Form1::MakeDirs() {
@@ -96,9 +96,9 @@ void Form1::MakeDirs() {
   });
 }
 
-void Form1::MakeDefaultFolder() {
-  if (idir.Text() != kDefaultProject) return;
-  const Text folder = UnderProgramFolder(ProgramRoot(), kDefaultProject);
+void Form1::MakeDefaultFolder(const platform::TextBox& field, TextView usual) {
+  if (field.Text() != usual) return;
+  const Text folder = Absolute(ProgramRoot(), usual);
   if (!FileSys().FolderExists(folder)) machine_.files.MakeFolder(folder);
 }
 
@@ -117,7 +117,7 @@ void Form1::Command3_Click() {
   Catching(101, [&] {
     SaveThings();
     const Position selected = dataName.ListIndex();
-    MakeDefaultFolder();
+    MakeDefaultFolder(idir, kDefaultProject);
     if (!CHK()) return;
     if (!FE()) return;
     MakeDirs();

@@ -28,9 +28,9 @@ ExportPass::ExportPass(core::Form1& form1, platform::Launcher& launcher)
 
 void ExportPass::Export() {
   form1_.Catching(102, [&] {
-    MakeDefaultTarget();
-    MakeAbsolute(form1_.ExBox);
-    MakeAbsolute(form1_.idir);
+    form1_.MakeDefaultFolder(form1_.ExBox, kDefaultTarget);
+    form1_.MakeAbsolute(form1_.ExBox);
+    form1_.MakeAbsolute(form1_.idir);
     form1_.SaveThings();
     if (!Files().FolderExists(form1_.ExBox.Text())) return form1_.bepayam(kNoTargetFolder);
     if (!Files().FolderExists(form1_.idir.Text())) return form1_.bepayam(kNoProjectFolder);
@@ -38,23 +38,12 @@ void ExportPass::Export() {
   });
 }
 
-void ExportPass::MakeDefaultTarget() {
-  if (form1_.ExBox.Text() != kDefaultTarget) return;
-  const Text folder = core::UnderProgramFolder(ProgramRoot(), kDefaultTarget);
-  if (!Files().FolderExists(folder)) Files().MakeFolder(folder);
-}
-
-void ExportPass::MakeAbsolute(platform::TextBox& field) {
-  const Text path = field.Text();
-  if (!core::IsAbsolute(path)) field.SetText(core::UnderProgramFolder(ProgramRoot(), path));
-}
-
 // A missing script is deliberately no early end: the pass then runs on with a root that is empty.
 void ExportPass::ExportAll() {
   const auto pass = [&] {
     form1_.LogMe(u"Exporting files...");
     Text root;
-    if (Files().FileExists(core::ExportScriptFile(ProgramRoot()))) {
+    if (Files().FileExists(core::ExportScriptFile(form1_.ProgramRoot()))) {
       root = CarryOut();
     } else {
       form1_.bepayam(kNoScript);
@@ -70,7 +59,7 @@ void ExportPass::ExportAll() {
 // Everything is cut before anything on the disk changes.
 Text ExportPass::CarryOut() {
   const ExportScript script =
-      CutScript(Read(core::ExportScriptFile(ProgramRoot()), TextFormat::kCodePage));
+      CutScript(Read(core::ExportScriptFile(form1_.ProgramRoot()), TextFormat::kCodePage));
   const Text root = MakeRoot();
   MakeFolders(script, root);
   CopyFolders(script, root);
@@ -97,7 +86,7 @@ void ExportPass::CopyFolders(const ExportScript& script, TextView root) {
 }
 
 void ExportPass::CopyFolder(const CopyLine& line, TextView root) {
-  const Text projectRoot = form1_.DoSlash(form1_.idir.Text());
+  const Text projectRoot = form1_.BookRoot();
   Files().MakeFolder(ExportedFolder(root, line.target));
   for (const Text& name : Files().FileNames(SourceFolder(projectRoot, line.source))) {
     Files().CopyFile(SourceFile(projectRoot, line.source, name),
@@ -108,13 +97,14 @@ void ExportPass::CopyFolder(const CopyLine& line, TextView root) {
 void ExportPass::CopyFiles(const ExportScript& script, TextView root) {
   for (const Text& line : script.copyFile) {
     const CopyLine sides = SplitCopyLine(line);
-    Files().CopyFile(core::ResourceFile(ProgramRoot(), sides.source),
+    Files().CopyFile(core::ResourceFile(form1_.ProgramRoot(), sides.source),
                      CopiedResource(root, WithoutRootWord(sides.target), sides.source));
   }
 }
 
 void ExportPass::MakePrintPages(TextView root) {
-  const Text pageTemplate = Read(core::PrintTemplateFile(ProgramRoot()), TextFormat::kUnicode);
+  const Text pageTemplate =
+      Read(core::PrintTemplateFile(form1_.ProgramRoot()), TextFormat::kUnicode);
   for (const Text& name : Files().FileNames(PageFolder(root))) {
     if (IsPageFile(name)) MakePrintPage(pageTemplate, root, name);
   }
@@ -142,7 +132,5 @@ Text ExportPass::Read(TextView path, TextFormat format) {
 }
 
 platform::FileSystem& ExportPass::Files() { return form1_.FileSys().Files(); }
-
-Text ExportPass::ProgramRoot() { return form1_.DoSlash(form1_.TheMachine().programFolder); }
 
 }  // namespace exporting

@@ -19,9 +19,6 @@ class ExportPass : public core::ExportPort {
   void Export() override;
 
  private:
-  void MakeDefaultTarget();
-  void MakeAbsolute(platform::TextBox& field);
-
   // Whatever fails in it ends it with message 28; what was made stays.
   void ExportAll();
   platform::Text CarryOut();
@@ -37,7 +34,6 @@ class ExportPass : public core::ExportPort {
 
   platform::Text Read(platform::TextView path, platform::TextFormat format);
   platform::FileSystem& Files();
-  platform::Text ProgramRoot();
 
   core::Form1& form1_;
   platform::Launcher& launcher_;

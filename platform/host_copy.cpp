@@ -16,7 +16,13 @@
 namespace platform {
 namespace {
 
-constexpr mode_t kNewFileMode = 0666;  // a copy from a read-only disc can be changed
+// A copy from a read-only disc can be changed, and that of a program started.
+mode_t NewFileMode(const struct stat& source) {
+  constexpr mode_t kReadAndWrite = 0666;
+  constexpr mode_t kExecute = 0111;
+  return kReadAndWrite | (source.st_mode & kExecute);
+}
+
 constexpr std::size_t kKernelStep = std::size_t{1} << 30;
 constexpr std::size_t kBufferSize = std::size_t{1} << 16;
 
@@ -83,7 +89,7 @@ void CopyHostFile(TextView source, TextView target) {
   const std::string targetPath = HostPath(target);
   const Descriptor from = OpenHost(HostPath(source), O_RDONLY);
   const struct stat known = OrdinaryFile(from, u"copy", source);
-  Descriptor to = OpenHost(targetPath, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
+  Descriptor to = OpenHost(targetPath, O_WRONLY | O_CREAT | O_EXCL, NewFileMode(known));
   if (to.IsOpen()) return CopyToNew(from, std::move(to), targetPath, target);
   if (errno != EEXIST) FailHost(u"write", target, errno);
   CopyOver(from, known, targetPath, target);

@@ -27,11 +27,12 @@ Desk::Desk(bool withResources)
       machine(MachineOf(*this)),
       form1(machine),
       form3(form1),
+      exportPass(form1, launcher),
       currentBefore_(fs::current_path()) {
   for (const char16_t* name : {u"program", u"state", u"current"}) folder.MakeFolder(name);
   fs::current_path(folder.HostPath("current"));
   if (withResources) fs::copy(kResources, HostPath("Resources"), fs::copy_options::recursive);
-  form1.Wire({.workbench = &form3});
+  form1.Wire({.workbench = &form3, .exporting = &exportPass});
 }
 
 Desk::~Desk() { fs::current_path(currentBefore_); }

@@ -7,11 +7,13 @@
 
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "export/export_pass.h"
 #include "platform/file_system.h"
 #include "platform/random.h"
 #include "platform/text.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/fixed_clock.h"
+#include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
 #include "tests/support/temporary_folder.h"
 #include "workbench/format_window.h"
@@ -57,6 +59,8 @@ class Desk {
   core::Machine machine;
   core::Form1 form1;
   workbench::Form3 form3;
+  RecordedLauncher launcher;
+  exporting::ExportPass exportPass;
   Robot robot;
 
  private:

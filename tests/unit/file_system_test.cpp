@@ -383,6 +383,16 @@ TEST_F(Copying, MakesANewFile) {
   EXPECT_EQ(folder_.Read(u"c"), "");
 }
 
+TEST_F(Copying, TheCopyOfAProgramIsOneToo) {
+  WriteWhole(u"main.exe", OpenMode::kReplace, "#!/bin/sh\n");
+  const std::string source = folder_.HostPath("main.exe");
+  const std::string target = folder_.HostPath("copy.exe");
+  ASSERT_EQ(chmod(source.c_str(), 0555), 0);
+  files_.CopyFile(Path(u"main.exe"), Path(u"copy.exe"));
+  EXPECT_EQ(ModeOf(target) & 0100, 0100U);
+  EXPECT_EQ(ModeOf(target) & 0200, 0200U) << "a copy from a read-only disc can be changed";
+}
+
 TEST_F(Copying, GoesOverWhateverFileStandsThere) {
   folder_.Write(u"a", "short");
   for (const std::string old : {"", "\xFF\xFE", "a longer text than the copied one"}) {
