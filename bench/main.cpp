@@ -14,26 +14,33 @@
 
 #include "bench/box_rows.h"
 #include "bench/build_rows.h"
+#include "bench/export_rows.h"
 #include "bench/process_rows.h"
 #include "bench/reported.h"
 #include "bench/table.h"
 #include "bench/text_rows.h"
+#include "bench/viewer_rows.h"
+#include "bench/viewer_start_row.h"
 #include "platform/application.h"
 
 namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 10> kRows = {{{"build", bench::MeasureTextBuild},
+const std::array<bench::NamedRow, 14> kRows = {{{"build", bench::MeasureTextBuild},
                                                 {"media", bench::MeasureMediaBuild},
                                                 {"mixed", bench::MeasureMixedBuild},
+                                                {"export", bench::MeasureExport},
+                                                {"print", bench::MeasurePrintPages},
                                                 {"rep", bench::MeasureCleanUp},
                                                 {"plain", bench::MeasurePlainText},
                                                 {"rtf", bench::MeasureRichText},
                                                 {"f3", bench::MeasureMarking},
                                                 {"start", bench::MeasureStart},
                                                 {"start-offscreen", bench::MeasureStartOffscreen},
-                                                {"memory", bench::MeasureMemory}}};
+                                                {"memory", bench::MeasureMemory},
+                                                {"viewer-search", bench::MeasureViewerSearch},
+                                                {"viewer-start", bench::MeasureViewerStart}}};
 
 struct Order {
   int rounds = kFewestRounds;

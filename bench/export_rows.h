@@ -1,0 +1,13 @@
+// The export: ExportPass of the project window, on the real disk.
+#pragma once
+
+#include "bench/table.h"
+
+namespace bench {
+
+// 5,000 pages and 200 large files copied as the script says; beside it `cp -r`.
+Row MeasureExport(const Plan& plan);
+// The print pages of 5,000 pages; growth to 50,000.
+Row MeasurePrintPages(const Plan& plan);
+
+}  // namespace bench

@@ -1,0 +1,78 @@
+#include "bench/viewer_start_row.h"
+
+#include <filesystem>
+
+#include "bench/process.h"
+#include "platform/encoding.h"
+
+namespace bench {
+namespace {
+
+constexpr int kRows = 3;
+constexpr int kCollectionsInRow = 10;
+constexpr int kPages = 20'000;
+
+std::string BookBytes(const std::u16string& text) {
+  return std::string(platform::kUtf16Mark) + platform::EncodeUtf16(text);
+}
+
+std::u16string Digits(int number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+void WriteIndex(const std::string& data) {
+  std::u16string index = u"<strings>\r\n\t<aTitle0>Designed by</aTitle0>\r\n";
+  for (int row = 0; row < kRows; ++row) {
+    for (int number = 1; number <= kCollectionsInRow; ++number) {
+      const std::u16string key = static_cast<char16_t>(u'a' + row) + (u"Title" + Digits(number));
+      index += u"\t<" + key + u" vol=\"txt\">دفتر شماره‌ي " + Digits(number) +
+               u" از قصه‌هاي باغ</" + key + u">\r\n";
+    }
+  }
+  WriteFile(data + "/_xml/Index.xml", BookBytes(index));
+  WriteFile(data + "/TXT/CDProperty.xml",
+            BookBytes(u"<strings>\r\n\t<Olgoo>1</Olgoo>\r\n\t<Music>1</Music>\r\n\t<Print>1</Print>"
+                      u"\r\n</strings>"));
+}
+
+std::string MakeBook(const Plan& plan) {
+  const std::string root = plan.work.NewFolder("viewer");
+  const std::string data = root + "/Data";
+  for (const char* folder : {"/TXT", "/_xml", "/IMG", "/FlashIMG"}) {
+    std::filesystem::create_directories(data + folder);
+  }
+  WriteIndex(data);
+  const std::string page =
+      BookBytes(u"<pgTitle>باغ</pgTitle>\r\n\r\n<pgMain>&nbsp;</pgMain>\r\n<pgMain>متن</pgMain>");
+  for (int i = 0; i < kPages; ++i) {
+    const std::string number = std::to_string(i);
+    const std::string stem = std::string(14 - number.size(), 'A') + number;
+    WriteFile(data + "/TXT/" + stem + ".htm", page);
+  }
+  return root;
+}
+
+}  // namespace
+
+Row MeasureViewerStart(const Plan& plan) {
+  Dialogue server({"Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
+  const std::string number = server.ReadLine();
+  const std::string display = "DISPLAY=:" + number.substr(0, number.find('\n'));
+  const Command start = {"/usr/bin/env", "QT_QPA_PLATFORM=xcb", display};
+  Command viewer = start;
+  viewer.insert(viewer.end(), {ZORVAND_BENCH_PROGRAMS "/bench_viewer_start", MakeBook(plan)});
+  Command empty = start;
+  empty.push_back(ZORVAND_BENCH_PROGRAMS "/bench_start_empty");
+  SecondsOfRun(viewer);
+  SecondsOfRun(empty);
+  Measured measured;
+  for (int round = 0; round < 4 * plan.rounds; ++round) {
+    measured.tool.push_back(SecondsOfRun(viewer));
+    measured.beside.push_back(SecondsOfRun(empty));
+  }
+  return TimedRow("start of the viewer to its index, a book of 20,000 pages, on a screen",
+                  "a program that shows an empty QWidget", measured, {Target::Kind::kAtMost, 1.5});
+}
+
+}  // namespace bench

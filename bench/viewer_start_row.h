@@ -1,0 +1,13 @@
+// The start of the viewer.
+#pragma once
+
+#include "bench/table.h"
+
+namespace bench {
+
+// Start to first paint of the index of a book of 30 collections and 20,000 pages, beside a program
+// that shows an empty window; both on a screen (an X server of
+// its own, Xvfb).
+Row MeasureViewerStart(const Plan& plan);
+
+}  // namespace bench

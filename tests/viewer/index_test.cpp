@@ -1,0 +1,130 @@
+#include "viewer/book/index.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/viewer/book_maker.h"
+
+namespace viewer {
+namespace {
+
+using viewer_tests::BookMaker;
+
+const QString kHead = QStringLiteral("<strings>\r\n\t<aTitle0>Designed by: us</aTitle0>\r\n");
+
+QString LineOf(const char* key, const char* kind, const QString& title) {
+  const QString name = QString::fromLatin1(key);
+  return QStringLiteral("\t<%1 vol=\"%2\">").arg(name, QString::fromLatin1(kind)) + title +
+         QStringLiteral("</%1>\r\n").arg(name);
+}
+
+QStringList Keys(const Index& index) {
+  QStringList keys;
+  for (const Collection& each : index.collections) {
+    keys += each.row + QString::number(each.number);
+  }
+  return keys;
+}
+
+QString TitleRead(const QString& title) {
+  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", title) +
+                                 LineOf("bTitle1", "txt", QStringLiteral("next")));
+  return index.collections.size() == 2 ? index.collections[0].title : QStringLiteral("(lost)");
+}
+
+TEST(Index, AsTheToolWritesIt) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"),
+              kHead + LineOf("aTitle1", "txt", QStringLiteral("باغ")) +
+                  LineOf("bTitle2", "pic1", QStringLiteral("تصوير")));
+  const Index index = ReadIndex(maker.Book());
+  EXPECT_EQ(index.credit, QStringLiteral("Designed by: us"));
+  ASSERT_EQ(index.collections.size(), 2U);
+  EXPECT_EQ(index.collections[0].row, u'a');
+  EXPECT_EQ(index.collections[0].number, 1);
+  EXPECT_FALSE(index.collections[0].isGallery);
+  EXPECT_EQ(index.collections[0].title, QStringLiteral("باغ"));
+  EXPECT_EQ(index.collections[1].row, u'b');
+  EXPECT_TRUE(index.collections[1].isGallery);
+}
+
+TEST(Index, TheCreditAlone) {
+  const Index index = ParseIndex(kHead);
+  EXPECT_EQ(index.credit, QStringLiteral("Designed by: us"));
+  EXPECT_TRUE(index.collections.empty());
+}
+
+TEST(Index, AnEmptyLineWhereARebuiltCollectionStood) {
+  const Index index =
+      ParseIndex(kHead + QStringLiteral("\r\n") + LineOf("aTitle2", "txt", QStringLiteral("two")) +
+                 LineOf("aTitle1", "txt", QStringLiteral("one")));
+  EXPECT_EQ(Keys(index), (QStringList{QStringLiteral("a1"), QStringLiteral("a2")}));
+}
+
+TEST(Index, ByRowThenByNumber) {
+  const QString title = QStringLiteral("t");
+  const Index index =
+      ParseIndex(kHead + LineOf("cTitle1", "txt", title) + LineOf("aTitle10", "txt", title) +
+                 LineOf("aTitle2", "txt", title) + LineOf("bTitle1", "txt", title));
+  EXPECT_EQ(Keys(index).join(u' '), QStringLiteral("a2 a10 b1 c1"));
+}
+
+TEST(Index, OfTwoLinesOfACollectionTheLaterCounts) {
+  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("old")) +
+                                 LineOf("aTitle1", "pic1", QStringLiteral("new")));
+  ASSERT_EQ(index.collections.size(), 1U);
+  EXPECT_EQ(index.collections[0].title, QStringLiteral("new"));
+  EXPECT_TRUE(index.collections[0].isGallery);
+}
+
+TEST(Index, ATitleMayHoldAnything) {
+  for (const char* title :
+       {"a < b", "a & b", "say \"so\"", "x>y", "</strings>", "<aTitle2 vol=\"txt\">",
+        "one </aTitle1> two", "one </bTitle1> two", "&amp;", "<b>bold</b>"}) {
+    EXPECT_EQ(TitleRead(QString::fromLatin1(title)), QString::fromLatin1(title));
+  }
+}
+
+TEST(Index, ATitleMayBeEmptyOrOfTwoLines) {
+  EXPECT_EQ(TitleRead(QString()), QString());
+  EXPECT_EQ(TitleRead(QStringLiteral("one\ntwo")), QStringLiteral("one\ntwo"));
+}
+
+TEST(Index, ACutFileKeepsWhatIsThere) {
+  const QString text = kHead + LineOf("aTitle1", "txt", QStringLiteral("whole")) +
+                       QStringLiteral("\t<bTitle1 vol=\"txt\">ha");
+  const Index index = ParseIndex(text);
+  ASSERT_EQ(index.collections.size(), 2U);
+  EXPECT_EQ(index.collections[1].title, QStringLiteral("ha"));
+  EXPECT_EQ(ParseIndex(kHead + QStringLiteral("\t<aTitle1 vol=\"t")).collections.size(), 0U);
+}
+
+TEST(Index, AClosedFileIsReadToo) {
+  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("one")) +
+                                 QStringLiteral("</strings>\r\nmore"));
+  ASSERT_EQ(index.collections.size(), 1U);
+  EXPECT_EQ(index.collections[0].title, QStringLiteral("one"));
+}
+
+TEST(Index, StrangeKeysAreNoCollections) {
+  const QString title = QStringLiteral("t");
+  for (const char* key :
+       {"dTitle1", "aTitle", "aTitle-1", "aTitlex", "aTitle99999999999", "ATitle1"}) {
+    EXPECT_TRUE(ParseIndex(kHead + LineOf(key, "txt", title)).collections.empty()) << key;
+  }
+}
+
+TEST(Index, WithoutTheFileItIsEmpty) {
+  EXPECT_TRUE(ReadIndex(BookMaker().Book()).collections.empty());
+}
+
+TEST(Index, FilesOfACollection) {
+  const BookMaker maker;
+  const Collection collection{u'b', 12, false, {}};
+  EXPECT_EQ(FileOf(collection), QStringLiteral("Data/_xml/bTitle12.xml"));
+  EXPECT_EQ(PictureOf(maker.Book(), collection), QString());
+  maker.WriteBytes(QStringLiteral("Data/IMG/BTITLE12.JPG"), "x");
+  EXPECT_TRUE(PictureOf(maker.Book(), collection).endsWith(QLatin1String("/BTITLE12.JPG")));
+}
+
+}  // namespace
+}  // namespace viewer

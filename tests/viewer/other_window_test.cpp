@@ -1,0 +1,252 @@
+// Galleries, search, music; books that are broken.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTextEdit>
+
+#include "tests/viewer/window_bench.h"
+#include "viewer/window.h"
+
+using namespace Qt::StringLiterals;
+
+namespace viewer_tests {
+namespace {
+
+class Viewing : public testing::Test {
+ protected:
+  void Show() {
+    window_ = std::make_unique<viewer::Window>(maker_.Root(), MachineOf(asked_));
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+  }
+  void Open(const BookPlan& plan = {}) {
+    MakeBook(maker_, plan);
+    Show();
+  }
+  void Search(const QString& words) {
+    auto& field = *qobject_cast<QLineEdit*>(&Find(*window_, u"words"_s));
+    field.setFocus();
+    field.selectAll();
+    field.insert(words);
+    QTest::keyClick(&field, Qt::Key_Return);
+  }
+  bool AwaitHits(int count) {
+    return Await([&] { return ListOf(*window_, u"hits"_s).model()->rowCount() == count; });
+  }
+  QString Status() { return qobject_cast<QLabel*>(&Find(*window_, u"searchStatus"_s))->text(); }
+
+  BookMaker maker_;
+  std::shared_ptr<Asked> asked_ = std::make_shared<Asked>();
+  std::unique_ptr<viewer::Window> window_;
+};
+
+TEST_F(Viewing, AGalleryCollectionShowsThumbnailsWithTitles) {
+  Open();
+  Click(*window_, u"b1"_s);
+  EXPECT_EQ(RowsOf(ListOf(*window_, u"galleryPage"_s)),
+            (QStringList{u"نخست"_s, u"دوم"_s, u"گم"_s}));
+}
+
+TEST_F(Viewing, TheArrowsRunThroughThePicturesAndEscCloses) {
+  Open();
+  Click(*window_, u"b1"_s);
+  ClickRow(ListOf(*window_, u"galleryPage"_s), 0);
+  QWidget* const show = TopLevel(u"pictureShow"_s);
+  ASSERT_NE(show, nullptr);
+  EXPECT_TRUE(show->isFullScreen());
+  EXPECT_EQ(show->accessibleName(), u"نخست"_s);
+  QTest::keyClick(show, Qt::Key_Left);
+  EXPECT_EQ(show->accessibleName(), u"دوم"_s);
+  QTest::keyClick(show, Qt::Key_Left);
+  QTest::keyClick(show, Qt::Key_Left);  // the last one stays
+  EXPECT_EQ(show->accessibleName(), u"گم"_s);
+  QTest::keyClick(show, Qt::Key_Right);
+  EXPECT_EQ(show->accessibleName(), u"دوم"_s);
+  QTest::keyClick(show, Qt::Key_Escape);
+  EXPECT_EQ(TopLevel(u"pictureShow"_s), nullptr);
+  EXPECT_EQ(ListOf(*window_, u"galleryPage"_s).currentIndex().row(), 1);
+}
+
+TEST_F(Viewing, SearchFindsWhicheverKeyboardTheLettersCameFrom) {
+  Open();
+  Search(u"متن کتاب دیگر"_s);  // the pages have the other ye and kaf
+  ASSERT_TRUE(AwaitHits(2));
+  ASSERT_TRUE(Await([&] { return Status().contains(u"۲ نوشته"_s); }));
+}
+
+TEST_F(Viewing, AHitOpensItsPageWithTheWordMarked) {
+  Open();
+  Search(u"روباهی"_s);
+  ASSERT_TRUE(AwaitHits(1));
+  QTest::keyClick(&Find(*window_, u"hits"_s), Qt::Key_Return);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
+  const auto& page = *qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s));
+  ASSERT_EQ(page.extraSelections().size(), 1);
+  EXPECT_EQ(page.extraSelections().front().cursor.selectedText(), u"روباهي"_s);
+  Click(*window_, u"back"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"hits"_s));
+}
+
+TEST_F(Viewing, ASearchWithoutHitsSaysSo) {
+  Open();
+  Search(u"هیچ‌جا"_s);
+  EXPECT_TRUE(Await([&] { return Status().contains(u"پیدا نشد"_s); }));
+}
+
+TEST_F(Viewing, TheNextSearchEndsTheOneBefore) {
+  Open();
+  Search(u"متن"_s);
+  Search(u"روباهي"_s);
+  ASSERT_TRUE(Await([&] { return Status().contains(u"۱ نوشته با «روباهي»"_s); }));
+  EXPECT_EQ(ListOf(*window_, u"hits"_s).model()->rowCount(), 1);
+}
+
+TEST_F(Viewing, MusicRunsInTurnAndCanBeSwitchedOff) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  asked_->endOfLastSound(true);
+  asked_->endOfLastSound(true);
+  EXPECT_EQ(asked_->sounds,
+            (QStringList{u"play Sound1.mp3"_s, u"play Sound2.mp3"_s, u"play Sound1.mp3"_s}));
+  Click(*window_, u"music"_s);
+  EXPECT_EQ(asked_->sounds.last(), u"pause"_s);
+  Click(*window_, u"music"_s);
+  EXPECT_EQ(asked_->sounds.last(), u"resume"_s);
+}
+
+TEST_F(Viewing, TracksThatCantBePlayedAreGivenUp) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  asked_->endOfLastSound(false);
+  asked_->endOfLastSound(false);
+  EXPECT_EQ(asked_->sounds.size(), 2);
+  EXPECT_EQ(Find(*window_, u"music"_s).accessibleName(), u"پخش موسیقی"_s);
+}
+
+TEST_F(Viewing, ABookWithoutMusicHasNoSwitch) {
+  Open();
+  EXPECT_FALSE(IsSeen(*window_, u"music"_s));
+}
+
+TEST_F(Viewing, MusicIsSilentWhileAnEntrySounds) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  Click(*window_, u"a1"_s);
+  ClickRow(ListOf(*window_), 2);
+  asked_->sounds.clear();
+  Click(*window_, u"sound"_s);
+  EXPECT_EQ(asked_->sounds, (QStringList{u"pause"_s, u"play TWO.mp3"_s}));
+  asked_->endOfLastSound(true);
+  EXPECT_EQ(asked_->sounds.last(), u"resume"_s);
+}
+
+TEST_F(Viewing, WithoutABookTheWindowSaysSo) {
+  Show();
+  EXPECT_FALSE(window_->HasBook());
+  EXPECT_EQ(window_->accessibleDescription().left(13), u"کتابی در این "_s);
+  EXPECT_FALSE(IsSeen(*window_, u"words"_s));
+  QTest::keyClick(window_.get(), Qt::Key_Escape);
+}
+
+TEST_F(Viewing, AHalfCopiedBookShowsWhatIsThere) {
+  maker_.Write(u"Data/_xml/Index.xml"_s,
+               u"<strings>\r\n\t<aTitle1 vol=\"txt\">تنها</aTitle1>\r\n"
+               "\t<bTitle1 vol=\"pic1\">عکس</bTitle1>\r\n"_s);
+  Show();
+  Click(*window_, u"a1"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"پیدا نشد"_s));
+  Click(*window_, u"back"_s);
+  Click(*window_, u"b1"_s);
+  EXPECT_TRUE(RowsOf(ListOf(*window_, u"galleryPage"_s)).isEmpty());
+}
+
+TEST_F(Viewing, FoldersInPlaceOfFilesAreMissingFiles) {
+  MakeBook(maker_);
+  for (const QString& path :
+       {u"Data/TXT/ONE.htm"_s, u"Data/IMG/P1.jpg"_s, u"Data/FlashIMG/Back.jpg"_s,
+        u"Data/_xml/cTitle1.xml"_s, u"Data/TXT/TWO.pdf"_s}) {
+    ASSERT_TRUE(QFile::remove(maker_.PathOf(path)));
+    maker_.MakeFolder(path);
+  }
+  Show();
+  Click(*window_, u"a1"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"پیدا نشد"_s));
+  ClickRow(ListOf(*window_), 2);
+  const auto text = AnswerNextBox({});
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(text->contains(u"پیدا نشد"_s));
+  Click(*window_, u"home"_s);
+  Click(*window_, u"c1"_s);
+  EXPECT_TRUE(RowsOf(ListOf(*window_)).isEmpty());
+}
+
+QString DeepTree(int count) {
+  QString tree = u"<?xml version=\"1.0\"?>\r\n<Tree>\r\n"_s;
+  for (int i = 0; i < count; ++i) tree += u"<node label=\"فصل %1\">\r\n"_s.arg(i);
+  return tree +
+         u"<node label=\"ته\" src=\"DATA/TXT/ONE.htm\" mediaStatus=\"000\" pic=\"0\" />\r\n"
+         "</Tree>\r\n"_s;
+}
+
+TEST_F(Viewing, TwentyThousandTitlesInOneAnotherOpen) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/_xml/aTitle1.xml"_s, DeepTree(20'000));
+  Show();
+  Click(*window_, u"a1"_s);
+  EXPECT_EQ(ListOf(*window_).currentIndex().data().toString(), u"ته"_s);
+  EXPECT_EQ(ListOf(*window_).model()->rowCount(), 20'001);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
+}
+
+TEST_F(Viewing, TwentyThousandEntriesOpen) {
+  MakeBook(maker_);
+  QString tree = u"<?xml version=\"1.0\"?>\r\n<Tree>\r\n"_s;
+  for (int i = 0; i < 20'000; ++i) {
+    tree +=
+        u"<node label=\"%1\" src=\"DATA/TXT/ONE.htm\" mediaStatus=\"000\" pic=\"0\" />\r\n"_s.arg(
+            i);
+  }
+  maker_.Write(u"Data/_xml/aTitle1.xml"_s, tree + u"</Tree>\r\n"_s);
+  Show();
+  Click(*window_, u"a1"_s);
+  QTest::keyClick(&ListOf(*window_), Qt::Key_End);
+  EXPECT_EQ(ListOf(*window_).currentIndex().row(), 19'999);
+}
+
+TEST_F(Viewing, AHugePageIsLaidOutStepByStep) {
+  MakeBook(maker_);
+  QStringList paragraphs;
+  for (int i = 0; i < 20'000; ++i)
+    paragraphs << u"بند شماره‌ی %1 از متنی بلند"_s.arg(i);
+  maker_.Write(u"Data/TXT/ONE.htm"_s, PageText(u"بلند"_s, paragraphs));
+  Show();
+  Click(*window_, u"a1"_s);
+  EXPECT_LT(PageText(*window_).size(), 200'000);
+  const qsizetype before = PageText(*window_).size();
+  QTest::keyClick(&Find(*window_, u"page"_s), Qt::Key_End);
+  EXPECT_GT(PageText(*window_).size(), before);
+}
+
+TEST_F(Viewing, AParagraphOfMillionsOfCharactersIsShownInPieces) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/TXT/ONE.htm"_s, PageText(u"بلند"_s, {QString(5'000'000, u'ب')}));
+  Show();
+  Click(*window_, u"a1"_s);
+  EXPECT_LT(PageText(*window_).size(), 200'000);
+}
+
+TEST_F(Viewing, DamagedPicturesAreNoMatter) {
+  MakeBook(maker_);
+  maker_.WriteBytes(u"Data/IMG/P1.jpg"_s, QByteArray("\xff\xd8\xff\xe0 cut", 9));
+  maker_.WriteBytes(u"Data/FlashIMG/Back.jpg"_s, "no picture");
+  Show();
+  Click(*window_, u"a1"_s);
+  ClickRow(ListOf(*window_), 2);
+  EXPECT_TRUE(PageText(*window_).contains(u"این تصویر در کتاب پیدا نشد"_s));
+}
+
+}  // namespace
+}  // namespace viewer_tests

@@ -1,0 +1,259 @@
+// The viewer's window as a reader meets it: index, contents, pages, what belongs to them.
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTextBlock>
+#include <QTextEdit>
+
+#include "tests/viewer/window_bench.h"
+#include "viewer/window.h"
+
+using namespace Qt::StringLiterals;
+
+namespace viewer_tests {
+namespace {
+
+class Reading : public testing::Test {
+ protected:
+  void Open(const BookPlan& plan = {}) {
+    MakeBook(maker_, plan);
+    Show();
+  }
+  void Show() {
+    window_ = std::make_unique<viewer::Window>(maker_.Root(), MachineOf(asked_));
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+  }
+  void OpenCollection(const QString& key = QStringLiteral("a1")) { Click(*window_, key); }
+
+  BookMaker maker_;
+  std::shared_ptr<Asked> asked_ = std::make_shared<Asked>();
+  std::unique_ptr<viewer::Window> window_;
+};
+
+TEST_F(Reading, EachCollectionHasItsCardInRowsFromRightToLeft) {
+  Open();
+  const QWidget& a1 = Find(*window_, u"a1"_s);
+  const QWidget& a2 = Find(*window_, u"a2"_s);
+  const QWidget& b1 = Find(*window_, u"b1"_s);
+  const QWidget& c1 = Find(*window_, u"c1"_s);
+  EXPECT_EQ(a1.accessibleName(), u"باغ‌ها & گل‌ها"_s);
+  EXPECT_GT(a1.x(), a2.x());
+  EXPECT_EQ(a1.y(), a2.y());
+  EXPECT_GT(b1.y(), a1.y());
+  EXPECT_GT(c1.y(), b1.y());
+}
+
+TEST_F(Reading, TheArrowsAndEnterOpenACollection) {
+  Open();
+  QTest::keyClick(&Find(*window_, u"a1"_s), Qt::Key_Left);
+  QTest::keyClick(&Find(*window_, u"a2"_s), Qt::Key_Return);
+  EXPECT_EQ(RowsOf(ListOf(*window_)), QStringList{u"aTitle2"_s});
+}
+
+TEST_F(Reading, ACollectionShowsItsContentsAndItsFirstPage) {
+  Open();
+  OpenCollection();
+  EXPECT_EQ(RowsOf(ListOf(*window_)), (QStringList{u"یکم"_s, u"فصل"_s, u"دوم"_s, u"عکس‌ها"_s,
+                                                   u"برنامه"_s, u"گم‌شده"_s}));
+  EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
+}
+
+TEST_F(Reading, ASelectedEntryShowsItsPageWithItsPicture) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 2);
+  const QString text = PageText(*window_);
+  EXPECT_TRUE(text.contains(u"متن دوم"_s));
+  EXPECT_TRUE(text.contains(QChar::ObjectReplacementCharacter));
+  EXPECT_TRUE(text.contains(u"پس از تصویر"_s));
+}
+
+TEST_F(Reading, ParagraphsRunFromRightToLeft) {
+  Open();
+  OpenCollection();
+  const auto* const page = qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s));
+  for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next()) {
+    EXPECT_EQ(block.blockFormat().layoutDirection(), Qt::RightToLeft);
+  }
+}
+
+TEST_F(Reading, AClickOnATitleClosesAndOpensIt) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 1);
+  EXPECT_EQ(ListOf(*window_).model()->rowCount(), 4);
+  ClickRow(ListOf(*window_), 1);
+  EXPECT_EQ(ListOf(*window_).model()->rowCount(), 6);
+}
+
+TEST_F(Reading, NextAndPreviousPassOverTitles) {
+  Open();
+  OpenCollection();
+  EXPECT_FALSE(Find(*window_, u"previous"_s).isEnabled());
+  Click(*window_, u"next"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن دوم"_s));
+  Click(*window_, u"next"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"gallery"_s));
+  Click(*window_, u"next"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن برنامه"_s));
+  Click(*window_, u"previous"_s);
+  Click(*window_, u"previous"_s);
+  Click(*window_, u"previous"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
+}
+
+TEST_F(Reading, NextOpensTheTitleAroundTheEntry) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 1);
+  Click(*window_, u"next"_s);
+  EXPECT_EQ(ListOf(*window_).currentIndex().data().toString(), u"دوم"_s);
+}
+
+TEST_F(Reading, AMissingPageSaysSo) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 5);
+  EXPECT_TRUE(PageText(*window_).contains(u"پیدا نشد"_s));
+}
+
+TEST_F(Reading, MissingMediaSaySo) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 5);
+  for (const QString& name : {u"attachment"_s, u"sound"_s, u"film"_s}) {
+    const auto text = AnswerNextBox({});
+    Click(*window_, name);
+    EXPECT_TRUE(text->contains(u"پیدا نشد"_s)) << name.toStdString();
+  }
+  EXPECT_TRUE(asked_->opened.isEmpty() && asked_->films.isEmpty() && asked_->sounds.isEmpty());
+}
+
+TEST_F(Reading, TheMediaOfAnEntryAreOpened) {
+  Open();
+  OpenCollection();
+  EXPECT_FALSE(IsSeen(*window_, u"attachment"_s));
+  ClickRow(ListOf(*window_), 2);
+  Click(*window_, u"attachment"_s);
+  Click(*window_, u"film"_s);
+  Click(*window_, u"sound"_s);
+  EXPECT_EQ(asked_->opened, QStringList{u"TWO.pdf"_s});
+  EXPECT_EQ(asked_->films, QStringList{u"TWO.mp4"_s});
+  EXPECT_EQ(asked_->sounds, QStringList{u"play TWO.mp3"_s});
+  Click(*window_, u"sound"_s);
+  EXPECT_EQ(asked_->sounds.last(), u"stop"_s);
+}
+
+TEST_F(Reading, ASoundThatCantBePlayedSaysSo) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 2);
+  Click(*window_, u"sound"_s);
+  const auto text = AnswerNextBox({});
+  asked_->endOfLastSound(false);
+  EXPECT_TRUE(text->contains(u"نمی\u200Cتوان پخش کرد"_s));
+}
+
+TEST_F(Reading, AProgramIsStartedOnlyAfterYes) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 4);
+  const auto asked = AnswerNextBox(u"no"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(asked->contains(u"EXE.exe"_s));
+  EXPECT_TRUE(asked_->started.isEmpty());
+  AnswerNextBox(u"yes"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_EQ(asked_->started, QStringList{u"EXE.exe"_s});
+  EXPECT_TRUE(asked_->opened.isEmpty());
+}
+
+TEST_F(Reading, EscInTheQuestionStartsNothing) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 4);
+  AnswerNextBox({});
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(asked_->started.isEmpty());
+}
+
+TEST_F(Reading, PrintingIsOfferedOnlyWhereTheBookAllowsIt) {
+  Open();
+  OpenCollection();
+  EXPECT_FALSE(IsSeen(*window_, u"print"_s));
+}
+
+TEST_F(Reading, ThePageItselfIsPrintedWhereThereIsNoPrintPage) {
+  Open({.print = true});
+  OpenCollection();
+  Click(*window_, u"print"_s);
+  ASSERT_EQ(asked_->printed.size(), 1);
+  EXPECT_TRUE(asked_->printed.front().contains(u"متن نخست"_s));
+}
+
+TEST_F(Reading, ThePrintPageIsPrintedWhereThereIsOne) {
+  MakeBook(maker_, {.print = true});
+  maker_.Write(u"Data/TXT/ONE.html"_s, u"<html><body><p>برای چاپ</p></body></html>"_s);
+  Show();
+  OpenCollection();
+  Click(*window_, u"print"_s);
+  EXPECT_EQ(asked_->printed, QStringList{u"برای چاپ"_s});
+}
+
+TEST_F(Reading, BackAndHomeLeadToTheIndex) {
+  Open();
+  OpenCollection();
+  Click(*window_, u"back"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"a1"_s));
+  OpenCollection();
+  Click(*window_, u"home"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"a1"_s));
+}
+
+TEST_F(Reading, TheTextGrowsAndShrinks) {
+  Open();
+  OpenCollection();
+  const auto* const page = qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s));
+  const int before = page->document()->defaultFont().pixelSize();
+  Click(*window_, u"larger"_s);
+  EXPECT_GT(page->document()->defaultFont().pixelSize(), before);
+  Click(*window_, u"smaller"_s);
+  EXPECT_EQ(page->document()->defaultFont().pixelSize(), before);
+}
+
+TEST_F(Reading, TheSecondTemplateShowsTheContentsBeforeTheText) {
+  Open({.layout = 2});
+  OpenCollection();
+  EXPECT_TRUE(IsSeen(*window_, u"contents"_s));
+  EXPECT_FALSE(IsSeen(*window_, u"page"_s));
+  ClickRow(ListOf(*window_), 2);
+  EXPECT_FALSE(IsSeen(*window_, u"contents"_s));
+  EXPECT_TRUE(PageText(*window_).contains(u"متن دوم"_s));
+  Click(*window_, u"back"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"contents"_s));
+  Click(*window_, u"back"_s);
+  EXPECT_TRUE(IsSeen(*window_, u"a1"_s));
+}
+
+TEST_F(Reading, TheFirstTemplateShowsTheContentsBesideTheText) {
+  Open();
+  OpenCollection();
+  EXPECT_TRUE(IsSeen(*window_, u"contents"_s));
+  EXPECT_TRUE(IsSeen(*window_, u"page"_s));
+}
+
+TEST_F(Reading, NothingIsWrittenIntoTheBook) {
+  MakeBook(maker_, {.music = true, .print = true});
+  const QStringList before = TreeOf(maker_.Root());
+  Show();
+  OpenCollection();
+  for (int row = 0; row < 6; ++row) ClickRow(ListOf(*window_), row == 1 ? 0 : row);
+  Click(*window_, u"home"_s);
+  Click(*window_, u"b1"_s);
+  window_.reset();
+  EXPECT_EQ(TreeOf(maker_.Root()), before);
+}
+
+}  // namespace
+}  // namespace viewer_tests

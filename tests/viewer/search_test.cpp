@@ -1,0 +1,179 @@
+#include "viewer/book/search.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <vector>
+
+#include "tests/viewer/book_maker.h"
+
+namespace viewer {
+namespace {
+
+using viewer_tests::BookBytes;
+using viewer_tests::BookMaker;
+using viewer_tests::PageText;
+
+class BookSearch : public testing::Test {
+ protected:
+  // The pages of a collection, p0.htm on for a1; their titles are t0 on.
+  void AddCollection(QChar row, const QStringList& texts) {
+    const QString key = row + QStringLiteral("Title1");
+    index_ += QStringLiteral("\t<%1 vol=\"txt\">t</%1>\r\n").arg(key);
+    maker_.Write(QStringLiteral("Data/_xml/Index.xml"), index_);
+    QString tree = QStringLiteral("<?xml version=\"1.0\"?>\r\n<Tree>\r\n\t<node label=\"m\">\r\n");
+    for (const QString& text : texts) {
+      const QString name = QStringLiteral("P%1.htm").arg(count_);
+      const QString title = QStringLiteral("t%1").arg(count_++);
+      tree += QStringLiteral(
+                  "\t<node label=\"%1\" src=\"DATA/TXT/%2\" mediaStatus=\"000\" "
+                  "pic=\"0\" />\r\n")
+                  .arg(title, name);
+      maker_.Write(QStringLiteral("Data/TXT/") + name, PageText(title, text.split(u'|')));
+    }
+    maker_.Write(QStringLiteral("Data/_xml/%1.xml").arg(key),
+                 tree + QStringLiteral("\t</node>\r\n</Tree>\r\n"));
+  }
+
+  std::vector<Hit> Hits(const char* words) const {
+    std::vector<Hit> hits;
+    SearchBook(maker_.Book(), QString::fromUtf8(words), [&](Hit&& hit) {
+      hits.push_back(std::move(hit));
+      return true;
+    });
+    return hits;
+  }
+  QString Titles(const char* words) const {
+    QStringList titles;
+    for (const Hit& hit : Hits(words)) titles += hit.title;
+    return titles.join(u' ');
+  }
+
+  const BookMaker maker_;
+  QString index_ = QStringLiteral("<strings>\r\n\t<aTitle0>x</aTitle0>\r\n");
+  int count_ = 0;
+};
+
+TEST_F(BookSearch, FindsAWordAndItsPlace) {
+  AddCollection(u'a', {QStringLiteral("هيچ"), QStringLiteral("اول|و كتاب خوب")});
+  const std::vector<Hit> hits = Hits("کتاب");
+  ASSERT_EQ(hits.size(), 1U);
+  const Hit& hit = hits[0];
+  EXPECT_EQ(hit.collection.row, u'a');
+  EXPECT_EQ(hit.node, 2);
+  EXPECT_EQ(hit.source, QStringLiteral("DATA/TXT/P1.htm"));
+  EXPECT_EQ(hit.title, QStringLiteral("t1"));
+  EXPECT_EQ(hit.part, 1);
+  EXPECT_EQ(hit.snippet, QStringLiteral("و كتاب خوب"));
+  EXPECT_EQ(hit.snippet.sliced(hit.matchStart, hit.matchLength), QStringLiteral("كتاب"));
+}
+
+TEST_F(BookSearch, AllWordsMustOccur) {
+  AddCollection(
+      u'a', {QStringLiteral("باغ سيب"), QStringLiteral("باغ|گل سيب"), QStringLiteral("باغ گل")});
+  EXPECT_EQ(Titles("سيب باغ"), QStringLiteral("t0 t1"));
+  EXPECT_EQ(Titles("t1 گل"), QStringLiteral("t1"));
+}
+
+TEST_F(BookSearch, WhateverKeyboardAndMarks) {
+  AddCollection(u'a', {QStringLiteral("مي\u200Fشود كِتابي")});
+  for (const char* words : {"میشود", "مي‌شود", "می شود", "کتابی", "كتـابى"}) {
+    EXPECT_EQ(Titles(words), QStringLiteral("t0")) << words;
+  }
+}
+
+TEST_F(BookSearch, TagsAreNoText) {
+  AddCollection(u'a', {QStringLiteral("متن")});
+  for (const char* words : {"pgMain", "pgTitle", "nbsp", "<", "متن</pgMain>"}) {
+    EXPECT_EQ(Titles(words), QString()) << words;
+  }
+}
+
+TEST_F(BookSearch, PicturesPathsAreNoText) {
+  AddCollection(u'a',
+                {QStringLiteral("متن</pgMain>\r\n<IMG src=\"Data/IMG/flower.jpg\">\r\n<pgMain>")});
+  EXPECT_EQ(Titles("flower"), QString());
+  EXPECT_EQ(Titles("متن"), QStringLiteral("t0"));
+}
+
+TEST_F(BookSearch, TagsTypedIntoTheTextAreText) {
+  AddCollection(u'a', {QStringLiteral("a <b> c")});
+  EXPECT_EQ(Titles("<B>"), QStringLiteral("t0"));
+}
+
+TEST_F(BookSearch, InTheTitle) {
+  AddCollection(u'a', {QStringLiteral("متن")});
+  const std::vector<Hit> hits = Hits("T0");
+  ASSERT_EQ(hits.size(), 1U);
+  EXPECT_EQ(hits[0].part, -1);
+  EXPECT_EQ(hits[0].snippet, QStringLiteral("t0"));
+}
+
+TEST_F(BookSearch, HitsComeInTheBooksOrder) {
+  AddCollection(u'b', {QStringLiteral("سيب"), QStringLiteral("سيب")});
+  AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب")});
+  EXPECT_EQ(Titles("سيب"), QStringLiteral("t2 t3 t0 t1"));
+}
+
+TEST_F(BookSearch, NoWordsNoHits) {
+  AddCollection(u'a', {QStringLiteral("سيب")});
+  EXPECT_EQ(Titles(""), QString());
+  EXPECT_EQ(Titles("  \u200F "), QString());
+}
+
+TEST_F(BookSearch, ALongParagraphIsShownInPart) {
+  const QString filler = QStringLiteral("واژه ").repeated(2000);
+  AddCollection(u'a', {filler + QStringLiteral("سيب ") + filler});
+  const std::vector<Hit> hits = Hits("سيب");
+  ASSERT_EQ(hits.size(), 1U);
+  EXPECT_LT(hits[0].snippet.size(), 250);
+  EXPECT_TRUE(hits[0].snippet.startsWith(QLatin1String("واژه")) ||
+              hits[0].snippet.startsWith(QStringLiteral("واژه")));
+  EXPECT_EQ(hits[0].snippet.sliced(hits[0].matchStart, hits[0].matchLength), QStringLiteral("سيب"));
+}
+
+TEST_F(BookSearch, EndsWhenToldSo) {
+  AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
+  int hits = 0;
+  SearchBook(maker_.Book(), QStringLiteral("سيب"), [&](Hit&&) { return ++hits < 2; });
+  EXPECT_EQ(hits, 2);
+}
+
+TEST_F(BookSearch, IsCancelledBetweenPages) {
+  AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
+  int hits = 0;
+  SearchBook(
+      maker_.Book(), QStringLiteral("سيب"),
+      [&](Hit&&) {
+        ++hits;
+        return true;
+      },
+      [&] { return hits == 0; });
+  EXPECT_EQ(hits, 1);
+}
+
+TEST_F(BookSearch, PagesOfOtherLetterCaseAndOtherEncodings) {
+  AddCollection(u'a', {QString(), QString(), QString(), QString()});
+  const QString text = PageText(QStringLiteral("t"), {QStringLiteral("سيب")});
+  QFile::remove(maker_.PathOf(QStringLiteral("Data/TXT/P0.htm")));
+  maker_.Write(QStringLiteral("Data/TXT/p0.HTM"), text);
+  maker_.WriteBytes(QStringLiteral("Data/TXT/P1.htm"), BookBytes(text).sliced(2) + 'x');
+  maker_.WriteBytes(QStringLiteral("Data/TXT/P2.htm"), "\xEF\xBB\xBF" + text.toUtf8());
+  QByteArray bigEndian = BookBytes(text);
+  for (qsizetype i = 0; i + 1 < bigEndian.size(); i += 2) std::swap(bigEndian[i], bigEndian[i + 1]);
+  maker_.WriteBytes(QStringLiteral("Data/TXT/P3.htm"), bigEndian);
+  EXPECT_EQ(Hits("سيب").size(), 4U);
+}
+
+TEST_F(BookSearch, PagesThatCantBeReadArePassedOver) {
+  AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
+  QFile::remove(maker_.PathOf(QStringLiteral("Data/TXT/P0.htm")));
+  QFile::remove(maker_.PathOf(QStringLiteral("Data/TXT/P1.htm")));
+  maker_.MakeFolder(QStringLiteral("Data/TXT/P1.htm"));
+  EXPECT_EQ(Titles("سيب"), QStringLiteral("t2"));
+}
+
+TEST_F(BookSearch, WithoutABookThereAreNoHits) { EXPECT_EQ(Titles("سيب"), QString()); }
+
+}  // namespace
+}  // namespace viewer

@@ -1,0 +1,75 @@
+#include "viewer/book/text_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QFile>
+
+#include "tests/viewer/book_maker.h"
+
+namespace viewer {
+namespace {
+
+using viewer_tests::BookBytes;
+using viewer_tests::BookMaker;
+
+TEST(TextFile, LittleEndianWithItsMark) {
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("FFFE3C002C06")), QStringLiteral("<\u062C"));
+}
+
+TEST(TextFile, WithoutAMarkItIsLittleEndian) {
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("3C002C06")), QStringLiteral("<\u062C"));
+}
+
+TEST(TextFile, BigEndianByItsMark) {
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("FEFF003C062C")), QStringLiteral("<\u062C"));
+}
+
+TEST(TextFile, Utf8ByItsMark) {
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("EFBBBF3CD8AC")), QStringLiteral("<\u062C"));
+}
+
+TEST(TextFile, AnOddByteAtTheEndIsDropped) {
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("FFFE3C0041")), QStringLiteral("<"));
+  EXPECT_EQ(DecodeText(QByteArray::fromHex("3C")), QString());
+}
+
+TEST(TextFile, NoBytesAndAMarkAloneAreEmpty) {
+  EXPECT_TRUE(DecodeText({}).isEmpty());
+  EXPECT_TRUE(DecodeText(QByteArray::fromHex("FFFE")).isEmpty());
+}
+
+TEST(TextFile, ReadsAFile) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/TXT/x.htm"), QStringLiteral("متن"));
+  EXPECT_EQ(ReadText(maker.PathOf(QStringLiteral("Data/TXT/x.htm"))), QStringLiteral("متن"));
+}
+
+TEST(TextFile, AFolderOrNothingIsNoText) {
+  const BookMaker maker;
+  EXPECT_FALSE(ReadText(maker.PathOf(QStringLiteral("Data/TXT"))));
+  EXPECT_FALSE(ReadText(maker.PathOf(QStringLiteral("Data/TXT/x.htm"))));
+  EXPECT_FALSE(ReadText(QString()));
+}
+
+TEST(TextFile, APipeIsNoText) {
+  const BookMaker maker;
+  const QString path = maker.PathOf(QStringLiteral("Data/TXT/x.htm"));
+  ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+  EXPECT_FALSE(ReadText(path));
+}
+
+TEST(TextFile, WhatIsBeyondTheBoundIsLeftOut) {
+  const BookMaker maker;
+  const QString path = maker.PathOf(QStringLiteral("Data/TXT/x.htm"));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(file.resize(kLongestText + 1000));
+  file.close();
+  const std::optional<QString> text = ReadText(path);
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->size(), kLongestText / 2);
+}
+
+}  // namespace
+}  // namespace viewer

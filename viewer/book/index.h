@@ -1,0 +1,36 @@
+// Index.xml: which collections the book has.
+#pragma once
+
+#include <QChar>
+#include <QString>
+#include <QStringView>
+#include <vector>
+
+#include "viewer/book/folder.h"
+
+namespace viewer {
+
+struct Collection {
+  QChar row;  // a, b or c
+  int number = 0;
+  bool isGallery = false;
+  QString title;
+};
+
+struct Index {
+  QString credit;
+  std::vector<Collection> collections;  // by row, then by number, each once
+};
+
+// A collection that stands there twice has the title that was written last.
+Index ParseIndex(QStringView text);
+// Empty, with a warning, where the file isn't there.
+Index ReadIndex(const BookFolder& book);
+
+// "Data/_xml/aTitle1.xml": the contents of a text collection, the pictures of a gallery.
+QString FileOf(const Collection& collection);
+
+// The absolute path of the collection's own picture; empty if there is none.
+QString PictureOf(const BookFolder& book, const Collection& collection);
+
+}  // namespace viewer

@@ -1,0 +1,25 @@
+// The files that belong to an entry. The contents tell the extension of the attachment alone; sound
+// and film are known by the page's stem, which all files of an entry share.
+#pragma once
+
+#include <QString>
+
+#include "viewer/book/contents.h"
+#include "viewer/book/folder.h"
+
+namespace viewer {
+
+// Absolute paths; empty where there is none.
+struct Media {
+  QString attachment;
+  QString sound;
+  QString film;
+  QString background;
+};
+
+Media MediaOf(const BookFolder& book, const Node& node);
+
+// The page made for printing, beside the page itself; empty if there is none.
+QString PrintPageOf(const BookFolder& book, const Node& node);
+
+}  // namespace viewer

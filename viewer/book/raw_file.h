@@ -1,0 +1,20 @@
+// A file's bytes with as few calls as can be, for reading thousands of small files.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <vector>
+
+namespace viewer {
+
+class RawFile {
+ public:
+  // The bytes of an ordinary file, up to kLongestText; a link isn't followed. Null if it can't be
+  // read. They last until the next call.
+  QByteArrayView Read(const QString& path);
+
+ private:
+  std::vector<char> buffer_;
+};
+
+}  // namespace viewer

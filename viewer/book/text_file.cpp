@@ -1,0 +1,52 @@
+#include "viewer/book/text_file.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QFileInfo>
+#include <QtDebug>
+#include <QtEndian>
+
+namespace viewer {
+namespace {
+
+constexpr int kUnit = 2;  // bytes
+
+QString FromLittleEndian(QByteArrayView bytes) {
+  QString text(bytes.size() / kUnit, Qt::Uninitialized);
+  qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
+  return text;
+}
+
+QString FromBigEndian(QByteArrayView bytes) {
+  QString text(bytes.size() / kUnit, Qt::Uninitialized);
+  qFromBigEndian<char16_t>(bytes.data(), text.size(), text.data());
+  return text;
+}
+
+}  // namespace
+
+QString DecodeText(QByteArrayView bytes) {
+  if (bytes.startsWith("\xFF\xFE")) return FromLittleEndian(bytes.sliced(2));
+  if (bytes.startsWith("\xFE\xFF")) return FromBigEndian(bytes.sliced(2));
+  if (bytes.startsWith("\xEF\xBB\xBF")) return QString::fromUtf8(bytes.sliced(3));
+  return FromLittleEndian(bytes);
+}
+
+std::optional<QString> ReadText(const QString& path) {
+  // A pipe would wait for a writer, so it isn't even opened.
+  const QFileInfo info(path);
+  QFile file(path);
+  if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
+    qWarning().noquote() << "Can't be read:" << path;
+    return std::nullopt;
+  }
+  if (file.size() > kLongestText) qWarning().noquote() << "Too long, read in part:" << path;
+  const QByteArray bytes = file.read(kLongestText);
+  if (file.error() != QFileDevice::NoError) {
+    qWarning().noquote() << "Read in part:" << path << file.errorString();
+    if (bytes.isEmpty()) return std::nullopt;
+  }
+  return DecodeText(bytes);
+}
+
+}  // namespace viewer

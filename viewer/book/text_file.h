@@ -1,0 +1,20 @@
+// A text file of a book: UTF-16, little-endian, normally with the byte order mark FF FE.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+#include <optional>
+
+namespace viewer {
+
+// In bytes. What a file holds beyond it is left out, with a warning.
+inline constexpr qint64 kLongestText = 64LL * 1024 * 1024;
+
+// Takes either byte order and UTF-8 by their marks; without a mark little-endian. A last odd byte
+// is dropped.
+QString DecodeText(QByteArrayView bytes);
+
+// Nothing, with a warning, where there is no ordinary file or it can't be read.
+std::optional<QString> ReadText(const QString& path);
+
+}  // namespace viewer

@@ -1,0 +1,184 @@
+#include "viewer/collection_page.h"
+
+#include <QPainter>
+#include <QTextCursor>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "viewer/print_page.h"
+
+namespace viewer {
+namespace {
+
+constexpr int kContentsWidth = 310;
+constexpr int kWidestContents = 620;
+constexpr int kMargin = 20;
+constexpr int kTitleHeight = 74;
+
+}  // namespace
+
+CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent)
+    : QWidget(parent),
+      surroundings_(surroundings),
+      contents_(surroundings.look, this),
+      reader_(this),
+      sheets_(&reader_),
+      page_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
+      gallery_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
+      bar_(surroundings, &reader_) {
+  setObjectName(QStringLiteral("collection"));
+  reader_.setObjectName(QStringLiteral("reader"));
+  sheets_.setObjectName(QStringLiteral("sheets"));
+  sheets_.addWidget(&page_);
+  sheets_.addWidget(&gallery_);
+  auto* const rows = new QVBoxLayout(&reader_);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(&sheets_, 1);
+  rows->addWidget(&bar_);
+  contents_.viewport()->setAutoFillBackground(false);
+  contents_.onChosen = [this](int node) {
+    ShowEntry(node);
+    ShowText(true);
+  };
+  // Beside the page the text follows the reader's way through the contents.
+  if (!IsApart()) contents_.onSelected = [this](int node) { ShowEntry(node); };
+  bar_.onStep = [this](int step) { Step(step); };
+  bar_.onZoom = [this](int pixels) { Zoom(pixels); };
+  bar_.onPrint = [this] { Print(); };
+}
+
+void CollectionPage::Load(const Collection& collection) {
+  bar_.Silence();
+  collection_ = collection;
+  picture_ = PictureOf(surroundings_.book, collection);
+  contents_.SetContents(ReadContents(surroundings_.book, collection));
+  current_ = -1;
+}
+
+void CollectionPage::Open(const Collection& collection) {
+  Load(collection);
+  const int first = contents_.Model().NextEntry(-1, 1);
+  if (first >= 0) {
+    ShowEntry(first);
+  } else {
+    page_.ShowNotice(QStringLiteral("در این مجموعه نوشته\u200Cای پیدا نشد."));
+    sheets_.setCurrentWidget(&page_);
+    bar_.ShowEntry({}, false, false);
+  }
+  ShowText(first < 0);
+  contents_.setFocus();
+}
+
+void CollectionPage::OpenAt(const Collection& collection, int node, int part,
+                            const QString& words) {
+  Load(collection);
+  ShowEntry(node, part, words);
+  ShowText(true);
+}
+
+bool CollectionPage::GoBack() {
+  bar_.Silence();
+  if (!IsApart() || !readsText_) return false;
+  ShowText(false);
+  contents_.setFocus();
+  return true;
+}
+
+void CollectionPage::Step(int step) {
+  if (IsApart() && !readsText_) return;
+  const int next = contents_.Model().NextEntry(current_, step);
+  if (next >= 0) ShowEntry(next);
+}
+
+void CollectionPage::Zoom(int pixels) { page_.SetTextPixels(page_.TextPixels() + pixels); }
+
+void CollectionPage::ShowEntry(int node, int part, const QString& words) {
+  const std::vector<Node>& nodes = contents_.Model().Nodes();
+  if (node < 0 || static_cast<std::size_t>(node) >= nodes.size()) return;
+  if (node == current_ && words.isEmpty()) return;
+  current_ = node;
+  contents_.Select(node);
+  const Node& entry = nodes[static_cast<std::size_t>(node)];
+  if (entry.isGallery) {
+    gallery_.ShowGallery(ReadGallery(surroundings_.book, entry.source));
+    sheets_.setCurrentWidget(&gallery_);
+  } else {
+    ShowPage(entry, part, words);
+  }
+  const ContentsModel& model = contents_.Model();
+  bar_.ShowEntry(entry, model.NextEntry(node, -1) >= 0, model.NextEntry(node, 1) >= 0);
+}
+
+void CollectionPage::ShowPage(const Node& node, int part, const QString& words) {
+  std::optional<Page> page = ReadPage(surroundings_.book, node.source);
+  sheets_.setCurrentWidget(&page_);
+  if (!page) {
+    page_.ShowNotice(QStringLiteral("این نوشته در کتاب پیدا نشد."));
+    return;
+  }
+  if (page->title.isEmpty()) page->title = node.label;
+  page_.ShowPage(std::move(*page), MediaOf(surroundings_.book, node).background, part, words);
+}
+
+void CollectionPage::ShowText(bool text) {
+  readsText_ = text;
+  reader_.setVisible(!IsApart() || text);
+  contents_.setVisible(!IsApart() || !text);
+  Arrange();
+  if (IsApart() && text) page_.setFocus();
+  update();
+}
+
+void CollectionPage::Arrange() {
+  if (!IsApart()) {
+    contents_.setGeometry(width() - kContentsWidth, kTitleHeight, kContentsWidth - 6,
+                          height() - kTitleHeight - 6);
+    reader_.setGeometry(0, 0, width() - kContentsWidth - 4, height());
+    return;
+  }
+  reader_.setGeometry(rect());
+  const int wide = std::min(kWidestContents, width() - CoverBox().width() - 3 * kMargin);
+  contents_.setGeometry(width() - kMargin - wide, kMargin + kTitleHeight, wide,
+                        height() - 2 * kMargin - kTitleHeight);
+}
+
+// Where the collection's picture stands beside the contents, in the second template.
+QRect CollectionPage::CoverBox() const {
+  const int high = height() - 2 * kMargin;
+  const int wide = std::min(high * 3 / 4, width() * 2 / 5);
+  const int tall = std::min(high, wide * 4 / 3);
+  return {kMargin, (height() - tall) / 2, wide, tall};
+}
+
+void CollectionPage::resizeEvent(QResizeEvent* /*event*/) { Arrange(); }
+
+void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
+  const Look& look = surroundings_.look;
+  QPainter painter(this);
+  painter.fillRect(rect(), look.panel);
+  if (IsApart() && !readsText_) {
+    const QRect box = CoverBox();
+    const QPixmap cover = surroundings_.pictures.Get(picture_, box.size(), Fit::kCovering, this);
+    cover.isNull() ? DrawPlaceholder(painter, box, look) : DrawCovering(painter, box, cover);
+  }
+  if (IsApart() && readsText_) return;
+  const QRect list = contents_.geometry();
+  painter.setFont(ViewerFont(IsApart() ? 20 : 16, true));
+  painter.setPen(look.accent);
+  const QRect title(list.left() + 8, list.top() - kTitleHeight, list.width() - 16,
+                    kTitleHeight - 10);
+  DrawText(painter, title, AsCaption(collection_.title), 2, Qt::AlignVCenter);
+  painter.fillRect(QRect(list.left() + 8, list.top() - 5, list.width() - 16, 1), look.edge);
+  if (!IsApart()) painter.fillRect(QRect(list.left() - 2, 0, 1, height()), look.edge);
+}
+
+void CollectionPage::Print() {
+  const std::vector<Node>& nodes = contents_.Model().Nodes();
+  if (current_ < 0 || static_cast<std::size_t>(current_) >= nodes.size()) return;
+  const std::unique_ptr<QTextDocument> document = DocumentForPrint(
+      surroundings_.book, nodes[static_cast<std::size_t>(current_)], page_.Shown());
+  surroundings_.outside.print(*document, window());
+}
+
+}  // namespace viewer

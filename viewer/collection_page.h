@@ -1,0 +1,61 @@
+// A text collection: its table of contents, and the entry that is read.
+#pragma once
+
+#include <QStackedWidget>
+#include <QWidget>
+
+#include "viewer/book/index.h"
+#include "viewer/contents_list.h"
+#include "viewer/entry_bar.h"
+#include "viewer/gallery_view.h"
+#include "viewer/page_view.h"
+#include "viewer/surroundings.h"
+
+namespace viewer {
+
+// In the first template the contents stand beside the page, in the second they are a page of their
+// own before the text.
+class CollectionPage : public QWidget {
+ public:
+  CollectionPage(const Surroundings& surroundings, QWidget* parent);
+
+  void Open(const Collection& collection);
+  // At an entry that a search has found.
+  void OpenAt(const Collection& collection, int node, int part, const QString& words);
+
+  // From the text to the contents, where these are a page of their own; false if there is nowhere
+  // to go back to but the index.
+  bool GoBack();
+  void Step(int step);
+  void Zoom(int pixels);
+  void Silence() { bar_.Silence(); }
+  int Current() const { return current_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Load(const Collection& collection);
+  void ShowEntry(int node, int part = -1, const QString& words = {});
+  void ShowPage(const Node& node, int part, const QString& words);
+  void ShowText(bool text);
+  void Print();
+  bool IsApart() const { return surroundings_.look.dark; }
+  QRect CoverBox() const;
+  void Arrange();
+
+  const Surroundings& surroundings_;
+  Collection collection_;
+  QString picture_;
+  int current_ = -1;
+  bool readsText_ = false;
+  ContentsList contents_;
+  QWidget reader_;
+  QStackedWidget sheets_;
+  PageView page_;
+  GalleryView gallery_;
+  EntryBar bar_;
+};
+
+}  // namespace viewer

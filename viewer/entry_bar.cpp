@@ -1,0 +1,143 @@
+#include "viewer/entry_bar.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace viewer {
+namespace {
+
+const QString& SoundCaption() {
+  static const QString kCaption = QStringLiteral("صدا");
+  return kCaption;
+}
+
+// Files that a machine runs when it opens them.
+bool RunsWhenOpened(const QString& path) {
+  static const QStringList kExtensions = {
+      QStringLiteral("exe"),      QStringLiteral("com"), QStringLiteral("bat"),
+      QStringLiteral("cmd"),      QStringLiteral("msi"), QStringLiteral("scr"),
+      QStringLiteral("pif"),      QStringLiteral("vbs"), QStringLiteral("js"),
+      QStringLiteral("jse"),      QStringLiteral("wsf"), QStringLiteral("ps1"),
+      QStringLiteral("lnk"),      QStringLiteral("hta"), QStringLiteral("jar"),
+      QStringLiteral("sh"),       QStringLiteral("run"), QStringLiteral("desktop"),
+      QStringLiteral("appimage"), QStringLiteral("reg"), QStringLiteral("cpl"),
+      QStringLiteral("py")};
+  return kExtensions.contains(QFileInfo(path).suffix().toLower());
+}
+
+}  // namespace
+
+EntryBar::EntryBar(const Surroundings& surroundings, QWidget* parent)
+    : QWidget(parent),
+      surroundings_(surroundings),
+      previous_(QStringLiteral("previous"), QStringLiteral("قبلی"), surroundings.look,
+                FlatButton::Place::kPage, this),
+      next_(QStringLiteral("next"), QStringLiteral("بعدی"), surroundings.look,
+            FlatButton::Place::kPage, this),
+      attachment_(QStringLiteral("attachment"), QStringLiteral("پیوست"), surroundings.look,
+                  FlatButton::Place::kPage, this),
+      sound_(QStringLiteral("sound"), SoundCaption(), surroundings.look, FlatButton::Place::kPage,
+             this),
+      film_(QStringLiteral("film"), QStringLiteral("فیلم"), surroundings.look,
+            FlatButton::Place::kPage, this),
+      print_(QStringLiteral("print"), QStringLiteral("چاپ"), surroundings.look,
+             FlatButton::Place::kPage, this),
+      smaller_(QStringLiteral("smaller"), QStringLiteral("ریزتر"), surroundings.look,
+               FlatButton::Place::kPage, this),
+      larger_(QStringLiteral("larger"), QStringLiteral("درشت\u200Cتر"), surroundings.look,
+              FlatButton::Place::kPage, this) {
+  setObjectName(QStringLiteral("entryBar"));
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(12, 7, 12, 7);
+  row->setSpacing(8);
+  row->addWidget(&previous_);
+  row->addStretch(1);
+  for (FlatButton* button : {&attachment_, &sound_, &film_, &print_, &smaller_, &larger_}) {
+    row->addWidget(button);
+  }
+  row->addStretch(1);
+  row->addWidget(&next_);
+  print_.setVisible(surroundings.settings.print);
+  QObject::connect(&previous_, &QAbstractButton::clicked, this, [this] { onStep(-1); });
+  QObject::connect(&next_, &QAbstractButton::clicked, this, [this] { onStep(1); });
+  QObject::connect(&attachment_, &QAbstractButton::clicked, this, [this] { OpenAttachment(); });
+  QObject::connect(&sound_, &QAbstractButton::clicked, this, [this] { SwitchSound(); });
+  QObject::connect(&film_, &QAbstractButton::clicked, this, [this] { ShowFilm(); });
+  QObject::connect(&print_, &QAbstractButton::clicked, this, [this] { onPrint(); });
+  QObject::connect(&smaller_, &QAbstractButton::clicked, this, [this] { onZoom(-2); });
+  QObject::connect(&larger_, &QAbstractButton::clicked, this, [this] { onZoom(2); });
+}
+
+void EntryBar::ShowEntry(const Node& node, bool hasPrevious, bool hasNext) {
+  Silence();
+  node_ = node;
+  // The nodes of galleries may name files that were never made.
+  media_ = node.isGallery ? Media() : MediaOf(surroundings_.book, node);
+  const bool isPage = !node.isGallery;
+  attachment_.setVisible(isPage && node.hasAttachment);
+  sound_.setVisible(isPage && node.hasSound);
+  film_.setVisible(isPage && node.hasFilm);
+  print_.setVisible(isPage && surroundings_.settings.print);
+  smaller_.setVisible(isPage);
+  larger_.setVisible(isPage);
+  previous_.setEnabled(hasPrevious);
+  next_.setEnabled(hasNext);
+}
+
+bool EntryBar::IsThere(const QString& path, const QString& what) {
+  if (!path.isEmpty()) return true;
+  Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد."));
+  return false;
+}
+
+void EntryBar::OpenAttachment() {
+  if (!IsThere(media_.attachment, QStringLiteral("پیوست"))) return;
+  if (node_.attachmentIsProgram || RunsWhenOpened(media_.attachment)) return StartProgram();
+  if (!surroundings_.outside.openFile(media_.attachment)) {
+    Tell(window(), QStringLiteral("برنامه\u200Cای برای باز کردن این پیوست پیدا نشد."));
+  }
+}
+
+void EntryBar::StartProgram() {
+  const QString question = QStringLiteral("پیوست این نوشته یک برنامه است:\n") +
+                           QFileInfo(media_.attachment).fileName() +
+                           QStringLiteral("\n\nآیا اجرا شود؟");
+  if (!Ask(window(), question)) return;
+  if (!surroundings_.outside.startProgram(media_.attachment)) {
+    Tell(window(), QStringLiteral("این برنامه را در این رایانه نمی\u200Cتوان اجرا کرد."));
+  }
+}
+
+void EntryBar::SwitchSound() {
+  if (sounds_) return Silence();
+  if (!IsThere(media_.sound, QStringLiteral("صدای"))) return;
+  if (!player_) {
+    player_ = surroundings_.outside.makePlayer();
+    player_->onEnd = [this](bool played) {
+      if (!sounds_) return;
+      Silence();
+      if (!played) Tell(window(), QStringLiteral("این صدا را نمی\u200Cتوان پخش کرد."));
+    };
+  }
+  surroundings_.hushMusic(true);
+  sounds_ = true;
+  sound_.SetCaption(QStringLiteral("قطع صدا"));
+  player_->Play(media_.sound);
+}
+
+void EntryBar::Silence() {
+  if (!sounds_) return;
+  sounds_ = false;
+  player_->Stop();
+  sound_.SetCaption(SoundCaption());
+  surroundings_.hushMusic(false);
+}
+
+void EntryBar::ShowFilm() {
+  if (!IsThere(media_.film, QStringLiteral("فیلم"))) return;
+  Silence();
+  surroundings_.outside.showFilm(media_.film, AsCaption(node_.label), window());
+}
+
+}  // namespace viewer

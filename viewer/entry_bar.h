@@ -1,0 +1,49 @@
+// The bar below a page: next and previous, what belongs to the entry, size of the text, printing.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "viewer/book/contents.h"
+#include "viewer/book/media.h"
+#include "viewer/flat_button.h"
+#include "viewer/surroundings.h"
+
+namespace viewer {
+
+class EntryBar : public QWidget {
+ public:
+  EntryBar(const Surroundings& surroundings, QWidget* parent);
+
+  std::function<void(int step)> onStep;
+  std::function<void(int pixels)> onZoom;
+  std::function<void()> onPrint;
+
+  // What sounds is silenced.
+  void ShowEntry(const Node& node, bool hasPrevious, bool hasNext);
+  void Silence();
+
+ private:
+  void OpenAttachment();
+  void StartProgram();
+  void SwitchSound();
+  void ShowFilm();
+  bool IsThere(const QString& path, const QString& what);
+
+  const Surroundings& surroundings_;
+  Node node_;
+  Media media_;
+  std::unique_ptr<Player> player_;
+  bool sounds_ = false;
+  FlatButton previous_;
+  FlatButton next_;
+  FlatButton attachment_;
+  FlatButton sound_;
+  FlatButton film_;
+  FlatButton print_;
+  FlatButton smaller_;
+  FlatButton larger_;
+};
+
+}  // namespace viewer

@@ -1,0 +1,57 @@
+#include "viewer/film_window.h"
+
+#include <QDebug>
+#include <QKeyEvent>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "viewer/look.h"
+
+namespace viewer {
+
+FilmWindow::FilmWindow(const QString& path, const QString& title, QWidget* parent)
+    : QWidget(parent, Qt::Window) {
+  setObjectName(QStringLiteral("film"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setWindowTitle(title);
+  resize(800, 500);
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(&video_, 1);
+  rows->addWidget(&message_);
+  video_.setObjectName(QStringLiteral("filmPicture"));
+  message_.setObjectName(QStringLiteral("filmMessage"));
+  message_.setFont(ViewerFont(kCaptionPixels));
+  message_.setAlignment(Qt::AlignCenter);
+  message_.hide();
+  player_.setAudioOutput(&output_);
+  player_.setVideoOutput(&video_);
+  QObject::connect(&player_, &QMediaPlayer::errorOccurred, this,
+                   [this](QMediaPlayer::Error, const QString& what) {
+                     qWarning() << "film can't be played:" << player_.source() << what;
+                     message_.setText(QStringLiteral("این فیلم را نمی\u200Cتوان پخش کرد."));
+                     message_.show();
+                   });
+  player_.setSource(QUrl::fromLocalFile(path));
+  player_.play();
+}
+
+void FilmWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space) return SwitchPause();
+  if (event->key() == Qt::Key_F) return SwitchFullScreen();
+  if (event->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void FilmWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) { SwitchFullScreen(); }
+
+void FilmWindow::SwitchPause() {
+  player_.playbackState() == QMediaPlayer::PlayingState ? player_.pause() : player_.play();
+}
+
+void FilmWindow::SwitchFullScreen() { isFullScreen() ? showNormal() : showFullScreen(); }
+
+}  // namespace viewer

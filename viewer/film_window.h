@@ -1,0 +1,31 @@
+// The window in which the film of an entry runs.
+#pragma once
+
+#include <QAudioOutput>
+#include <QLabel>
+#include <QMediaPlayer>
+#include <QVideoWidget>
+#include <QWidget>
+
+namespace viewer {
+
+// Plays at once. The space bar pauses, F and a double click fill the screen, Esc ends.
+class FilmWindow : public QWidget {
+ public:
+  FilmWindow(const QString& path, const QString& title, QWidget* parent);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void SwitchPause();
+  void SwitchFullScreen();
+
+  QVideoWidget video_;
+  QLabel message_;
+  QAudioOutput output_;
+  QMediaPlayer player_;
+};
+
+}  // namespace viewer

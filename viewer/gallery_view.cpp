@@ -1,0 +1,145 @@
+#include "viewer/gallery_view.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include "viewer/picture_show.h"
+
+namespace viewer {
+namespace {
+
+constexpr QSize kCell(210, 212);
+constexpr int kPictureHeight = 146;
+
+}  // namespace
+
+class GalleryView::Model : public QAbstractListModel {
+ public:
+  using QAbstractListModel::QAbstractListModel;
+
+  void SetGallery(std::vector<Picture> gallery) {
+    beginResetModel();
+    pictures = std::move(gallery);
+    endResetModel();
+  }
+  int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(pictures.size());
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row >= pictures.size()) return {};
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return AsCaption(pictures[row].title);
+    return {};
+  }
+
+  std::vector<Picture> pictures;
+};
+
+class GalleryView::Painter : public QStyledItemDelegate {
+ public:
+  explicit Painter(GalleryView& view) : QStyledItemDelegate(&view), view_(view) {}
+
+  QSize sizeHint(const QStyleOptionViewItem& /*option*/,
+                 const QModelIndex& /*index*/) const override {
+    return kCell;
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    const Look& look = view_.look_;
+    const Picture& picture = view_.model_->pictures[static_cast<std::size_t>(index.row())];
+    const bool chosen = (option.state & (QStyle::State_Selected | QStyle::State_MouseOver)) != 0;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(look.card);
+    painter->setPen(chosen ? QPen(look.accent, 2.5) : QPen(look.edge, 1));
+    const QRect card = option.rect.adjusted(6, 6, -6, -6);
+    painter->drawRoundedRect(card, 8, 8);
+    QRect box(card.left() + 8, card.top() + 8, card.width() - 16, kPictureHeight - 8);
+    PaintPicture(*painter, box, picture);
+    painter->setPen(look.ink);
+    painter->setFont(ViewerFont(13));
+    const QRect words(box.left(), box.bottom() + 4, box.width(), card.bottom() - box.bottom() - 8);
+    DrawText(*painter, words, index.data().toString(), 2, Qt::AlignHCenter | Qt::AlignVCenter);
+    painter->restore();
+  }
+
+ private:
+  void PaintPicture(QPainter& painter, const QRect& box, const Picture& picture) const {
+    const QString path = view_.book_.Resolve(picture.path);
+    const QPixmap shown = view_.pictures_.Get(path, box.size(), Fit::kInside, view_.viewport());
+    if (!shown.isNull()) {
+      const QSizeF size = shown.deviceIndependentSize();
+      painter.drawPixmap(QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2),
+                         shown);
+      return;
+    }
+    DrawPlaceholder(painter, box, view_.look_);
+    if (!path.isEmpty() && !view_.pictures_.IsBroken(path)) return;
+    painter.setPen(Qt::white);
+    painter.setFont(ViewerFont(13));
+    DrawText(painter, box.adjusted(4, 4, -4, -6), QStringLiteral("این تصویر پیدا نشد"), 1,
+             Qt::AlignHCenter | Qt::AlignBottom);
+  }
+
+  GalleryView& view_;
+};
+
+GalleryView::GalleryView(const BookFolder& book, const Look& look, Pictures& pictures,
+                         QWidget* parent)
+    : QListView(parent), book_(book), look_(look), pictures_(pictures), model_(new Model(this)) {
+  setObjectName(QStringLiteral("gallery"));
+  setAccessibleName(QStringLiteral("نگارخانه"));
+  setFrameShape(QFrame::NoFrame);
+  setViewMode(QListView::IconMode);
+  setMovement(QListView::Static);
+  setResizeMode(QListView::Adjust);
+  setUniformItemSizes(true);
+  setGridSize(kCell);
+  setMouseTracking(true);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  viewport()->setAutoFillBackground(false);
+  setItemDelegate(new Painter(*this));
+  setModel(model_);
+  QObject::connect(this, &QListView::clicked, this,
+                   [this](const QModelIndex& index) { OpenPicture(index.row()); });
+}
+
+GalleryView::~GalleryView() = default;
+
+void GalleryView::ShowGallery(std::vector<Picture> gallery) {
+  model_->SetGallery(std::move(gallery));
+  scrollToTop();
+  if (!model_->pictures.empty()) setCurrentIndex(model_->index(0));
+}
+
+void GalleryView::OpenPicture(int number) {
+  if (number < 0 || static_cast<std::size_t>(number) >= model_->pictures.size()) return;
+  auto* const show = new PictureShow(book_, look_, model_->pictures, number, window());
+  show->onLeft = [this](int last) { setCurrentIndex(model_->index(last)); };
+  show->showFullScreen();
+}
+
+void GalleryView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+      event->key() == Qt::Key_Space) {
+    return OpenPicture(currentIndex().row());
+  }
+  QListView::keyPressEvent(event);
+}
+
+void GalleryView::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (!model_->pictures.empty()) return;
+  QPainter painter(viewport());
+  painter.setPen(look_.faint);
+  painter.setFont(ViewerFont(kHeadingPixels));
+  DrawText(painter, viewport()->rect().adjusted(20, 20, -20, -20),
+           QStringLiteral("در این نگارخانه تصویری پیدا نشد."), 2,
+           Qt::AlignHCenter | Qt::AlignVCenter);
+}
+
+}  // namespace viewer

@@ -1,0 +1,38 @@
+// The pictures of a gallery as thumbnails; a click or Enter shows one over the whole screen.
+#pragma once
+
+#include <QListView>
+#include <functional>
+#include <vector>
+
+#include "viewer/book/folder.h"
+#include "viewer/book/gallery.h"
+#include "viewer/look.h"
+#include "viewer/pictures.h"
+
+namespace viewer {
+
+class GalleryView : public QListView {
+ public:
+  GalleryView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent);
+  ~GalleryView() override;
+
+  void ShowGallery(std::vector<Picture> gallery);
+  // Over the whole screen.
+  void OpenPicture(int number);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  class Model;
+  class Painter;
+
+  const BookFolder& book_;
+  const Look& look_;
+  Pictures& pictures_;
+  Model* model_;
+};
+
+}  // namespace viewer

@@ -1,0 +1,195 @@
+#include "viewer/look.h"
+
+#include <QFontDatabase>
+#include <QLinearGradient>
+#include <QPolygonF>
+#include <QTextLayout>
+#include <QTextOption>
+#include <QtMath>
+#include <algorithm>
+
+namespace viewer {
+namespace {
+
+constexpr int kLongestCaption = 400;
+
+Look PaperLook() {
+  Look look;
+  look.ground = QColor(0xf4, 0xea, 0xd2);
+  look.veil = QColor(0xfb, 0xf5, 0xe6, 60);
+  look.bar = QColor(0x1f, 0x4e, 0x5a);
+  look.onBar = QColor(0xfd, 0xf8, 0xea);
+  look.panel = QColor(0xfd, 0xf9, 0xee, 225);
+  look.card = QColor(0xff, 0xfd, 0xf6);
+  look.edge = QColor(0xd6, 0xbf, 0x8d);
+  look.ink = QColor(0x2d, 0x23, 0x18);
+  look.faint = QColor(0x75, 0x64, 0x4a);
+  look.accent = QColor(0x1f, 0x6b, 0x75);
+  look.onAccent = QColor(0xff, 0xff, 0xff);
+  look.paper = QColor(0xff, 0xfc, 0xf3);
+  return look;
+}
+
+Look DarkLook() {
+  Look look;
+  look.dark = true;
+  look.ground = QColor(0x12, 0x17, 0x20);
+  look.veil = QColor(0x0d, 0x13, 0x1f, 228);
+  look.bar = QColor(0x0b, 0x0f, 0x16);
+  look.onBar = QColor(0xf1, 0xe9, 0xd8);
+  look.panel = QColor(0x1a, 0x21, 0x2d, 225);
+  look.card = QColor(0x22, 0x2b, 0x39);
+  look.edge = QColor(0x3b, 0x47, 0x59);
+  look.ink = QColor(0xec, 0xe7, 0xdb);
+  look.faint = QColor(0xa9, 0xb1, 0xbd);
+  look.accent = QColor(0xe0, 0xae, 0x55);
+  look.onAccent = QColor(0x1b, 0x15, 0x0a);
+  look.paper = QColor(0x17, 0x1d, 0x27);
+  return look;
+}
+
+// The lines of the text in this width; more than `lines` are never laid out.
+std::vector<QTextLine> LayOut(QTextLayout& layout, int width, int lines) {
+  std::vector<QTextLine> made;
+  layout.beginLayout();
+  qreal y = 0;
+  while (static_cast<int>(made.size()) < lines) {
+    QTextLine line = layout.createLine();
+    if (!line.isValid()) break;
+    line.setLineWidth(width);
+    line.setPosition({0, y});
+    y += line.height();
+    made.push_back(line);
+  }
+  layout.endLayout();
+  return made;
+}
+
+QTextOption OptionOf(Qt::Alignment alignment) {
+  const bool centred = (alignment & Qt::AlignHCenter) != 0;
+  QTextOption option(centred ? Qt::AlignHCenter : Qt::AlignRight);
+  option.setTextDirection(Qt::RightToLeft);
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  return option;
+}
+
+bool IsWhole(const std::vector<QTextLine>& lines, const QString& text) {
+  return lines.empty() || lines.back().textStart() + lines.back().textLength() >= text.size();
+}
+
+// The text with its last line cut to fit.
+QString Shortened(const QFont& font, const QString& text, const QTextLine& last, int width) {
+  const int start = last.textStart();
+  return text.left(start) +
+         QFontMetrics(font).elidedText(text.mid(start), Qt::ElideRight, width - 2);
+}
+
+// A family that isn't there, first in the list, makes the toolkit sort all of the machine's fonts,
+// a tenth of the work of the start.
+const QStringList& Families() {
+  static const QStringList kFamilies = [] {
+    const QString wanted = QStringLiteral("Tahoma");
+    const QString other = QStringLiteral("DejaVu Sans");
+    return QFontDatabase::hasFamily(wanted) ? QStringList{wanted, other} : QStringList{other};
+  }();
+  return kFamilies;
+}
+
+}  // namespace
+
+const Look& LookOf(int layout) {
+  static const Look kPaper = PaperLook();
+  static const Look kDark = DarkLook();
+  return layout == 2 ? kDark : kPaper;
+}
+
+QPalette PaletteOf(const Look& look) {
+  QPalette palette(look.dark ? look.card : look.ground);
+  palette.setColor(QPalette::Window, look.ground);
+  palette.setColor(QPalette::WindowText, look.ink);
+  palette.setColor(QPalette::Base, look.paper);
+  palette.setColor(QPalette::AlternateBase, look.card);
+  palette.setColor(QPalette::Text, look.ink);
+  palette.setColor(QPalette::ButtonText, look.ink);
+  palette.setColor(QPalette::PlaceholderText, look.faint);
+  palette.setColor(QPalette::Highlight, look.accent);
+  palette.setColor(QPalette::HighlightedText, look.onAccent);
+  palette.setColor(QPalette::ToolTipBase, look.card);
+  palette.setColor(QPalette::ToolTipText, look.ink);
+  return palette;
+}
+
+QFont ViewerFont(int pixels, bool bold) {
+  QFont font;
+  font.setFamilies(Families());
+  font.setPixelSize(pixels);
+  font.setBold(bold);
+  return font;
+}
+
+QString PersianNumber(qint64 number) {
+  QString digits = QString::number(number);
+  for (QChar& digit : digits) {
+    if (digit.isDigit()) digit = QChar(0x06F0 + digit.digitValue());
+  }
+  return digits;
+}
+
+QString AsCaption(const QString& text) {
+  QString caption = text.left(kLongestCaption).simplified();
+  if (text.size() > kLongestCaption) caption += QChar(0x2026);
+  return caption;
+}
+
+void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,
+              Qt::Alignment alignment) {
+  if (box.width() <= 0 || text.isEmpty()) return;
+  QTextLayout layout(text, painter.font());
+  layout.setTextOption(OptionOf(alignment));
+  std::vector<QTextLine> made = LayOut(layout, box.width(), lines);
+  if (!IsWhole(made, text)) {
+    layout.setText(Shortened(painter.font(), text, made.back(), box.width()));
+    made = LayOut(layout, box.width(), lines);
+  }
+  if (made.empty()) return;
+  const qreal height = made.back().y() + made.back().height();
+  qreal top = box.top();
+  if ((alignment & Qt::AlignVCenter) != 0) top += (box.height() - height) / 2;
+  if ((alignment & Qt::AlignBottom) != 0) top += box.height() - height;
+  for (const QTextLine& line : made) line.draw(&painter, {qreal(box.left()), top});
+}
+
+void DrawCovering(QPainter& painter, const QRect& box, const QPixmap& picture) {
+  if (picture.isNull() || box.isEmpty()) return;
+  const QSizeF whole = picture.size();
+  const QSizeF part =
+      QSizeF(box.size()).scaled(whole, Qt::KeepAspectRatio);  // the most that has the box's shape
+  const QRectF source(
+      QPointF((whole.width() - part.width()) / 2, (whole.height() - part.height()) / 2), part);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(QRectF(box), picture, source);
+}
+
+void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look) {
+  QLinearGradient ground(box.topRight(), box.bottomLeft());
+  const QColor deep = look.dark ? QColor(0x2b, 0x3a, 0x4f) : QColor(0x2c, 0x6a, 0x74);
+  ground.setColorAt(0, deep);
+  ground.setColorAt(1, deep.darker(150));
+  painter.fillRect(box, ground);
+  const QPointF middle = QRectF(box).center();
+  const double radius = std::min(box.width(), box.height()) * 0.28;
+  QPolygonF star;
+  for (int i = 0; i < 16; ++i) {
+    const double angle = i * M_PI / 8;
+    const double reach = i % 2 == 0 ? radius : radius * 0.765;
+    star << middle + QPointF(reach * qCos(angle), reach * qSin(angle));
+  }
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(0xf0, 0xd9, 0x9c, 200), 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolygon(star);
+  painter.restore();
+}
+
+}  // namespace viewer

@@ -1,0 +1,58 @@
+// How the two templates of a book look: colours, fonts, and texts drawn from right to left.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+
+namespace viewer {
+
+// The colours of one template. The first is a light paper, the second a dark room.
+struct Look {
+  bool dark = false;
+  QColor ground;    // behind everything
+  QColor veil;      // over the book's backdrop, so that texts stay readable
+  QColor bar;       // the bar at the top
+  QColor onBar;     // texts on it
+  QColor panel;     // shelves, lists
+  QColor card;      // a collection
+  QColor edge;      // thin lines
+  QColor ink;       // texts
+  QColor faint;     // lesser texts
+  QColor accent;    // what is chosen or pointed at
+  QColor onAccent;  // texts on it
+  QColor paper;     // behind the text of a page
+};
+
+// For 1 and 2, as the book's settings count them.
+const Look& LookOf(int layout);
+QPalette PaletteOf(const Look& look);
+
+// The font of every text, of this height in pixels.
+QFont ViewerFont(int pixels, bool bold = false);
+
+inline constexpr int kCaptionPixels = 15;
+inline constexpr int kHeadingPixels = 19;
+
+// With Persian digits.
+QString PersianNumber(qint64 number);
+
+// A text of the book as one line of bounded length, for lists and cards.
+QString AsCaption(const QString& text);
+
+// Draws at most `lines` lines from right to left, the last one shortened where the text is longer.
+// Qt::AlignHCenter centres the lines, Qt::AlignVCenter and Qt::AlignBottom place them in the box.
+void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,
+              Qt::Alignment alignment);
+
+// Fills the box with the middle of the picture.
+void DrawCovering(QPainter& painter, const QRect& box, const QPixmap& picture);
+
+// What stands where a picture isn't there, or not yet: an eight-pointed star on a coloured ground.
+void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look);
+
+}  // namespace viewer

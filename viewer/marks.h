@@ -1,0 +1,20 @@
+// Where the words of a search stand in a text.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace viewer {
+
+struct Mark {
+  qsizetype start = 0;
+  qsizetype length = 0;
+};
+
+// The words of what the reader typed, folded.
+QStringList WordsOf(const QString& typed);
+// In the order of the text, without overlap; the first 100.
+std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords);
+
+}  // namespace viewer

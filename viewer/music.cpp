@@ -1,0 +1,56 @@
+#include "viewer/music.h"
+
+#include <QDebug>
+
+namespace viewer {
+
+Music::Music(const QStringList& tracks, std::function<std::unique_ptr<Player>()> makePlayer)
+    : tracks_(tracks), makePlayer_(std::move(makePlayer)) {}
+
+void Music::SwitchOn() {
+  if (on_ || tracks_.isEmpty()) return;
+  on_ = true;
+  failures_ = 0;
+  if (hushed_) return;
+  begun_ ? player_->Resume() : PlayCurrent();
+}
+
+void Music::SwitchOff() {
+  if (on_ && player_ && !hushed_) player_->Pause();
+  on_ = false;
+}
+
+void Music::Hush(bool hushed) {
+  if (hushed_ == hushed) return;
+  hushed_ = hushed;
+  if (!on_) return;
+  if (hushed_) {
+    if (player_) player_->Pause();
+  } else {
+    begun_ ? player_->Resume() : PlayCurrent();
+  }
+}
+
+void Music::PlayCurrent() {
+  if (!player_) {
+    player_ = makePlayer_();
+    player_->onEnd = [this](bool played) { OnEnd(played); };
+  }
+  begun_ = true;
+  player_->Play(tracks_[current_]);
+}
+
+void Music::OnEnd(bool played) {
+  failures_ = played ? 0 : failures_ + 1;
+  current_ = (current_ + 1) % tracks_.size();
+  begun_ = false;
+  if (failures_ >= tracks_.size()) {
+    qWarning() << "none of the music tracks can be played";
+    on_ = false;
+    if (onGivenUp) onGivenUp();
+    return;
+  }
+  if (on_ && !hushed_) PlayCurrent();
+}
+
+}  // namespace viewer

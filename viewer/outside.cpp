@@ -1,0 +1,43 @@
+#include "viewer/outside.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProcess>
+#include <QUrl>
+
+#include "viewer/film_window.h"
+#include "viewer/media_player.h"
+#include "viewer/surroundings.h"
+
+namespace viewer {
+namespace {
+
+bool OpenFile(const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }
+
+bool StartProgram(const QString& path) {
+  return QProcess::startDetached(path, {}, QFileInfo(path).absolutePath());
+}
+
+void ShowFilm(const QString& path, const QString& title, QWidget* parent) {
+  // The toolkit's player wants a sound card for a film, too.
+  if (!CanPlaySounds()) {
+    return Tell(parent, QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد."));
+  }
+  auto* const film = new FilmWindow(path, title, parent);  // deletes itself when closed
+  film->show();
+}
+
+void Print(QTextDocument& document, QWidget* parent) {
+  QPrinter printer(QPrinter::HighResolution);
+  QPrintDialog dialog(&printer, parent);
+  dialog.setObjectName(QStringLiteral("printDialog"));
+  if (dialog.exec() == QDialog::Accepted) document.print(&printer);
+}
+
+}  // namespace
+
+Outside TheMachine() { return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print}; }
+
+}  // namespace viewer

@@ -1,0 +1,38 @@
+// What the viewer asks of the machine beyond its own windows. Tests put their own functions here.
+#pragma once
+
+#include <QString>
+#include <QTextDocument>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+namespace viewer {
+
+// Plays one sound at a time. Without a sound card it plays nothing and fails at nothing.
+class Player {
+ public:
+  virtual ~Player() = default;
+  virtual void Play(const QString& path) = 0;
+  virtual void Pause() = 0;
+  virtual void Resume() = 0;
+  virtual void Stop() = 0;
+
+  // The sound has come to its end (true), or can't be played (false).
+  std::function<void(bool)> onEnd;
+};
+
+struct Outside {
+  // With the program that the machine has for it; false if there is none.
+  std::function<bool(const QString& path)> openFile;
+  // Starts it in its own folder and doesn't wait for it.
+  std::function<bool(const QString& path)> startProgram;
+  std::function<void(const QString& path, const QString& title, QWidget* parent)> showFilm;
+  std::function<std::unique_ptr<Player>()> makePlayer;
+  // Asks for a printer first.
+  std::function<void(QTextDocument& document, QWidget* parent)> print;
+};
+
+Outside TheMachine();
+
+}  // namespace viewer

@@ -1,0 +1,129 @@
+#include "viewer/picture_show.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace viewer {
+namespace {
+
+constexpr int kTitleBand = 84;
+
+}  // namespace
+
+PictureShow::PictureShow(const BookFolder& book, const Look& /*look*/, std::vector<Picture> gallery,
+                         int first, QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      book_(book),
+      gallery_(std::move(gallery)),
+      current_(first),
+      next_(QStringLiteral("nextPicture"), QStringLiteral("بعدی"), LookOf(2),
+            FlatButton::Place::kBar, this),
+      previous_(QStringLiteral("previousPicture"), QStringLiteral("قبلی"), LookOf(2),
+                FlatButton::Place::kBar, this),
+      close_(QStringLiteral("closePicture"), QStringLiteral("بستن"), LookOf(2),
+             FlatButton::Place::kBar, this) {
+  setObjectName(QStringLiteral("pictureShow"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setFocusPolicy(Qt::StrongFocus);
+  for (FlatButton* button : {&next_, &previous_, &close_}) button->setFocusPolicy(Qt::NoFocus);
+  QObject::connect(&next_, &QAbstractButton::clicked, this, [this] { Step(1); });
+  QObject::connect(&previous_, &QAbstractButton::clicked, this, [this] { Step(-1); });
+  QObject::connect(&close_, &QAbstractButton::clicked, this, [this] { close(); });
+  pictures_.Start();
+  GoTo(first);
+}
+
+void PictureShow::Step(int step) { GoTo(current_ + step); }
+
+void PictureShow::GoTo(int number) {
+  current_ = std::clamp(number, 0, static_cast<int>(gallery_.size()) - 1);
+  const QString title = AsCaption(gallery_[static_cast<std::size_t>(current_)].title);
+  setWindowTitle(title);
+  setAccessibleName(title);
+  previous_.setEnabled(current_ > 0);
+  next_.setEnabled(current_ + 1 < static_cast<int>(gallery_.size()));
+  update();
+}
+
+void PictureShow::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor(10, 11, 14));
+  const QRect box = rect().adjusted(20, 20, -20, -kTitleBand);
+  const QString path = book_.Resolve(gallery_[static_cast<std::size_t>(current_)].path);
+  const QPixmap shown = pictures_.Get(path, box.size(), Fit::kInside, this);
+  if (!shown.isNull()) {
+    const QSizeF size = shown.deviceIndependentSize();
+    painter.drawPixmap(QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2), shown);
+  } else if (path.isEmpty() || pictures_.IsBroken(path)) {
+    painter.setPen(QColor(220, 220, 220));
+    painter.setFont(ViewerFont(kHeadingPixels));
+    DrawText(painter, box, QStringLiteral("این تصویر پیدا نشد."), 1,
+             Qt::AlignHCenter | Qt::AlignVCenter);
+  }
+  PaintTitle(painter);
+}
+
+void PictureShow::PaintTitle(QPainter& painter) {
+  const QRect band(0, height() - kTitleBand, width(), kTitleBand);
+  const int beside = next_.x() + next_.width() + 16;
+  painter.setFont(ViewerFont(17));
+  painter.setPen(Qt::white);
+  DrawText(painter, band.adjusted(beside, 8, -(width() - close_.x() + 16), -8),
+           AsCaption(gallery_[static_cast<std::size_t>(current_)].title), 2,
+           Qt::AlignHCenter | Qt::AlignVCenter);
+  painter.setFont(ViewerFont(13));
+  painter.setPen(QColor(190, 190, 190));
+  const QString place = PersianNumber(current_ + 1) + QStringLiteral(" از ") +
+                        PersianNumber(static_cast<qint64>(gallery_.size()));
+  DrawText(painter, {close_.x() - 130, band.top(), 114, band.height()}, place, 1, Qt::AlignVCenter);
+}
+
+void PictureShow::resizeEvent(QResizeEvent* /*event*/) {
+  for (FlatButton* button : {&next_, &previous_, &close_}) button->resize(button->sizeHint());
+  const int top = height() - kTitleBand + (kTitleBand - next_.height()) / 2;
+  previous_.move(20 + next_.width() + 8, top);
+  next_.move(20, top);
+  close_.move(width() - 20 - close_.width(), top);
+}
+
+// No key means here what it means in the window below.
+bool PictureShow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) event->accept();
+  return QWidget::event(event);
+}
+
+void PictureShow::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+    case Qt::Key_PageDown:
+    case Qt::Key_Space:
+      return Step(1);
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+    case Qt::Key_Backspace:
+      return Step(-1);
+    case Qt::Key_Home:
+      return GoTo(0);
+    case Qt::Key_End:
+      return GoTo(static_cast<int>(gallery_.size()) - 1);
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+      close();
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void PictureShow::wheelEvent(QWheelEvent* event) { Step(event->angleDelta().y() < 0 ? 1 : -1); }
+
+void PictureShow::closeEvent(QCloseEvent* event) {
+  if (onLeft) onLeft(current_);
+  QWidget::closeEvent(event);
+}
+
+}  // namespace viewer

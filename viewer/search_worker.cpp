@@ -1,0 +1,61 @@
+#include "viewer/search_worker.h"
+
+#include <QElapsedTimer>
+
+namespace viewer {
+namespace {
+
+constexpr qint64 kMillisecondsBetweenSteps = 60;
+
+}  // namespace
+
+SearchWorker::SearchWorker() { pool_.setMaxThreadCount(1); }
+
+SearchWorker::~SearchWorker() {
+  Cancel();
+  pool_.waitForDone();
+}
+
+void SearchWorker::Cancel() {
+  if (cancelled_) *cancelled_ = true;
+  cancelled_.reset();
+  pool_.clear();
+}
+
+void SearchWorker::Start(const QString& root, const QString& words) {
+  Cancel();
+  cancelled_ = std::make_shared<std::atomic<bool>>(false);
+  pool_.start([this, flag = cancelled_, root, words] { Work(flag, root, words); });
+}
+
+void SearchWorker::Work(const Flag& cancelled, const QString& root, const QString& words) {
+  const BookFolder book(root);
+  std::vector<Hit> found;
+  int count = 0;
+  QElapsedTimer sinceStep;
+  sinceStep.start();
+  const auto deliverInSteps = [&] {
+    if (!found.empty() && (count <= 20 || sinceStep.elapsed() > kMillisecondsBetweenSteps)) {
+      Deliver(cancelled, std::exchange(found, {}), false);
+      sinceStep.restart();
+    }
+    return !*cancelled;
+  };
+  const auto take = [&](Hit&& hit) {
+    found.push_back(std::move(hit));
+    return ++count < kMostHits && deliverInSteps();
+  };
+  SearchBook(book, words, take, deliverInSteps);
+  Deliver(cancelled, std::move(found), true);
+}
+
+void SearchWorker::Deliver(const Flag& cancelled, std::vector<Hit> hits, bool end) {
+  const auto deliver = [this, cancelled, end, taken = std::move(hits)]() mutable {
+    if (*cancelled) return;
+    if (!taken.empty() && onHits) onHits(std::move(taken));
+    if (end && onEnd) onEnd();
+  };
+  QMetaObject::invokeMethod(this, std::move(deliver), Qt::QueuedConnection);
+}
+
+}  // namespace viewer

@@ -1,0 +1,265 @@
+#include "viewer/window.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace viewer {
+namespace {
+
+constexpr int kBarHeight = 54;
+
+QStringList TracksOf(const BookFolder& book) {
+  QStringList tracks;
+  for (const QString& name : {QStringLiteral("Sound1.mp3"), QStringLiteral("Sound2.mp3")}) {
+    const QString path = book.Resolve(QStringLiteral("Data/FlashIMG/") + name);
+    if (!path.isEmpty()) tracks.push_back(path);
+  }
+  return tracks;
+}
+
+}  // namespace
+
+Window::Window(const QString& root, Outside outside)
+    : outside_(std::move(outside)),
+      found_(BookFolder::Find({root})),
+      hasBook_(found_.has_value()),
+      book_(found_.value_or(root)),
+      settings_(hasBook_ ? ReadSettings(book_) : Settings()),
+      index_(hasBook_ ? ReadIndex(book_) : Index()),
+      look_(LookOf(settings_.layout)),
+      music_(hasBook_ && settings_.music ? TracksOf(book_) : QStringList(), outside_.makePlayer),
+      surroundings_{book_,     settings_, look_,
+                    pictures_, outside_,  [this](bool hushed) { music_.Hush(hushed); }} {
+  setObjectName(QStringLiteral("viewer"));
+  setWindowTitle(QStringLiteral("کتاب"));
+  setLayoutDirection(Qt::RightToLeft);
+  setFont(ViewerFont(kCaptionPixels));
+  setPalette(PaletteOf(look_));
+  setMinimumSize(720, 480);
+  resize(1040, 720);
+  pages_ = new QStackedWidget(this);
+  pages_->setObjectName(QStringLiteral("pages"));
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, kBarHeight, 0, 0);
+  rows->addWidget(pages_);
+  MakeBar();
+  MakeKeys();
+  music_.onGivenUp = [this] { TellMusic(); };
+  index_.collections.empty() ? MakeNotice() : MakeIndex();
+}
+
+// The pages use what the window holds: they go first.
+Window::~Window() { delete pages_; }
+
+void Window::MakeNotice() {
+  notice_ = hasBook_ ? QStringLiteral("این کتاب هنوز مجموعه\u200Cای ندارد.")
+                     : QStringLiteral(
+                           "کتابی در این پوشه پیدا نشد. این برنامه باید در کنار پوشه\u200Cی Data "
+                           "کتاب باشد.");
+  setAccessibleDescription(notice_);
+}
+
+void Window::MakeIndex() {
+  indexPage_ = new IndexPage(book_, index_, look_, pictures_);
+  indexPage_->onChosen = [this](const Collection& collection) { OpenCollection(collection); };
+  pages_->addWidget(indexPage_);
+  indexPage_->FocusCard(index_.collections.front());
+}
+
+void Window::MakeBar() {
+  const auto button = [this](const char* name, const QString& caption) {
+    return new FlatButton(QString::fromLatin1(name), caption, look_, FlatButton::Place::kBar, this);
+  };
+  home_ = button("home", QStringLiteral("فهرست کتاب"));
+  back_ = button("back", QStringLiteral("بازگشت"));
+  musicSwitch_ = button("music", QStringLiteral("موسیقی"));
+  find_ = button("find", QStringLiteral("جست\u200Cوجو"));
+  words_ = new QLineEdit(this);
+  words_->setObjectName(QStringLiteral("words"));
+  words_->setPlaceholderText(QStringLiteral("جست\u200Cوجو در کتاب"));
+  words_->setAccessibleName(words_->placeholderText());
+  words_->setMaxLength(200);
+  QObject::connect(home_, &QAbstractButton::clicked, this, [this] { GoHome(); });
+  QObject::connect(back_, &QAbstractButton::clicked, this, [this] { GoBack(); });
+  QObject::connect(musicSwitch_, &QAbstractButton::clicked, this, [this] { SwitchMusic(); });
+  QObject::connect(find_, &QAbstractButton::clicked, this, [this] { Search(); });
+  QObject::connect(words_, &QLineEdit::returnPressed, this, [this] { Search(); });
+  for (QWidget* widget : {static_cast<QWidget*>(find_), static_cast<QWidget*>(words_)}) {
+    widget->setVisible(hasBook_);
+  }
+  musicSwitch_->setVisible(music_.HasTracks());
+  home_->hide();
+  back_->hide();
+}
+
+void Window::MakeKeys() {
+  const auto key = [this](const QKeySequence& keys, auto does) {
+    auto* const shortcut = new QShortcut(keys, this);
+    QObject::connect(shortcut, &QShortcut::activated, this, does);
+  };
+  key(Qt::Key_Escape, [this] { GoBack(); });
+  key(Qt::ALT | Qt::Key_Right, [this] { GoBack(); });  // back is to the right in a Persian book
+  key(Qt::ALT | Qt::Key_Home, [this] { GoHome(); });
+  key(Qt::CTRL | Qt::Key_F, [this] {
+    words_->setFocus();
+    words_->selectAll();
+  });
+  const auto step = [this](int by) {
+    if (collectionPage_ && pages_->currentWidget() == collectionPage_) collectionPage_->Step(by);
+  };
+  key(Qt::CTRL | Qt::Key_PageDown, [step] { step(1); });
+  key(Qt::CTRL | Qt::Key_PageUp, [step] { step(-1); });
+  const auto zoom = [this](int by) {
+    if (collectionPage_) collectionPage_->Zoom(by);
+  };
+  key(Qt::CTRL | Qt::Key_Plus, [zoom] { zoom(2); });
+  key(Qt::CTRL | Qt::Key_Equal, [zoom] { zoom(2); });
+  key(Qt::CTRL | Qt::Key_Minus, [zoom] { zoom(-2); });
+}
+
+// Pictures and music come once the reader sees the index.
+void Window::AfterFirstPaint() {
+  pictures_.Start();
+  backdrop_ = book_.Resolve(QStringLiteral("Data/FlashIMG/Back.jpg"));
+  if (indexPage_) indexPage_->ShowPictures();
+  if (music_.HasTracks()) music_.SwitchOn();
+  TellMusic();
+  update();
+}
+
+void Window::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), look_.ground);
+  const QRect box = rect().adjusted(0, kBarHeight, 0, 0);
+  const QPixmap backdrop = pictures_.Get(backdrop_, box.size(), Fit::kCovering, this);
+  if (!backdrop.isNull()) {
+    DrawCovering(painter, box, backdrop);
+    painter.fillRect(box, look_.veil);
+  }
+  painter.fillRect(QRect(0, 0, width(), kBarHeight), look_.bar);
+  if (!notice_.isEmpty()) {
+    painter.setPen(look_.ink);
+    painter.setFont(ViewerFont(kHeadingPixels));
+    DrawText(painter, box.adjusted(60, 40, -60, -40), notice_, 4,
+             Qt::AlignHCenter | Qt::AlignVCenter);
+  }
+  if (painted_) return;
+  painted_ = true;
+  if (hasBook_) QTimer::singleShot(0, this, [this] { AfterFirstPaint(); });
+}
+
+void Window::resizeEvent(QResizeEvent* /*event*/) {
+  const auto height = find_->sizeHint().height();
+  const int top = (kBarHeight - height) / 2;
+  int right = width() - 14;
+  for (FlatButton* button : {home_, back_}) {
+    const int wide = button->sizeHint().width();
+    button->setGeometry(right - wide, top, wide, height);
+    right -= wide + 8;
+  }
+  int left = 14;
+  if (music_.HasTracks()) {
+    // Wide enough for either caption.
+    musicSwitch_->setGeometry(left, top, 150, height);
+    left += 158;
+  }
+  find_->setGeometry(left, top, find_->sizeHint().width(), height);
+  left += find_->width() + 8;
+  words_->setGeometry(left, top, std::min(320, right - left - 8), height);
+}
+
+CollectionPage& Window::TextPage() {
+  if (!collectionPage_) {
+    collectionPage_ = new CollectionPage(surroundings_, pages_);
+    pages_->addWidget(collectionPage_);
+  }
+  return *collectionPage_;
+}
+
+QWidget* Window::GalleryPage() {
+  if (!galleryPage_) {
+    galleryPage_ = new GalleryView(book_, look_, pictures_, pages_);
+    galleryPage_->setObjectName(QStringLiteral("galleryPage"));
+    pages_->addWidget(galleryPage_);
+  }
+  return galleryPage_;
+}
+
+void Window::OpenCollection(const Collection& collection) {
+  last_ = collection;
+  fromSearch_ = false;
+  setWindowTitle(AsCaption(collection.title));
+  if (collection.isGallery) {
+    Show(GalleryPage());
+    galleryPage_->ShowGallery(ReadGallery(book_, FileOf(collection)));
+    galleryPage_->setFocus();
+  } else {
+    Show(&TextPage());
+    TextPage().Open(collection);
+  }
+}
+
+void Window::OpenHit(const Hit& hit, const QString& words) {
+  last_ = hit.collection;
+  fromSearch_ = true;
+  setWindowTitle(AsCaption(hit.collection.title));
+  Show(&TextPage());
+  TextPage().OpenAt(hit.collection, hit.node, hit.part, words);
+}
+
+void Window::Search() {
+  const QString words = words_->text().trimmed();
+  if (words.isEmpty()) return words_->setFocus();
+  if (!searchPage_) {
+    searchPage_ = new SearchPage(book_.Root(), look_, pages_);
+    searchPage_->onChosen = [this](const Hit& hit, const QString& typed) { OpenHit(hit, typed); };
+    pages_->addWidget(searchPage_);
+  }
+  Show(searchPage_);
+  searchPage_->Search(words);
+  searchPage_->FocusHits();
+}
+
+void Window::Show(QWidget* page) {
+  if (collectionPage_) collectionPage_->Silence();
+  pages_->setCurrentWidget(page);
+  const bool away = page != indexPage_;
+  home_->setVisible(away);
+  back_->setVisible(away);
+}
+
+void Window::GoBack() {
+  QWidget* const current = pages_->currentWidget();
+  if (!indexPage_ || current == indexPage_) return;
+  if (current == collectionPage_ && fromSearch_) {
+    fromSearch_ = false;
+    Show(searchPage_);
+    return searchPage_->FocusHits();
+  }
+  if (current == collectionPage_ && collectionPage_->GoBack()) return;
+  GoHome();
+}
+
+void Window::GoHome() {
+  if (!indexPage_) return;
+  if (searchPage_) searchPage_->Stop();
+  fromSearch_ = false;
+  setWindowTitle(QStringLiteral("کتاب"));
+  Show(indexPage_);
+  indexPage_->FocusCard(last_.number > 0 ? last_ : index_.collections.front());
+}
+
+void Window::SwitchMusic() {
+  music_.IsOn() ? music_.SwitchOff() : music_.SwitchOn();
+  TellMusic();
+}
+
+void Window::TellMusic() {
+  musicSwitch_->SetCaption(music_.IsOn() ? QStringLiteral("خاموشی موسیقی")
+                                         : QStringLiteral("پخش موسیقی"));
+}
+
+}  // namespace viewer

@@ -1,0 +1,84 @@
+// The viewer's window.
+#pragma once
+
+#include <QLineEdit>
+#include <QStackedWidget>
+#include <QWidget>
+#include <optional>
+
+#include "viewer/book/folder.h"
+#include "viewer/book/index.h"
+#include "viewer/book/settings.h"
+#include "viewer/collection_page.h"
+#include "viewer/flat_button.h"
+#include "viewer/gallery_view.h"
+#include "viewer/index_page.h"
+#include "viewer/music.h"
+#include "viewer/outside.h"
+#include "viewer/pictures.h"
+#include "viewer/search_page.h"
+#include "viewer/surroundings.h"
+
+namespace viewer {
+
+class Window : public QWidget {
+ public:
+  // With the book in this folder, which may be the export's or its Data; with a message if there
+  // is none. Nothing is ever written into the folder.
+  explicit Window(const QString& root, Outside outside = TheMachine());
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  ~Window() override;
+
+  bool HasBook() const { return hasBook_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void MakeBar();
+  void MakeIndex();
+  void MakeNotice();
+  void MakeKeys();
+  void AfterFirstPaint();
+  void OpenCollection(const Collection& collection);
+  void OpenHit(const Hit& hit, const QString& words);
+  void Search();
+  void GoBack();
+  void GoHome();
+  void Show(QWidget* page);
+  void SwitchMusic();
+  void TellMusic();
+  CollectionPage& TextPage();
+  QWidget* GalleryPage();
+
+  Outside outside_;
+  std::optional<QString> found_;
+  bool hasBook_;
+  BookFolder book_;
+  Settings settings_;
+  Index index_;
+  const Look& look_;
+  Pictures pictures_;
+  Music music_;
+  Surroundings surroundings_;
+  QString notice_;  // in place of an index
+  QString backdrop_;
+  bool painted_ = false;
+  Collection last_;
+  bool fromSearch_ = false;
+
+  QStackedWidget* pages_ = nullptr;
+  IndexPage* indexPage_ = nullptr;
+  CollectionPage* collectionPage_ = nullptr;
+  GalleryView* galleryPage_ = nullptr;
+  SearchPage* searchPage_ = nullptr;
+  FlatButton* back_ = nullptr;
+  FlatButton* home_ = nullptr;
+  FlatButton* musicSwitch_ = nullptr;
+  FlatButton* find_ = nullptr;
+  QLineEdit* words_ = nullptr;
+};
+
+}  // namespace viewer
