@@ -1,14 +1,17 @@
 #include "tools/sample_session/session.h"
 
+#include <QListView>
 #include <QListWidget>
 #include <QPixmap>
 #include <QStringList>
 #include <QTextEdit>
+#include <memory>
 #include <stdexcept>
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
+#include "viewer/window.h"
 
 namespace sample {
 namespace {
@@ -30,6 +33,36 @@ platform::Text MakeProgramFolder(const fs::path& resources, const fs::path& outp
   return platform::ToolPath(fs::absolute(output / "program").string());
 }
 
+class SilentPlayer : public viewer::Player {
+ public:
+  void Play(const QString& /*path*/) override {}
+  void Pause() override {}
+  void Resume() override {}
+  void Stop() override {}
+};
+
+// Nothing is started, played or printed.
+viewer::Outside StillMachine() {
+  return {.openFile = [](const QString&) { return true; },
+          .startProgram = [](const QString&) { return true; },
+          .showFilm = [](const QString&, const QString&, QWidget*) {},
+          .makePlayer = [] { return std::make_unique<SilentPlayer>(); },
+          .print = [](QTextDocument&, QWidget*) {}};
+}
+
+// The viewer's pictures come one by one once the window is there.
+void WaitUntilStill(QWidget& window) {
+  constexpr int kLooksAlike = 10;
+  QImage before;
+  int alike = 0;
+  Robot::WaitUntil([&] {
+    const QImage now = window.grab().toImage();
+    alike = now == before ? alike + 1 : 0;
+    before = now;
+    return alike == kLooksAlike;
+  });
+}
+
 QString ShownText() {
   QString text = Robot::FindAs<QTextEdit>("Form3", "matn").document()->toRawText();
   return text.replace(QChar::ParagraphSeparator, u'\n');
@@ -43,8 +76,9 @@ Session::Session(const fs::path& resources, fs::path output)
                MakeProgramFolder(resources, output_),
                platform::ToolPath(fs::absolute(output_ / "ZVL.log").string())},
       form1_(machine_),
-      form3_(form1_) {
-  form1_.Wire({.workbench = &form3_});
+      form3_(form1_),
+      exportPass_(form1_, launcher_) {
+  form1_.Wire({.workbench = &form3_, .exporting = &exportPass_});
   robot_.onBox = [this](QWidget& box) { Save(box, QStringLiteral("box")); };
 }
 
@@ -58,6 +92,10 @@ void Session::Run() {
   Robot::Click("Form1", "Command3");
   const auto boxes = robot_.TakeBoxes();
   Require(boxes.size() == 1, "one box says that no collection is left");
+  Robot::Click("Form1", "Pcheck");
+  Export(1, QStringLiteral("first-layout"));
+  Robot::Click("Form1", "Olgoo(1)");
+  Export(2, QStringLiteral("second-layout"));
 }
 
 void Session::LookAtProject() {
@@ -148,6 +186,44 @@ void Session::Build() {
   Require(fs::exists(output_ / "program" / "Data" / "_xml" / collection.toStdString()),
           collection + " is there");
   Require(!form3_.IsVisible(), "the workbench makes way for the project window");
+}
+
+void Session::Export(int number, const QString& layout) {
+  launcher_.opened.clear();
+  Robot::Click("Form1", "Command10");
+  const auto boxes = robot_.TakeBoxes();
+  Require(boxes.size() == 1, "one box says that the export is ready");
+  TakePicture("Form1", QStringLiteral("exported-%1").arg(number));
+  const fs::path root = output_ / "program" / "Export" / ("Export " + std::to_string(number));
+  const fs::path viewer = fs::absolute(root / "main.exe");
+  Require(launcher_.opened.size() == 1 &&
+              platform::HostPath(launcher_.opened[0].path) == viewer.string(),
+          "the viewer is started from the export");
+  LookAtBook(QString::fromStdString(root.string()), layout);
+}
+
+// The viewer that the export has brought there, but in this process, so that it can be seen; what
+// it would start or play stays still.
+void Session::LookAtBook(const QString& root, const QString& layout) {
+  viewer::Window window(root, StillMachine());
+  Require(window.HasBook(), "the viewer finds the book");
+  window.show();
+  const auto look = [&](const QString& step) {
+    WaitUntilStill(window);
+    Save(window, QStringLiteral("viewer-%1-%2").arg(layout, step));
+  };
+  look(QStringLiteral("index"));
+  Robot::Click("viewer", "a1");
+  look(QStringLiteral("collection"));
+  Robot::PressKey("viewer", "contents", Qt::Key_Down);
+  Robot::PressKey("viewer", "contents", Qt::Key_Return);
+  look(QStringLiteral("page"));
+  Robot::Click("viewer", "home");
+  Robot::Type("viewer", "words", QStringLiteral("باغ"));
+  Robot::Click("viewer", "find");
+  const auto& hits = Robot::FindAs<QListView>("viewer", "hits");
+  Robot::WaitUntil([&] { return hits.model()->rowCount() > 0; });
+  look(QStringLiteral("search"));
 }
 
 void Session::MarkWith(int functionKey, const QString& text) {

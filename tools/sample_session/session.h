@@ -6,7 +6,9 @@
 
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "export/export_pass.h"
 #include "platform/random.h"
+#include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
 #include "tools/sample_session/passages.h"
 #include "workbench/format_window.h"
@@ -33,6 +35,8 @@ class Session {
   void FilePassage(const Passage& passage);
   void FilePassages(const Reading& reading);
   void Build();
+  void Export(int number, const QString& layout);
+  void LookAtBook(const QString& root, const QString& layout);
 
   void MarkWith(int functionKey, const QString& text);
   void TakePicture(const QString& window, const QString& step);
@@ -46,6 +50,8 @@ class Session {
   core::Machine machine_;
   core::Form1 form1_;
   workbench::Form3 form3_;
+  testing_support::RecordedLauncher launcher_;
+  exporting::ExportPass exportPass_;
   int collection_ = 0;
   int pictures_ = 0;
 };
