@@ -9,6 +9,8 @@ LOGS=$ROOT/build/logs
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev
   libicu-dev libgtest-dev libgmock-dev)
 FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
+# What the viewer plays sounds and films with.
+PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good)
 TEST_PACKAGES=(xvfb xauth chromium poppler-utils)
 
 say() { printf '%s\n' "$*"; }

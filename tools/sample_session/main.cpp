@@ -17,9 +17,9 @@ int main(int argc, char** argv) {
       [&] {
         sample::Session session(argv[1], argv[2]);
         session.Run();
-        std::cout << "The sample book is in " << argv[2] << "/program/Data, "
-                  << session.PicturesTaken() << " pictures of the windows are in " << argv[2]
-                  << "/pictures\n";
+        std::cout << "The sample book is in " << argv[2] << "/program/Data and exported to "
+                  << argv[2] << "/program/Export, " << session.PicturesTaken()
+                  << " pictures of the windows are in " << argv[2] << "/pictures\n";
       },
       [&](const platform::Text& description) {
         std::cerr << platform::ToUtf8(description) << '\n';
