@@ -27,11 +27,12 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 14> kRows = {{{"build", bench::MeasureTextBuild},
+const std::array<bench::NamedRow, 15> kRows = {{{"build", bench::MeasureTextBuild},
                                                 {"media", bench::MeasureMediaBuild},
                                                 {"mixed", bench::MeasureMixedBuild},
                                                 {"export", bench::MeasureExport},
                                                 {"print", bench::MeasurePrintPages},
+                                                {"print-disk", bench::MeasurePrintPagesOnDisk},
                                                 {"rep", bench::MeasureCleanUp},
                                                 {"plain", bench::MeasurePlainText},
                                                 {"rtf", bench::MeasureRichText},

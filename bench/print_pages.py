@@ -1,7 +1,9 @@
 """The print pages of a folder of pages.
 
-print_pages.py TEMPLATE: says "ready", and then answers each line, a folder, with the seconds that
-making a print page beside each page of that folder took.
+print_pages.py TEMPLATE: says "ready", and then answers each line with the seconds that it took:
+  disk<TAB>FOLDER          a print page beside each page of the folder
+  memory<TAB>FOLDER<TAB>N  the print pages of N pages, which are those of the folder by turns; they
+                           are in memory, and nothing is written
 """
 
 import os
@@ -32,19 +34,43 @@ def print_page(template, page):
     return template.replace("%Title%", title).replace("%Matn%", body)
 
 
+def page_paths(folder):
+    names = [name for name in os.listdir(folder) if name.lower().endswith(".htm")]
+    return [os.path.join(folder, name) for name in names]
+
+
 def make_pages(template_path, folder):
     template = read(template_path)
-    for name in os.listdir(folder):
-        if name.lower().endswith(".htm"):
-            path = os.path.join(folder, name)
-            write(path + "l", print_page(template, read(path)))
+    for path in page_paths(folder):
+        write(path + "l", print_page(template, read(path)))
+
+
+def make_in_memory(template_path, pages, count):
+    template = read(template_path)
+    for i in range(count):
+        page = pages[i % len(pages)].decode("utf-16")
+        b"\xff\xfe" + print_page(template, page).encode("utf-16-le")
+
+
+def read_bytes(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def work_of(line):
+    kind, folder, *count = line.rstrip("\n").split("\t")
+    if kind == "disk":
+        return lambda: make_pages(sys.argv[1], folder)
+    pages = [read_bytes(path) for path in page_paths(folder)]
+    return lambda: make_in_memory(sys.argv[1], pages, int(count[0]))
 
 
 def main():
     print("ready", flush=True)
     for line in sys.stdin:
+        work = work_of(line)
         start = perf_counter()
-        make_pages(sys.argv[1], line.rstrip("\n"))
+        work()
         print(perf_counter() - start, flush=True)
 
 

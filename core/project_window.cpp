@@ -134,7 +134,7 @@ void Form1::Catching(std::int16_t number, const std::function<void()>& operation
 }
 
 Text Form1::LoadVocabulary() {
-  const Text record(kVocabularyRecord);
+  Text record(kVocabularyRecord);
   vocabulary = WithTodaysWords(record);
   return record;
 }

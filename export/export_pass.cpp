@@ -60,7 +60,7 @@ void ExportPass::ExportAll() {
 Text ExportPass::CarryOut() {
   const ExportScript script =
       CutScript(Read(core::ExportScriptFile(form1_.ProgramRoot()), TextFormat::kCodePage));
-  const Text root = MakeRoot();
+  Text root = MakeRoot();
   MakeFolders(script, root);
   CopyFolders(script, root);
   CopyFiles(script, root);
@@ -72,7 +72,7 @@ Text ExportPass::MakeRoot() {
   const Text target = form1_.DoSlash(form1_.ExBox.Text());
   std::int64_t number = 1;
   while (Files().FolderExists(ExportRoot(target, number))) ++number;
-  const Text root = ExportRoot(target, number);
+  Text root = ExportRoot(target, number);
   Files().MakeFolder(root);
   return root;
 }

@@ -41,7 +41,7 @@ Descriptor MakeAnew(const std::string& hostPath) {
 // Not everybody may give a file to its old owner or group; a text that is saved as one's own is
 // better than none.
 void KeepOwner(const Descriptor& file, const struct stat& known) {
-  constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+  constexpr auto kAsItIs = static_cast<uid_t>(-1);
   const bool kept = ::fchown(file.Number(), known.st_uid, known.st_gid) == 0 ||
                     ::fchown(file.Number(), kAsItIs, known.st_gid) == 0;
   static_cast<void>(kept);

@@ -20,6 +20,7 @@ class Descriptor {
   explicit Descriptor(int number) : number_(number) {}
   Descriptor(Descriptor&& other) noexcept;
   Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor();
 

@@ -10,6 +10,6 @@ namespace platform {
 
 enum class ListedKind : std::uint8_t { kFiles, kFolders };
 
-std::vector<Text> ListHostFolder(TextView folder, ListedKind kind);
+std::vector<Text> ListHostFolder(TextView path, ListedKind kind);
 
 }  // namespace platform

@@ -15,6 +15,8 @@ namespace viewer {
 class GalleryView : public QListView {
  public:
   GalleryView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent);
+  GalleryView(const GalleryView&) = delete;
+  GalleryView& operator=(const GalleryView&) = delete;
   ~GalleryView() override;
 
   void ShowGallery(std::vector<Picture> gallery);

@@ -15,6 +15,8 @@ namespace viewer {
 class SearchPage : public QWidget {
  public:
   SearchPage(const QString& root, const Look& look, QWidget* parent);
+  SearchPage(const SearchPage&) = delete;
+  SearchPage& operator=(const SearchPage&) = delete;
   ~SearchPage() override;
 
   std::function<void(const Hit&, const QString& words)> onChosen;

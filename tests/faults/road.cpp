@@ -1,9 +1,6 @@
 #include "tests/faults/road.h"
 
-#include <unistd.h>
-
 #include <QTest>
-#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -18,21 +15,6 @@ using testing_support::FormatDesk;
 using testing_support::Robot;
 
 namespace fs = std::filesystem;
-
-Road::InMemory::InMemory() {
-  constexpr const char* kMemory = "/dev/shm";
-  const char* const before = std::getenv("TMPDIR");
-  if (before != nullptr) before_ = before;
-  if (access(kMemory, W_OK | X_OK) == 0) setenv("TMPDIR", kMemory, 1);
-}
-
-Road::InMemory::~InMemory() {
-  if (before_.empty()) {
-    unsetenv("TMPDIR");
-  } else {
-    setenv("TMPDIR", before_.c_str(), 1);
-  }
-}
 
 Road::Road(Found found) {
   CopyProgramFolder(desk.HostPath(""));

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/faults/in_memory.h"
 #include "tests/support/desk.h"
 
 namespace faults {
@@ -31,18 +32,7 @@ class Road {
   bool TableIsWhole() const;
 
  private:
-  // The desk of a road lies in memory where the host has a place for that: there are hundreds.
-  class InMemory {
-   public:
-    InMemory();
-    ~InMemory();
-    InMemory(const InMemory&) = delete;
-    InMemory& operator=(const InMemory&) = delete;
-
-   private:
-    std::string before_;
-  };
-  InMemory inMemory_;
+  InMemory inMemory_;  // there are hundreds of roads
 
  public:
   testing_support::Desk desk{false};

@@ -81,7 +81,7 @@ std::vector<std::string> Desk::Names(const std::string& below) const {
 std::string Desk::Log() const { return Has("ZVL.txt") ? Read("ZVL.txt") : std::string(); }
 
 std::vector<std::string> Desk::LogLines() const {
-  const std::string date = platform::ToUtf8(const_cast<FixedClock&>(clock).GeneralDate()) + ": ";
+  const std::string date = platform::ToUtf8(clock.Date()) + ": ";
   const std::string log = Log();
   std::vector<std::string> lines;
   for (std::size_t at = log.find(date); at != std::string::npos;) {

@@ -33,6 +33,13 @@ void* Allocated(std::size_t bytes) {
 
 void* operator new(std::size_t bytes) { return testing_support::Allocated(bytes); }
 void* operator new[](std::size_t bytes) { return testing_support::Allocated(bytes); }
+// These are never made to fail: who asks so goes on without the memory.
+void* operator new(std::size_t bytes, const std::nothrow_t& /*unused*/) noexcept {
+  return std::malloc(bytes > 0 ? bytes : 1);
+}
+void* operator new[](std::size_t bytes, const std::nothrow_t& /*unused*/) noexcept {
+  return std::malloc(bytes > 0 ? bytes : 1);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }

@@ -15,6 +15,7 @@ class FixedClock : public platform::Clock {
       : date_(std::move(date)), tick_(firstTick) {}
 
   platform::Text GeneralDate() override { return date_; }
+  const platform::Text& Date() const { return date_; }
   std::uint64_t Ticks() override { return tick_++; }
 
   void SetDate(platform::Text date) { date_ = std::move(date); }

@@ -75,10 +75,7 @@ std::string FormatDesk::Shown(const QString& control) {
 }
 
 std::vector<std::string> FormatDesk::Lines(const QString& list) {
-  const auto& widget = Robot::FindAs<QListWidget>("Form3", list);
-  std::vector<std::string> lines;
-  for (int i = 0; i < widget.count(); ++i) lines.push_back(widget.item(i)->text().toStdString());
-  return lines;
+  return Robot::Lines("Form3", list);
 }
 
 std::string FormatDesk::Selected() {

@@ -52,7 +52,7 @@ class FormatDesk : public Desk {
 
   // Lines "Error occurred ..." of the log, whatever their number.
   int AllLoggedFailures() const;
-  int LoggedTimes(const std::string& line) const;
+  int LoggedTimes(const std::string& wanted) const;
 };
 
 // A text in UTF-8, to be compared with what is shown.

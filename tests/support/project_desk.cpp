@@ -85,9 +85,9 @@ void ProjectDesk::FillWithPath(const QString& field, platform::TextView below) c
 
 std::vector<std::string> ProjectDesk::Waiting() {
   const QComboBox& selector = Selector();
-  std::vector<std::string> entries;
+  std::vector<std::string> entries(static_cast<std::size_t>(selector.count()));
   for (int i = 0; i < selector.count(); ++i) {
-    entries.push_back(selector.itemText(i).toStdString());
+    entries[static_cast<std::size_t>(i)] = selector.itemText(i).toStdString();
   }
   return entries;
 }
@@ -125,12 +125,7 @@ void ProjectDesk::ChooseFile(const QString& button, const std::vector<QString>& 
   Robot::Click("Form1", button);
 }
 
-std::vector<std::string> ProjectDesk::OfferedFiles() {
-  const auto& list = Robot::FindAs<QListWidget>("Form5", "File1");
-  std::vector<std::string> names;
-  for (int i = 0; i < list.count(); ++i) names.push_back(list.item(i)->text().toStdString());
-  return names;
-}
+std::vector<std::string> ProjectDesk::OfferedFiles() { return Robot::Lines("Form5", "File1"); }
 
 // A half-space inside a word is shown as U+200C.
 std::string BoxText(int number) {

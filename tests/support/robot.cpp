@@ -94,6 +94,15 @@ void Robot::PressKey(const QString& window, const QString& control, int key,
   Settle();
 }
 
+std::vector<std::string> Robot::Lines(const QString& window, const QString& list) {
+  const auto& widget = FindAs<QListWidget>(window, list);
+  std::vector<std::string> lines(static_cast<std::size_t>(widget.count()));
+  for (int i = 0; i < widget.count(); ++i) {
+    lines[static_cast<std::size_t>(i)] = widget.item(i)->text().toStdString();
+  }
+  return lines;
+}
+
 void Robot::ClickLine(const QString& window, const QString& list, int line) {
   QListWidget& widget = ListOf(window, list);
   QTest::mouseClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, LinePoint(widget, line));

@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 class QTextEdit;
@@ -17,6 +18,8 @@ namespace testing_support {
 class Robot : public QObject {
  public:
   Robot();
+  Robot(const Robot&) = delete;
+  Robot& operator=(const Robot&) = delete;
   ~Robot() override;
 
   // A message box as the editor saw it.
@@ -42,6 +45,8 @@ class Robot : public QObject {
   static void Type(const QString& window, const QString& control, const QString& text);
   static void PressKey(const QString& window, const QString& control, int key,
                        Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+  // What a list shows.
+  static std::vector<std::string> Lines(const QString& window, const QString& list);
   // A line of a list, by number or by its text (-1 lines: an error).
   static void ClickLine(const QString& window, const QString& list, int line);
   static void ClickLine(const QString& window, const QString& list, const QString& text);
@@ -72,7 +77,7 @@ class Robot : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void AnswerBox(QObject* box);
+  void AnswerBox(QObject* object);
 
   std::deque<bool> answers_;
   std::map<QString, std::deque<std::function<void()>>> waiting_;

@@ -11,25 +11,21 @@ namespace {
 
 constexpr int kUnit = 2;  // bytes
 
-QString FromLittleEndian(QByteArrayView bytes) {
-  QString text(bytes.size() / kUnit, Qt::Uninitialized);
-  qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
-  return text;
-}
+using Convert = void (*)(const void* units, qsizetype count, void* text);
 
-QString FromBigEndian(QByteArrayView bytes) {
+QString FromUnits(QByteArrayView bytes, Convert convert) {
   QString text(bytes.size() / kUnit, Qt::Uninitialized);
-  qFromBigEndian<char16_t>(bytes.data(), text.size(), text.data());
+  if (!text.isEmpty()) convert(bytes.data(), text.size(), text.data());
   return text;
 }
 
 }  // namespace
 
 QString DecodeText(QByteArrayView bytes) {
-  if (bytes.startsWith("\xFF\xFE")) return FromLittleEndian(bytes.sliced(2));
-  if (bytes.startsWith("\xFE\xFF")) return FromBigEndian(bytes.sliced(2));
+  if (bytes.startsWith("\xFF\xFE")) return FromUnits(bytes.sliced(2), qFromLittleEndian<char16_t>);
+  if (bytes.startsWith("\xFE\xFF")) return FromUnits(bytes.sliced(2), qFromBigEndian<char16_t>);
   if (bytes.startsWith("\xEF\xBB\xBF")) return QString::fromUtf8(bytes.sliced(3));
-  return FromLittleEndian(bytes);
+  return FromUnits(bytes, qFromLittleEndian<char16_t>);
 }
 
 std::optional<QString> ReadText(const QString& path) {
