@@ -1,5 +1,6 @@
 // List boxes and drop-down lists.
 #include <QComboBox>
+#include <QWheelEvent>
 
 #include "platform/failure.h"
 #include "platform/qt/conversions.h"
@@ -74,9 +75,28 @@ void ListBox::RemoveItem(Position index) {
 
 void ListBox::Clear() { ListOf(*this).clear(); }
 
+namespace {
+
+// The wheel of a mouse that merely passes over the list must not choose something else.
+class DropDown : public QComboBox {
+ public:
+  explicit DropDown(QWidget* parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override {
+    if (hasFocus()) {
+      QComboBox::wheelEvent(event);
+    } else {
+      event->ignore();
+    }
+  }
+};
+
+}  // namespace
+
 std::unique_ptr<Control::Peer> MakeComboBox(const ControlRow&, QWidget* parent) {
   auto peer = std::make_unique<Control::Peer>();
-  auto* combo = new QComboBox(parent);
+  auto* combo = new DropDown(parent);
   combo->setLayoutDirection(Qt::RightToLeft);
   peer->widget = combo;
   return peer;

@@ -20,7 +20,7 @@ using testing_support::PageBytes;
 using testing_support::ScriptOf;
 
 constexpr const char* kRoot = "Export/Export 2";
-constexpr std::size_t kMegabyte = 1024 * 1024;
+constexpr std::size_t kMegabyte = std::size_t{1} << 20;
 
 const std::string kSmallScript = ScriptOf({{"Data"}, {"TXT => Data\\TXT"}, {"main.exe => root"}});
 
@@ -194,7 +194,7 @@ TEST_F(PrintPageOfBadInput, TwentyThousandPagesGetTheirPrintPagesEach) {
     const std::string name = folder + "/P" + std::to_string(i) + ".html";
     ASSERT_TRUE(walk.desk.Read(name) == printed) << name;
   }
-  EXPECT_EQ(walk.desk.Names(folder).size(), 2 * (kPages + 2) + 1);
+  EXPECT_EQ(walk.desk.Names(folder).size(), std::size_t{2} * (kPages + 2) + 1);
 }
 
 }  // namespace

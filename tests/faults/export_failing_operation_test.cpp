@@ -43,7 +43,7 @@ Numbers MessagesOf(const ExportPlace& place) {
 // The messages when it fails and all behind it, too: what isn't told of one is told of the next.
 Numbers MessagesFrom(const std::vector<ExportPlace>& places, std::size_t at) {
   for (; at < places.size(); ++at) {
-    const Numbers messages = MessagesOf(places[at]);
+    Numbers messages = MessagesOf(places[at]);
     if (messages != Numbers{29}) return messages;
   }
   return {29};
@@ -155,7 +155,7 @@ TEST_P(ExportFailingOperation, AndAllBehindItEndsTheExportOnce) {
     const Numbers messages = MessagesFrom(Places(), k);
     ExportOnFailingDisk(walk, messages, [&] { walk.desk.files.FailFrom(k + 1); });
     ExpectRoot(walk.TreeOf(root), k, messages);
-    walk.desk.files.FailAt(walk.desk.files.kNever);
+    walk.desk.files.FailAt(testing_support::FaultyFileSystem::kNever);
     ExpectTheNextIsWhole(walk);
   });
 }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QTest>
+#include <QWheelEvent>
 #include <array>
 
 #include "platform/controls.h"
@@ -227,6 +228,29 @@ TEST_F(PlatformLists, ADropDownListIsChosenFromByKeys) {
   Robot::Choose("Lists", "combo", 1);
   EXPECT_EQ(combo.ListIndex(), 1);
   EXPECT_EQ(combo.Text(), u"two");
+}
+
+// One notch towards the reader, with the pointer over the drop-down list.
+void TurnWheelOver(QWidget& widget) {
+  const QPointF middle = widget.rect().center();
+  QWheelEvent notch(middle, widget.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&widget, &notch);
+  Robot::Settle();
+}
+
+TEST_F(PlatformLists, AWheelThatPassesOverADropDownChoosesNothingElse) {
+  for (const Text line : {u"a", u"b", u"c"}) combo.AddItem(line);
+  combo.SetListIndex(0);
+  window.Show();
+  auto& widget = Robot::FindAs<QComboBox>("Lists", "combo");
+  Robot::Find("Lists", "lines").setFocus();
+  TurnWheelOver(widget);
+  EXPECT_EQ(combo.ListIndex(), 0);
+  EXPECT_FALSE(widget.hasFocus());
+  widget.setFocus();
+  TurnWheelOver(widget);
+  EXPECT_EQ(combo.ListIndex(), 1);
 }
 
 }  // namespace
