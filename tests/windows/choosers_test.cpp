@@ -1,6 +1,7 @@
 // The two shared choosers: what they offer, and what their buttons do.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QComboBox>
@@ -9,6 +10,8 @@
 #include <QTest>
 #include <QWindow>
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "tests/support/project_desk.h"
 
@@ -190,6 +193,32 @@ TEST_F(Choosers, InADrivesRootNoSecondBackslashIsAdded) {
     Robot::Click("Form5", "btn(0)");
   });
   EXPECT_EQ(desk.Field("index"), "C:\\");
+}
+
+// A picture in the root of the file system, for as long as a test needs it.
+class PictureInTheRoot {
+ public:
+  PictureInTheRoot() { std::ofstream("/" + name) << "a picture"; }
+  PictureInTheRoot(const PictureInTheRoot&) = delete;
+  PictureInTheRoot& operator=(const PictureInTheRoot&) = delete;
+  ~PictureInTheRoot() {
+    std::error_code ignored;
+    std::filesystem::remove("/" + name, ignored);
+  }
+  bool IsThere() const { return std::filesystem::exists("/" + name); }
+
+  const std::string name = "zorvand-test-" + std::to_string(getpid()) + ".jpg";
+};
+
+TEST_F(Choosers, InADrivesRootAFileStandsBehindTheOneBackslash) {
+  const PictureInTheRoot picture;
+  if (!picture.IsThere()) GTEST_SKIP() << "the root of the file system may not be written";
+  Press("Command5", "Form5", [&] {
+    PickDrive("Form5");
+    Robot::ClickLine("Form5", "File1", QString::fromStdString(picture.name));
+    Robot::Click("Form5", "btn(0)");
+  });
+  EXPECT_EQ(desk.Field("index"), "C:\\" + picture.name);
 }
 
 TEST_F(Choosers, TheFileListFollowsTheFolder) {

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QMessageBox>
+#include <QTest>
 #include <QTimer>
 #include <cstdlib>
 #include <filesystem>
@@ -144,6 +147,20 @@ TEST_F(ProjectWindowEnd, AFolderThatVanishesWhileTheFileListFollowsEndsTheProces
               ExitedWithCode(1),
               AllOf(HasSubstr("BOX Zorvand: Path not found: C:\\"), HasSubstr("\\Gone."),
                     ResultOf(BoxesIn, 1)));
+}
+
+TEST_F(ProjectWindowEnd, ADriveThatIsNotReadyIsReportedAndTheProcessEnds) {
+  EXPECT_EXIT(RunProgram([](ProjectDesk&) {
+                core::Form2 chooser([] {});
+                chooser.PointAt(u"C:\\");
+                chooser.Drive1.onChange = [] { throw platform::Failure(u"Device unavailable"); };
+                chooser.Show();
+                auto& drives = Robot::FindAs<QComboBox>("Form2", "Drive1");
+                drives.showPopup();
+                QTest::keyClick(drives.view(), Qt::Key_Return);
+              }),
+              ExitedWithCode(1),
+              AllOf(HasSubstr("BOX Zorvand: Device unavailable."), ResultOf(BoxesIn, 1)));
 }
 
 TEST_F(ProjectWindowEnd, AFailureUnderAnOpenChooserEndsTheProcessToo) {
