@@ -34,16 +34,6 @@ std::size_t CountHits(TextView text, TextView find) {
   return hits;
 }
 
-// For a replacement of the same length: one copy, then the hits are written over.
-Text Overwrite(TextView text, TextView find, TextView with) {
-  Text result(text);
-  ForEachHit(text, find, 0, [&](std::size_t at) {
-    std::copy(with.begin(), with.end(), result.begin() + static_cast<std::ptrdiff_t>(at));
-    return true;
-  });
-  return result;
-}
-
 // Hebrew, Arabic and all up to Burmese: most of what the tool sees, and asking the library costs.
 bool IsOfScriptWithoutCase(char16_t unit) { return unit >= 0x0590 && unit < 0x10A0; }
 
@@ -104,18 +94,17 @@ TextView Behind(TextView text, TextView mark) {
 }
 
 Text Replace(TextView text, TextView find, TextView with) {
-  const std::size_t hits = CountHits(text, find);
-  if (hits == 0) return Text(text);
-  if (find.size() == with.size()) return Overwrite(text, find, with);
   Text result;
-  result.reserve(text.size() - hits * find.size() + hits * with.size());
   std::size_t taken = 0;
   ForEachHit(text, find, 0, [&](std::size_t at) {
+    // A quarter more than the text seldom falls short.
+    if (taken == 0) result.reserve(text.size() + (with.size() > find.size() ? text.size() / 4 : 0));
     result.append(text, taken, at - taken);
     result.append(with);
     taken = at + find.size();
     return true;
   });
+  if (taken == 0) return Text(text);
   result.append(text, taken);
   return result;
 }
