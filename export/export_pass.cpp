@@ -2,7 +2,6 @@
 
 #include "core/book_places.h"
 #include "export/export_places.h"
-#include "export/print_page.h"
 #include "platform/failure.h"
 
 namespace exporting {
@@ -103,16 +102,16 @@ void ExportPass::CopyFiles(const ExportScript& script, TextView root) {
 }
 
 void ExportPass::MakePrintPages(TextView root) {
-  const Text pageTemplate =
-      Read(core::PrintTemplateFile(form1_.ProgramRoot()), TextFormat::kUnicode);
+  const PageTemplate pageTemplate(
+      Read(core::PrintTemplateFile(form1_.ProgramRoot()), TextFormat::kUnicode));
   for (const Text& name : Files().FileNames(PageFolder(root))) {
     if (IsPageFile(name)) MakePrintPage(pageTemplate, root, name);
   }
 }
 
-void ExportPass::MakePrintPage(TextView pageTemplate, TextView root, TextView name) {
+void ExportPass::MakePrintPage(const PageTemplate& pageTemplate, TextView root, TextView name) {
   const Text page = Read(ExportedPage(root, name), TextFormat::kUnicode);
-  const Text filled = FilledTemplate(pageTemplate, form1_.Wsre(page, u"pgTitle"), PrintBody(page));
+  const Text filled = pageTemplate.Filled(form1_.Wsre(page, u"pgTitle"), PrintBody(page));
   auto stream = form1_.FileSys().OpenTextFile(PrintPage(root, name), IoMode::kForWriting, true,
                                               TextFormat::kUnicode);
   stream.Write(filled);

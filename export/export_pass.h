@@ -4,6 +4,7 @@
 
 #include "core/ports.h"
 #include "core/project_window.h"
+#include "export/print_page.h"
 #include "export/script.h"
 #include "platform/file_system_object.h"
 #include "platform/launcher.h"
@@ -28,7 +29,7 @@ class ExportPass : public core::ExportPort {
   void CopyFolder(const CopyLine& line, platform::TextView root);
   void CopyFiles(const ExportScript& script, platform::TextView root);
   void MakePrintPages(platform::TextView root);
-  void MakePrintPage(platform::TextView pageTemplate, platform::TextView root,
+  void MakePrintPage(const PageTemplate& pageTemplate, platform::TextView root,
                      platform::TextView name);
   void RunFile(platform::TextView path);
 

@@ -1,6 +1,8 @@
 // A book's page as an ordinary web page that can be printed.
 #pragma once
 
+#include <vector>
+
 #include "platform/text.h"
 
 namespace exporting {
@@ -13,9 +15,23 @@ bool IsPageFile(platform::TextView name);
 // Without a title's end the body starts at the tenth character; that is required.
 platform::Text PrintBody(platform::TextView page);
 
-// The template with "%Title%" and then "%Matn%" filled. Nothing is escaped, and a title that holds
-// "%Matn%" is filled with the body too.
-platform::Text FilledTemplate(platform::TextView pageTemplate, platform::TextView title,
-                              platform::TextView body);
+// The template of all pages of an export.
+class PageTemplate {
+ public:
+  explicit PageTemplate(platform::Text text);
+
+  // The template with "%Title%" and then "%Matn%" filled. Nothing is escaped, and a title that
+  // holds "%Matn%" is filled with the body too.
+  platform::Text Filled(platform::TextView title, platform::TextView body) const;
+
+ private:
+  // What stands between two places for the title, cut at the places for the body.
+  using Piece = std::vector<platform::Text>;
+
+  bool CanJoin(platform::TextView title) const;
+
+  platform::Text text_;
+  std::vector<Piece> pieces_;
+};
 
 }  // namespace exporting

@@ -115,7 +115,7 @@ void CheckPage(TextView text) {
   const Text title = Tried([&] { return core::TaggedText(page, u"pgTitle"); }).value_or(u"");
   const Text body = exporting::PrintBody(page);
   Require(body == Body(page));
-  Require(exporting::FilledTemplate(pageTemplate, title, body) ==
+  Require(exporting::PageTemplate(platform::Text(pageTemplate)).Filled(title, body) ==
           Replaced(Replaced(pageTemplate, u"%Title%", title), u"%Matn%", body));
   const TextView extension = pageTemplate.substr(pageTemplate.rfind(u'.') + 1);
   Require(exporting::IsPageFile(pageTemplate) ==

@@ -4,8 +4,8 @@
 
 namespace {
 
-using exporting::FilledTemplate;
 using exporting::IsPageFile;
+using exporting::PageTemplate;
 using exporting::PrintBody;
 
 TEST(PrintPage, PageFilesAreToldByTheirLastExtensionInAnyLetterCase) {
@@ -37,15 +37,24 @@ TEST(PrintPage, WithoutATitlesEndTheBodyStartsAtTheTenthCharacter) {
 }
 
 TEST(PrintPage, BothPlacesAreFilledWhereverTheyStand) {
-  EXPECT_EQ(FilledTemplate(u"%Title%|%Matn%|%Title%", u"T & <t>", u"B"), u"T & <t>|B|T & <t>");
+  EXPECT_EQ(PageTemplate(u"%Title%|%Matn%|%Title%").Filled(u"T & <t>", u"B"), u"T & <t>|B|T & <t>");
 }
 
 TEST(PrintPage, ATitleThatHoldsTheBodysPlaceIsFilledToo) {
-  EXPECT_EQ(FilledTemplate(u"%Title%", u"x%Matn%y", u"B"), u"xBy");
+  EXPECT_EQ(PageTemplate(u"%Title%").Filled(u"x%Matn%y", u"B"), u"xBy");
 }
 
 TEST(PrintPage, ATemplateWithoutABodyGivesPagesWithoutOne) {
-  EXPECT_EQ(FilledTemplate(u"only %Title%", u"T", u"B"), u"only T");
+  EXPECT_EQ(PageTemplate(u"only %Title%").Filled(u"T", u"B"), u"only T");
+}
+
+TEST(PrintPage, PlacesThatCutIntoEachOtherAreFilledOneAfterTheOther) {
+  EXPECT_EQ(PageTemplate(u"%Matn%Title%").Filled(u"T", u"B"), u"%MatnT");
+  EXPECT_EQ(PageTemplate(u"%Title%Matn%").Filled(u"T", u"B"), u"TMatn%");
+  EXPECT_EQ(PageTemplate(u"%Ma%Title%%").Filled(u"tn", u"B"), u"B");
+  EXPECT_EQ(PageTemplate(u"%Mat%Title%n%").Filled(u"", u"B"), u"B");
+  EXPECT_EQ(PageTemplate(u"%Title%").Filled(u"%Matn", u"B"), u"%Matn");
+  EXPECT_EQ(PageTemplate(u"%Title%atn%").Filled(u"%M", u"B"), u"B");
 }
 
 }  // namespace
