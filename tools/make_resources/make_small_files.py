@@ -57,7 +57,8 @@ def image_mark():
     width, height = ICON_WIDTH * TWIPS_PER_PIXEL, ICON_HEIGHT * TWIPS_PER_PIXEL
     digits = png(ICON_WIDTH, ICON_HEIGHT, icon_pixel).hex()
     # The natural size of a picture is given in hundredths of a millimetre, 2540 to the inch of 1440 twips.
-    return (f"{{\\rtf1\\ansi\\ansicpg1256\\deff0{{\\fonttbl{{\\f0\\fnil\\fcharset178 Tahoma;}}}}"
+    # The paragraph that the picture becomes begins on the right, as those around it do.
+    return (f"{{\\rtf1\\ansi\\ansicpg1256\\deff0{{\\fonttbl{{\\f0\\fnil\\fcharset178 Tahoma;}}}}\\pard\\rtlpar\\qr"
             f"{{\\pict\\pngblip\\picw{round(width * 2540 / 1440)}\\pich{round(height * 2540 / 1440)}"
             f"\\picwgoal{width}\\pichgoal{height} {digits}}}}}").encode("ascii")
 
