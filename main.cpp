@@ -1,6 +1,7 @@
 // Makes the windows, wires them, runs.
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "editor/paragraph_window.h"
 #include "export/export_pass.h"
 #include "platform/application.h"
 #include "platform/clock.h"
@@ -8,6 +9,7 @@
 #include "platform/launcher.h"
 #include "platform/paths.h"
 #include "platform/random.h"
+#include "support/help_window.h"
 #include "workbench/format_window.h"
 
 int main(int argc, char** argv) {
@@ -17,9 +19,14 @@ int main(int argc, char** argv) {
                         platform::ProgramFolder(), platform::SystemLogPath()};
   core::Form1 form1(machine);
   workbench::Form3 form3(form1);
+  editor::Form6 form6(form3);
+  form3.Wire(form6);
+  support::Form4 form4(form1);
   exporting::ExportPass exportPass(form1, platform::HostLauncher());
   core::Ports ports;
   ports.workbench = &form3;
+  ports.paragraph = &form6;
+  ports.help = &form4;
   ports.exporting = &exportPass;
   form1.Wire(ports);
   return application.Run([&] { form1.Show(); });

@@ -17,9 +17,11 @@ Desk::Desk(const std::string& hostFolder)
       machine_{platform::HostFileSystem(), platform::HostClock(), random_,
                platform::ToolPath(hostFolder), platform::ToolPath(hostFolder + "/ZVL.log")},
       form1(machine_),
-      form3(form1) {
+      form3(form1),
+      form6(form3) {
   fs::copy(ZORVAND_SOURCE_DIR "/Resources", folder_ + "/Resources", fs::copy_options::recursive);
-  form1.Wire({.workbench = &form3});
+  form3.Wire(form6);
+  form1.Wire({.workbench = &form3, .paragraph = &form6});
   form1.Show();
   Robot::Settle();
 }

@@ -5,6 +5,7 @@
 
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "editor/paragraph_window.h"
 #include "platform/random.h"
 #include "tests/support/robot.h"
 #include "workbench/format_window.h"
@@ -31,6 +32,7 @@ class Desk {
  public:
   core::Form1 form1;
   workbench::Form3 form3;
+  editor::Form6 form6;
   testing_support::Robot robot;
 };
 

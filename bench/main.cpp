@@ -15,6 +15,7 @@
 #include "bench/box_rows.h"
 #include "bench/build_rows.h"
 #include "bench/export_rows.h"
+#include "bench/paragraph_rows.h"
 #include "bench/process_rows.h"
 #include "bench/reported.h"
 #include "bench/table.h"
@@ -27,13 +28,15 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 15> kRows = {{{"build", bench::MeasureTextBuild},
+const std::array<bench::NamedRow, 17> kRows = {{{"build", bench::MeasureTextBuild},
                                                 {"media", bench::MeasureMediaBuild},
                                                 {"mixed", bench::MeasureMixedBuild},
                                                 {"export", bench::MeasureExport},
                                                 {"print", bench::MeasurePrintPages},
                                                 {"print-disk", bench::MeasurePrintPagesOnDisk},
                                                 {"rep", bench::MeasureCleanUp},
+                                                {"rebuild", bench::MeasureRebuilding},
+                                                {"rebuild-line", bench::MeasureRebuildingOneLine},
                                                 {"plain", bench::MeasurePlainText},
                                                 {"rtf", bench::MeasureRichText},
                                                 {"f3", bench::MeasureMarking},

@@ -44,7 +44,7 @@ Form1::Form1(Machine& machine)
 void Form1::WireFields() {
   for (platform::TextBox* field :
        {&Back, &Mus1, &Mus2, &Text1, &title, &shenas, &matn, &ExBox, &index, &idir}) {
-    field->onGotFocus = [field] { SelectWhole(*field); };
+    field->onGotFocus = [field] { field->SelectAll(); };
   }
   for (platform::TextBox* count : {&title, &matn, &shenas}) {
     count->onLostFocus = [this] { MakeCombo(); };
@@ -198,11 +198,6 @@ void Form1::bMus_KeyUp() { bMus_Click(); }
 void Form1::idir_Change() {
   ReadSett();
   MakeCombo();
-}
-
-void Form1::SelectWhole(platform::TextBox& field) {
-  field.SetSelStart(0);
-  field.SetSelLength(static_cast<Position>(field.Text().size()));
 }
 
 }  // namespace core

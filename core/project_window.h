@@ -19,6 +19,9 @@
 
 namespace core {
 
+// What an image box can show, as a file chooser's pattern.
+inline constexpr platform::TextView kPicturePattern = u"*.gif;*.jpg;*.bmp";
+
 class Form1 : public platform::Window {
  public:
   explicit Form1(Machine& machine);
@@ -144,7 +147,6 @@ class Form1 : public platform::Window {
   void bMus_Click();
   void bMus_KeyUp();
   void idir_Change();
-  static void SelectWhole(platform::TextBox& field);
 
   Machine& machine_;
   Ports ports_;

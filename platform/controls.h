@@ -131,6 +131,7 @@ class TextBox : public Control {
   void SetText(TextView text);  // runs onChange where the text differs
   void SetSelStart(Position start);
   void SetSelLength(Position length);
+  void SelectAll();
   Position SelStart() const;
   Position SelLength() const;
   bool Locked() const;
@@ -219,6 +220,20 @@ class ScrollBar : public Control {
   void SetSmallChange(int step);
   void SetLargeChange(int step);
   std::function<void()> onChange;
+};
+
+// Opens over the window when it is told to, at the pointer or, for the keyboard, at what has the
+// focus. It is gone with a choice or a click elsewhere; Show doesn't wait for that.
+class PopupMenu : public Control {
+ public:
+  using Control::Control;
+  void Show();
+};
+
+class MenuItem : public Control {
+ public:
+  using Control::Control;
+  std::function<void()> onClick;
 };
 
 class Timer : public Control {

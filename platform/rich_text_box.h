@@ -27,6 +27,9 @@ class RichTextBox : public Control {
   void SetTextRTF(TextView rtf);  // Failure for what is no rich text
   void LoadFile(TextView path);   // rich text from a file; Failure if it can't be read
 
+  // The user can't change a locked text; code can.
+  void SetLocked(bool locked);
+
   platform::Text SelText() const;
   void SetSelText(TextView text);  // takes the place of the selection
   platform::Text SelRTF() const;

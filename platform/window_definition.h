@@ -29,7 +29,15 @@ enum class ControlKind : std::uint8_t {
   kImage,
   kScrollBar,
   kTimer,
+  kMenu,      // opens when it is told to
+  kMenuItem,  // its parent is a menu
 };
+
+// Whether controls of this kind have a place on the window.
+constexpr bool IsPlaced(ControlKind kind) {
+  return kind != ControlKind::kTimer && kind != ControlKind::kMenu &&
+         kind != ControlKind::kMenuItem;
+}
 
 enum class Artwork : std::uint8_t {
   kNone,

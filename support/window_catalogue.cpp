@@ -35,7 +35,7 @@ struct Row : ControlRow {
     width = place.width;
     height = place.height;
     text = rowText;
-    tabStop = rowKind != Kind::kTimer && rowKind != Kind::kLabel && rowKind != Kind::kFrame &&
+    tabStop = platform::IsPlaced(rowKind) && rowKind != Kind::kLabel && rowKind != Kind::kFrame &&
               rowKind != Kind::kLine && rowKind != Kind::kPicture && rowKind != Kind::kImage;
   }
   constexpr Row In(TextView frame, int frameIndex = kNoIndex) const {
@@ -386,8 +386,17 @@ constexpr std::array kForm6Cell = std::to_array<ControlRow>({
     Row(Kind::kCheckBox, u"IMC", {5610, 960, 1365, 315}, u"انتخاب تصوير").In(u"IMF"),
 });
 
+constexpr std::array kForm6Menu = std::to_array<ControlRow>({
+    Row(Kind::kMenu, u"popM", {}),
+    Row(Kind::kMenuItem, u"picM", {}, u"درج تصوير در متن").In(u"popM"),
+    Row(Kind::kMenuItem, u"copyM", {}, u"كپي متن").In(u"popM").Disabled(),
+    Row(Kind::kMenuItem, u"cutM", {}, u"برش متن").In(u"popM").Disabled(),
+    Row(Kind::kMenuItem, u"pasteM", {}, u"چسباندن متن").In(u"popM").Disabled(),
+    Row(Kind::kMenuItem, u"delM", {}, u"حذف متن").In(u"popM").Disabled(),
+});
+
 constexpr auto kForm6Rows =
-    Concat(kForm6ParagraphRows, kForm6BrowserHead, PictureCells(kForm6Cell, 1395));
+    Concat(kForm6ParagraphRows, kForm6BrowserHead, PictureCells(kForm6Cell, 1395), kForm6Menu);
 
 }  // namespace
 

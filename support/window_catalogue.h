@@ -1,5 +1,5 @@
 // What the six windows hold at design: titles, sizes, and every control with its place, text and
-// hint. The menu of Form6 is not among them. Rows stand in tab order, frames before what they hold.
+// hint. Rows stand in tab order, frames before what they hold.
 #pragma once
 
 #include "platform/window_definition.h"

@@ -126,7 +126,7 @@ void BuildPass::BuildMainEnd() {
 
 void BuildPass::BuildGalleryPicture(std::ptrdiff_t slot) {
   const Text& source = order_.table.galleryPic(slot, 0);
-  if (source == kRemoved) return;
+  if (source == gallery::kRemoved) return;
   const Text target = DrawStem([&] { return core::GalleryPicture(Root(), stem_); });
   AddToCollection(PictureLine(depth_, order_.table.galleryPic(slot, 1), stem_));
   files_.Files().CopyFile(source, target);
@@ -163,7 +163,7 @@ void BuildPass::BuildGalleryEntry(std::ptrdiff_t row) {
   for (std::ptrdiff_t slot = 0;; ++slot) {
     const Text& source = table.entryGalPath(row, slot);
     // A picture that was taken out ends the list here, unlike in a collection's gallery.
-    if (source.empty() || source == kRemoved) break;
+    if (source.empty() || source == gallery::kRemoved) break;
     const Text target = DrawStem([&] { return core::GalleryPicture(Root(), stem_); });
     AddToFile(gallery, PictureLine(depth_, table.entryGalTitle(row, slot), stem_));
     files_.Files().CopyFile(source, target);

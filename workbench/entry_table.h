@@ -7,13 +7,11 @@
 #include <cstddef>
 #include <utility>
 
+#include "gallery/slots.h"
 #include "platform/column.h"
 #include "platform/text.h"
 
 namespace workbench {
-
-// A path that stands for a picture which was taken out of a gallery again.
-inline constexpr platform::TextView kRemoved = u"Removed";
 
 // A column of flags, false past its end. Failure for a negative row.
 class FlagColumn {
@@ -35,7 +33,7 @@ class TextGrid {
   void Set(std::ptrdiff_t row, std::ptrdiff_t slot, platform::Text value) {
     rows_.At(row).Set(slot, std::move(value));
   }
-  // All slots of one row, for code that works on one gallery.
+  // All slots of one row.
   platform::Column<platform::Text>& Row(std::ptrdiff_t row) { return rows_.At(row); }
   void Clear() { rows_.Clear(); }
 
@@ -49,8 +47,7 @@ class GalleryTable {
  public:
   const platform::Text& operator()(std::ptrdiff_t slot, std::size_t column) const;
   void Set(std::ptrdiff_t slot, std::size_t column, platform::Text value);
-  platform::Column<platform::Text>& Paths() { return columns_[0]; }
-  platform::Column<platform::Text>& Titles() { return columns_[1]; }
+  gallery::Slots Slots() { return {columns_[0], columns_[1]}; }
   void Clear();
 
  private:
@@ -70,6 +67,11 @@ struct EntryTable {
 
   GalleryTable galleryPic;                       // (slot, column)
   platform::Column<platform::Text> inlineImage;  // by image number
+
+  // The gallery of one entry. Failure for a negative row.
+  gallery::Slots EntryGallery(std::ptrdiff_t row) {
+    return {entryGalPath.Row(row), entryGalTitle.Row(row)};
+  }
 
   // What ResetA empties: every column.
   void Clear();

@@ -26,6 +26,17 @@ void Form3::WireHandlers() {
   bname.onKeyPress = [this](int keyCode) { bname_KeyPress(keyCode); };
   chnd.onGotFocus = [this] { chnd_GotFocus(); };
   chnd.onLostFocus = [this] { chnd_LostFocus(); };
+  HazC.ForEach([this](platform::Button& rebuild) {
+    const auto index = static_cast<std::int16_t>(rebuild.Index());
+    rebuild.onClick = [this, index] { HazC_Click(index); };
+  });
+  bindex.onMouseUp = [this] { bindex_MouseUp(); };
+  IMC.ForEach([this](platform::CheckBox& tick) {
+    const int row = tick.Index();
+    tick.onMouseUp = [this, row] { IMC_MouseUp(row); };
+  });
+  VSC.onChange = [this] { VSC_Change(); };
+  SelAll.onClick = [this] { SelAll_Click(); };
   Command1.onClick = [this] { Command1_Click(); };
   Timer1.onTimer = [this] { Timer1_Timer(); };
 }
@@ -58,12 +69,12 @@ void Form3::Form_Load() {
 
 // What ResetA leaves alone would otherwise outlive the window.
 void Form3::ForgetFormerRun() {
-  for (Text* member : {&lastMainText, &imageMark, &chosenImage, &currentBook, &galleryFolder}) {
+  for (Text* member : {&lastMainText, &imageMark, &chosenImage, &currentBook}) {
     member->clear();
   }
   editIndex = 0;
   wordLimit = 0;
-  folderPicCount = 0;
+  pictures = {};
 }
 
 void Form3::Form_Unload() {
@@ -162,9 +173,5 @@ void Form3::StartWorkbenchTimer() {
 }
 
 void Form3::SetChosenImage(TextView path) { chosenImage = path; }
-
-// The picture browser that these two belong to is empty until a gallery is opened.
-void Form3::RemFol(int) {}
-void Form3::SetGalFol(TextView, int) {}
 
 }  // namespace workbench

@@ -12,7 +12,8 @@
 
 #include "core/ports.h"
 #include "core/project_window.h"
-#include "platform/column.h"
+#include "gallery/browser.h"
+#include "gallery/folder_pictures.h"
 #include "platform/controls.h"
 #include "platform/file_system_object.h"
 #include "platform/rich_text_box.h"
@@ -21,6 +22,7 @@
 #include "workbench/book_formats.h"
 #include "workbench/entry_table.h"
 #include "workbench/marking.h"
+#include "workbench/paragraph_window.h"
 #include "workbench/workbench_geometry.h"
 
 namespace workbench {
@@ -28,6 +30,9 @@ namespace workbench {
 class Form3 : public platform::Window, public core::WorkbenchPort {
  public:
   explicit Form3(core::Form1& form1);
+
+  // To be called once, before a row is opened.
+  void Wire(ParagraphWindow& paragraph) { paragraph_ = &paragraph; }
 
   // Which collection is in hand: rowLetter, rowDigit and the caption of BookLabel, from the
   // selection of dataName. Runs at every paint, so it writes the caption only where it differs. 61.
@@ -43,6 +48,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   void books_Click();
   // Aligns the whole of matn to the right; the caret goes to its start.
   void Mright();
+  static void AlignRight(platform::RichTextBox& box);
   platform::Text DelCrLf(platform::TextView text);                // 58
   platform::Text BeBor(platform::TextView text, std::int16_t n);  // 65
   // A final "\". Failure for an empty path, which is the caller's.
@@ -50,14 +56,49 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   // Keep the words a line between 10 and 30; without any report.
   void chnd_GotFocus();
   void chnd_LostFocus();
+  // Rebuilds the paragraphs of matn by what Frame3 says; what was formatted becomes plain. Reads
+  // chnd itself. 80.
+  void DoPara();
+  void HazC_Click(std::int16_t index);
 
   // A marking command, 0 to 13; the buttons' and the function keys'. 59.
   void Com_Click(std::int16_t index);
   void matn_KeyDown(int keyCode);
   // Ctrl+A (1) selects the whole title.
   void bname_KeyPress(int keyCode);
-  // Asks for the folder of the picture browser. 46.
-  void Command1_Click();
+
+  // Opens the paragraph window on the selected row, unless the row closes a main title. 53.
+  void bindex_MouseUp();
+  // The row into the fields of the paragraph window, and back into the row and its line; the latter
+  // closes the window. 51, 52.
+  void ShowEdit();
+  void DoEdit();
+  // Deletes the row. Backgrounds, galleries and counters don't follow the rows that move up. 54.
+  void Ohazf();
+  // Asks for a picture and puts it, as a paragraph of its own, in front of the paragraph in which
+  // the caret of the paragraph window stands. 56.
+  void DoIMG();
+
+  // The galleries and their browsers. `which` is 0 for the collection's, in this window, else the
+  // one of the entry in the paragraph window; of two names the second is the latter's. Without a
+  // number here, nothing catches a failure.
+  void SetGalFol(platform::TextView folder, int which) override;
+  void GetFolInfo();
+  void ShowFol(std::ptrdiff_t first);
+  void ShowFol2(std::ptrdiff_t first);
+  void VSC_Change();
+  void VSCchange();
+  void Command1_Click();                 // 46
+  void ComClick();                       // 46
+  void IMC_MouseUp(std::ptrdiff_t row);  // 55
+  void IMCmous(std::ptrdiff_t row);      // 55
+  void AddPicGal(std::int16_t row);      // 54
+  void AddPicGal2(std::int16_t row);     // 54
+  void RemPicGal(std::int16_t row);      // 57
+  void RemPicGal2(std::int16_t row);     // 57
+  void SelAll_Click();                   // 54
+  void RemGalAll(int which);
+  void RemFol(int which) override;
 
   // Builds the collection in hand. 57.
   void MakeFile();
@@ -75,8 +116,6 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   void RestoreWorkbench() override;
   void StartWorkbenchTimer() override;
   void SetChosenImage(platform::TextView path) override;
-  void RemFol(int which) override;
-  void SetGalFol(platform::TextView folder, int which) override;
 
   core::Form1& TheForm1() { return form1_; }
 
@@ -96,9 +135,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   platform::Text rowDigit;
   platform::Text currentBook;
   std::int16_t wordLimit = 0;
-  platform::Text galleryFolder;
-  std::ptrdiff_t folderPicCount = 0;
-  platform::Column<platform::Text> folderPic;
+  gallery::FolderPictures pictures;
   Vocabulary words;
   EntryTable table;
   DesignGeometry designGeometry;
@@ -168,10 +205,27 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   void InsertLine(platform::TextView line);
   void AddTextToLine(platform::TextView text);
   void ShowMainOpen();
+  void SwitchGalleryMode();
+
+  // Failure while none is wired.
+  ParagraphWindow& Paragraph();
+  void ShowEntryText(platform::RichTextBox& box);
+  bool IsTextPlain() const;
+  void ShowLineOfRow();
+  void PlaceImage(platform::RichTextBox& box);
+
+  gallery::Browser BrowserOf(int which);
+  gallery::Slots ChosenOf(int which);
+  platform::Text PictureRoot();
+  void ShowFolder(int which, std::ptrdiff_t first);
+  void TickChanged(int which, std::ptrdiff_t row);
+  void AddPicture(int which, std::ptrdiff_t row);
+  void RemovePicture(int which, std::ptrdiff_t row);
 
   void BringImage(const platform::Text& source, platform::TextView fileName);
 
   core::Form1& form1_;
+  ParagraphWindow* paragraph_ = nullptr;
   bool selectionWasRead_ = true;    // the last NameNevis did not fail
   platform::Text unreadSelection_;  // of dataName, at the paint that could not read it
 };

@@ -46,7 +46,7 @@ void Form3::RunCommand(Mark command) {
     case Mark::kBuildGallery:
       return MakeFile();
     case Mark::kGalleryMode:
-      return;
+      return SwitchGalleryMode();
   }
 }
 
@@ -135,13 +135,7 @@ void Form3::matn_KeyDown(int keyCode) {
 
 void Form3::bname_KeyPress(int keyCode) {
   constexpr int kCtrlA = 1;
-  if (keyCode != kCtrlA) return;
-  bname.SetSelStart(0);
-  bname.SetSelLength(static_cast<platform::Position>(bname.Text().size()));
-}
-
-void Form3::Command1_Click() {
-  form1_.Catching(46, [&] { form1_.RequestFolder(u"FolPath", this); });
+  if (keyCode == kCtrlA) bname.SelectAll();
 }
 
 }  // namespace workbench

@@ -1,7 +1,9 @@
-// Text intake: an input file into the text box, and the small text operations with their numbers.
+// Text intake: an input file into the text box, its paragraphs rebuilt, and the small text
+// operations with their numbers.
 #include "platform/failure.h"
 #include "workbench/clean_up.h"
 #include "workbench/format_window.h"
+#include "workbench/paragraphs.h"
 
 namespace workbench {
 
@@ -20,11 +22,13 @@ void Form3::books_Click() {
   });
 }
 
-void Form3::Mright() {
-  matn.SetSelStart(0);
-  matn.SetSelLength(matn.TextLength());
-  matn.SetSelAlignment(platform::SelectionAlignment::kRight);
-  matn.SetSelLength(0);
+void Form3::Mright() { AlignRight(matn); }
+
+void Form3::AlignRight(platform::RichTextBox& box) {
+  box.SetSelStart(0);
+  box.SetSelLength(box.TextLength());
+  box.SetSelAlignment(platform::SelectionAlignment::kRight);
+  box.SetSelLength(0);
 }
 
 Text Form3::DelCrLf(TextView text) {
@@ -41,10 +45,7 @@ Text Form3::BeBor(TextView text, std::int16_t n) {
 
 Text Form3::DoSlash(TextView path) { return SlashedPath(path); }
 
-void Form3::chnd_GotFocus() {
-  chnd.SetSelStart(0);
-  chnd.SetSelLength(static_cast<platform::Position>(chnd.Text().size()));
-}
+void Form3::chnd_GotFocus() { chnd.SelectAll(); }
 
 void Form3::chnd_LostFocus() {
   bool fits = false;
@@ -54,6 +55,21 @@ void Form3::chnd_LostFocus() {
     Ignoring([&] { chnd_GotFocus(); });
   }
   Ignoring([&] { wordLimit = platform::ToInt16(chnd.Text()); });
+}
+
+void Form3::HazC_Click(std::int16_t) { DoPara(); }
+
+void Form3::DoPara() {
+  form1_.Catching(80, [&] {
+    form1_.LogMe(u"Cutting end of paragraphs...");
+    const ParagraphRules rules{.removeBreaks = HazP.Value(),
+                               .breakAtMarks = Noghte.Value(),
+                               .wordLimit = platform::ToInt16(chnd.Text())};
+    // A line of its own, so that the former text is gone before the box takes the new one.
+    const Text rebuilt = RebuildParagraphs(matn.Text(), rules);
+    matn.SetText(rebuilt);
+    Mright();
+  });
 }
 
 }  // namespace workbench

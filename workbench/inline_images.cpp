@@ -105,6 +105,17 @@ bool PutImageTags(Text& text, const Column<Text>& inlineImage, const BringImage&
   return !tags.empty();
 }
 
+std::optional<platform::Position> EndOfParagraphBefore(TextView text, platform::Position caret) {
+  std::optional<platform::Position> end;
+  platform::Position at = 0;
+  for (std::size_t i = 0; i < text.size() && at < caret; ++at) {
+    const bool paragraphEnds = text.substr(i, platform::kCrLf.size()) == platform::kCrLf;
+    if (paragraphEnds) end = at;
+    i += paragraphEnds ? platform::kCrLf.size() : 1;
+  }
+  return end;
+}
+
 void CopyIfMissing(platform::FileSystem& files, TextView source, TextView target) {
   if (files.FileExists(source) && !files.FileExists(target)) files.CopyFile(source, target);
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "platform/column.h"
 #include "platform/file_system.h"
@@ -25,6 +26,11 @@ using BringImage = std::function<void(const platform::Text& source, platform::Te
 // the text, however many marks it has.
 bool PutImageTags(platform::Text& text, const platform::Column<platform::Text>& inlineImage,
                   const BringImage& bring);
+
+// Where the paragraph in front of the one with the caret ends; nothing if the caret stands in the
+// first one. `text` has CR LF at a paragraph's end; both positions count that as one, from 0.
+std::optional<platform::Position> EndOfParagraphBefore(platform::TextView text,
+                                                       platform::Position caret);
 
 // Copies a picture that exists to a target that doesn't; else does nothing.
 void CopyIfMissing(platform::FileSystem& files, platform::TextView source,

@@ -95,6 +95,17 @@ Text LineWithText(TextView line, TextView shortText) {
   return whole;
 }
 
+Text LineWithMarks(Text line, const Attached& attached) {
+  const std::array<std::pair<bool, TextView>, 4> marks = {{{attached.attachment, u"§ "},
+                                                           {attached.sound, u"~ "},
+                                                           {attached.film, u"# "},
+                                                           {attached.background, u"^ "}}};
+  for (const auto& [present, mark] : marks) {
+    if (present) line.insert(0, mark);
+  }
+  return line;
+}
+
 Text MainTitleCaption(std::int64_t openTitles) {
   Text caption = u"تيتر اصلي (";
   caption += platform::FromNumber(openTitles);

@@ -58,8 +58,7 @@ bool IsNaming(const ControlRow& row) {
 
 bool IsNamedByLabel(const ControlRow& row) {
   return !ShowsItsCaption(row.kind) && row.kind != ControlKind::kFrame &&
-         row.kind != ControlKind::kLine && row.kind != ControlKind::kPicture &&
-         row.kind != ControlKind::kTimer;
+         row.kind != ControlKind::kLine && row.kind != ControlKind::kPicture && IsPlaced(row.kind);
 }
 
 using Labels = std::map<const ControlRow*, TextView>;

@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QTimer>
@@ -110,11 +111,15 @@ std::unique_ptr<Control::Peer> MakeOfKind(const ControlRow& row, QWidget* parent
       return MakeScrollBar(row, parent, As<ScrollBar>(control));
     case ControlKind::kTimer:
       return MakeTimer(row, parent, As<Timer>(control));
+    case ControlKind::kMenu:
+      return MakeMenu(row, parent);
+    case ControlKind::kMenuItem:
+      return MakeMenuItem(row, parent, As<MenuItem>(control));
   }
   throw Failure(u"Unknown kind of control");
 }
 
-// Failure for a timer, which has nothing on the screen.
+// Failure for what has no widget of its own.
 QWidget& WidgetOf(const Control& control) {
   QWidget* widget = control.ThePeer().widget;
   if (widget == nullptr) {
@@ -130,7 +135,7 @@ void SetDesign(const ControlRow& row, Control::Peer& peer) {
   if (!row.tabStop) widget.setFocusPolicy(Qt::NoFocus);
   if (!row.enabled) widget.setEnabled(false);
   if (row.hidden) widget.hide();
-  peer.Place();
+  if (IsPlaced(row.kind)) peer.Place();
 }
 
 }  // namespace
@@ -148,6 +153,7 @@ std::unique_ptr<Control::Peer> MakePeer(const ControlRow& row, QWidget* parent, 
   peer->height = row.height;
   if (peer->widget == nullptr) return peer;
   SetDesign(row, *peer);
+  if (row.kind == ControlKind::kMenu) return peer;
   if (control != nullptr) new FocusWatcher(*peer, control);
   return peer;
 }
@@ -210,8 +216,20 @@ void Control::SetHeight(Twips height) {
 
 bool Control::Visible() const { return !WidgetOf(*this).isHidden(); }
 void Control::SetVisible(bool visible) { WidgetOf(*this).setVisible(visible); }
-bool Control::Enabled() const { return WidgetOf(*this).isEnabled(); }
-void Control::SetEnabled(bool enabled) { WidgetOf(*this).setEnabled(enabled); }
+
+bool Control::Enabled() const {
+  const QAction* action = ThePeer().action;
+  return action != nullptr ? action->isEnabled() : WidgetOf(*this).isEnabled();
+}
+
+void Control::SetEnabled(bool enabled) {
+  if (QAction* action = ThePeer().action; action != nullptr) {
+    action->setEnabled(enabled);
+  } else {
+    WidgetOf(*this).setEnabled(enabled);
+  }
+}
+
 Text Control::ToolTip() const { return ToText(WidgetOf(*this).toolTip()); }
 void Control::SetToolTip(TextView tip) { WidgetOf(*this).setToolTip(ToQString(ShownCaption(tip))); }
 

@@ -13,6 +13,7 @@
 #include "platform/window.h"
 #include "platform/window_definition.h"
 
+class QAction;
 class QTimer;
 
 namespace platform {
@@ -29,7 +30,8 @@ struct Control::Peer {
   // is a member of the control, which outlives its peer.
   std::function<void()> Gate(const std::function<void()>& handler);
 
-  QWidget* widget = nullptr;  // nullptr for a timer; owned by the window's widget
+  QWidget* widget = nullptr;  // nullptr for a timer and a menu's item; owned by the window's widget
+  QAction* action = nullptr;  // of a menu's item; owned by the menu
   Twips left = 0;
   Twips top = 0;
   Twips width = 0;
@@ -83,6 +85,9 @@ std::unique_ptr<Control::Peer> MakeImageBox(const ControlRow& row, QWidget* pare
                                             ImageBox* control);
 std::unique_ptr<Control::Peer> MakeScrollBar(const ControlRow& row, QWidget* parent,
                                              ScrollBar* control);
+std::unique_ptr<Control::Peer> MakeMenu(const ControlRow& row, QWidget* parent);
+std::unique_ptr<Control::Peer> MakeMenuItem(const ControlRow& row, QWidget* parent,
+                                            MenuItem* control);
 std::unique_ptr<Control::Peer> MakeTimer(const ControlRow& row, QWidget* parent, Timer* control);
 
 }  // namespace platform

@@ -110,9 +110,13 @@ class RichTextEdit : public QTextEdit {
     if (handler) handler(ButtonOf(*event));
   }
 
-  // A menu of the toolkit would come before the release and keep it to itself.
+  // A menu of the toolkit would come before the release and keep it to itself. The key for menus
+  // counts as the button.
   void contextMenuEvent(QContextMenuEvent* event) override {
-    if (!hasMenuOfItsOwn || !hasMenuOfItsOwn()) QTextEdit::contextMenuEvent(event);
+    if (!hasMenuOfItsOwn || !hasMenuOfItsOwn()) return QTextEdit::contextMenuEvent(event);
+    constexpr int kRightButton = 2;
+    const auto handler = onMouseUp;
+    if (event->reason() == QContextMenuEvent::Keyboard) handler(kRightButton);
   }
 
   QMimeData* createMimeDataFromSelection() const override {
@@ -293,6 +297,14 @@ void RichTextBox::LoadFile(TextView path) {
   const std::string bytes = file->ReadAll();
   file->Close();
   Load(EditOf(*this), rtf::Read(bytes));
+}
+
+void RichTextBox::SetLocked(bool locked) {
+  RichTextEdit& edit = EditOf(*this);
+  edit.setReadOnly(locked);
+  // Read with the keys too.
+  if (locked)
+    edit.setTextInteractionFlags(edit.textInteractionFlags() | Qt::TextSelectableByKeyboard);
 }
 
 Text RichTextBox::SelText() const { return PlainTextOf(EditOf(*this).Selection().selectedText()); }

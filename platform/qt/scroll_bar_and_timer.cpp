@@ -36,6 +36,7 @@ std::unique_ptr<Control::Peer> MakeScrollBar(const ControlRow&, QWidget* parent,
   auto peer = std::make_unique<Control::Peer>();
   auto* bar = new QScrollBar(Qt::Vertical, parent);
   bar->setRange(1, 1);
+  bar->setTracking(false);  // a drag is one change, told where it ends
   bar->setFocusPolicy(Qt::StrongFocus);
   peer->widget = bar;
   if (control != nullptr) {

@@ -92,6 +92,11 @@ void TextBox::SetSelStart(Position start) {
   edit.setCursorPosition(at);
 }
 
+void TextBox::SelectAll() {
+  SetSelStart(0);
+  SetSelLength(std::numeric_limits<int>::max());
+}
+
 void TextBox::SetSelLength(Position length) {
   QLineEdit& edit = PeerOf<TextBoxPeer>(*this).Edit();
   const auto start = static_cast<int>(SelStart());

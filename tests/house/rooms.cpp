@@ -11,6 +11,8 @@ using Names = std::string_view;
 constexpr std::array<Names, 1> kPlatform = {"platform"};
 constexpr std::array<Names, 2> kSupport = {"platform", "support"};
 constexpr std::array<Names, 3> kCore = {"platform", "support", "core"};
+constexpr std::array<Names, 4> kGallery = {"platform", "support", "core", "gallery"};
+constexpr std::array<Names, 5> kWorkbench = {"platform", "support", "core", "gallery", "workbench"};
 constexpr std::array<Names, 9> kAllRooms = {
     "platform",  "platform/qt", "support", "core",  "support/help_window",
     "workbench", "gallery",     "editor",  "export"};
@@ -27,9 +29,9 @@ constexpr std::array<Room, 15> kRooms = {{
     {"support/help_window", "support/help_window", kCore},
     {"support", "support/", kPlatform},
     {"core", "core/", kSupport},
-    {"workbench", "workbench/", kCore},
+    {"workbench", "workbench/", kGallery},
     {"gallery", "gallery/", kCore},
-    {"editor", "editor/", kCore},
+    {"editor", "editor/", kWorkbench},
     {"export", "export/", kCore},
     {"main.cpp", "main.cpp", kAllRooms},
     {"viewer", "viewer/", {}, true, true},

@@ -27,12 +27,15 @@ Desk::Desk(bool withResources)
       machine(MachineOf(*this)),
       form1(machine),
       form3(form1),
+      form6(form3),
+      form4(form1),
       exportPass(form1, launcher),
       currentBefore_(fs::current_path()) {
   for (const char16_t* name : {u"program", u"state", u"current"}) folder.MakeFolder(name);
   fs::current_path(folder.HostPath("current"));
   if (withResources) fs::copy(kResources, HostPath("Resources"), fs::copy_options::recursive);
-  form1.Wire({.workbench = &form3, .exporting = &exportPass});
+  form3.Wire(form6);
+  form1.Wire({.workbench = &form3, .paragraph = &form6, .help = &form4, .exporting = &exportPass});
 }
 
 Desk::~Desk() { fs::current_path(currentBefore_); }

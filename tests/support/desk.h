@@ -7,10 +7,12 @@
 
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "editor/paragraph_window.h"
 #include "export/export_pass.h"
 #include "platform/file_system.h"
 #include "platform/random.h"
 #include "platform/text.h"
+#include "support/help_window.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/recorded_launcher.h"
@@ -59,6 +61,8 @@ class Desk {
   core::Machine machine;
   core::Form1 form1;
   workbench::Form3 form3;
+  editor::Form6 form6;
+  support::Form4 form4;
   RecordedLauncher launcher;
   exporting::ExportPass exportPass;
   Robot robot;

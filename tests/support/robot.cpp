@@ -1,12 +1,15 @@
 #include "tests/support/robot.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
@@ -70,6 +73,22 @@ void Robot::Click(const QString& window, const QString& control) {
     Complain(QStringLiteral("Can't click %1 of %2").arg(control, window));
   }
   QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, ClickPoint(widget));
+  Settle();
+}
+
+void Robot::RightClick(const QString& window, const QString& control) {
+  QWidget* widget = &Find(window, control);
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) widget = area->viewport();
+  QTest::mouseClick(widget, Qt::RightButton, Qt::NoModifier, widget->rect().center());
+  Settle();
+}
+
+void Robot::ChooseFromMenu(const QString& menu, const QString& item) {
+  auto* shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (shown == nullptr || shown->objectName() != menu) Complain(QStringLiteral("No menu ") + menu);
+  auto* action = shown->findChild<QAction*>(item);
+  if (action == nullptr || !action->isEnabled()) Complain(QStringLiteral("Can't choose ") + item);
+  QTest::mouseClick(shown, Qt::LeftButton, Qt::NoModifier, shown->actionGeometry(action).center());
   Settle();
 }
 

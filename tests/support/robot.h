@@ -41,6 +41,10 @@ class Robot : public QObject {
   // Clicks where an editor would, with the left button. A control that is hidden, disabled or not
   // on the screen is an error.
   static void Click(const QString& window, const QString& control);
+  // With the right button, into the middle of what the control shows.
+  static void RightClick(const QString& window, const QString& control);
+  // Clicks an item of the menu that is open; an error if it isn't shown or can't be chosen.
+  static void ChooseFromMenu(const QString& menu, const QString& item);
   // Clicks into the field, takes all that stands there and types.
   static void Type(const QString& window, const QString& control, const QString& text);
   static void PressKey(const QString& window, const QString& control, int key,

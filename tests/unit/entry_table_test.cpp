@@ -22,13 +22,13 @@ TEST(EntryTable, KeepsWhatIsWritten) {
   table.entryGalPath.Set(3, 2, u"C:\\p.jpg");
   table.entryGalTitle.Row(3).Set(2, u"title");
   table.galleryPic.Set(5, 0, u"C:\\q.jpg");
-  table.galleryPic.Titles().Set(5, u"q");
+  table.galleryPic.Slots().titles.Set(5, u"q");
   EXPECT_TRUE(table.entryGallery(3));
   EXPECT_FALSE(table.entryGallery(2));
   EXPECT_EQ(table.entryGalPath(3, 2), u"C:\\p.jpg");
   EXPECT_EQ(table.entryGalPath(2, 2), u"");
   EXPECT_EQ(table.entryGalTitle(3, 2), u"title");
-  EXPECT_EQ(table.galleryPic.Paths()(5), u"C:\\q.jpg");
+  EXPECT_EQ(table.galleryPic.Slots().paths(5), u"C:\\q.jpg");
   EXPECT_EQ(table.galleryPic(5, 1), u"q");
 }
 

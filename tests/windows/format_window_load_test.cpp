@@ -107,7 +107,7 @@ TEST_F(FormatWindowLoad, OpenedAgainItHasTheMembersOfAFreshPass) {
   Robot::Click("Form3", "Chek");
   desk.form3.SetChosenImage(u"C:\\a.jpg");
   desk.form3.galleryMode = true;
-  desk.form3.galleryFolder = u"C:\\pictures";
+  desk.form3.pictures.galleryFolder = u"C:\\pictures";
   Robot::CloseWindow("Form3");
   std::filesystem::remove(desk.HostPath("Resources/img.bin"));
   desk.PressNext();
@@ -117,7 +117,7 @@ TEST_F(FormatWindowLoad, OpenedAgainItHasTheMembersOfAFreshPass) {
   EXPECT_EQ(desk.form3.chosenImage, u"");
   EXPECT_EQ(desk.form3.imageMark, u"");
   EXPECT_EQ(desk.form3.currentBook, u"");
-  EXPECT_EQ(desk.form3.galleryFolder, u"");
+  EXPECT_EQ(desk.form3.pictures.galleryFolder, u"");
   EXPECT_EQ(desk.form3.mainOpen, 0);
 }
 
@@ -205,13 +205,13 @@ TEST_F(FormatWindowLoad, EmptyingLeavesTheTextAndWhatIsNotPartOfTheTable) {
   desk.OpenOn(u"alpha beta gamma");
   FormatDesk::Mark(Qt::Key_F1, "alpha");
   desk.form3.galleryMode = true;
-  desk.form3.galleryFolder = u"C:\\pictures";
+  desk.form3.pictures.galleryFolder = u"C:\\pictures";
   desk.form3.table.galleryPic.Set(0, 0, u"C:\\a.jpg");
   desk.form3.table.entryGallery.Set(0, true);
   desk.form3.table.inlineImage.Set(0, u"C:\\b.jpg");
   desk.form3.ResetA();
   EXPECT_TRUE(desk.form3.galleryMode);
-  EXPECT_EQ(desk.form3.galleryFolder, u"C:\\pictures");
+  EXPECT_EQ(desk.form3.pictures.galleryFolder, u"C:\\pictures");
   EXPECT_EQ(desk.form3.lastMainText, u"alpha");
   EXPECT_EQ(FormatDesk::Shown("matn"), " beta gamma");
   EXPECT_EQ(desk.form3.table.galleryPic(0, 0), u"");

@@ -57,7 +57,7 @@ class FormatWindowSize : public testing::Test {
   Places ControlPlaces() const {
     Places places;
     for (const platform::ControlRow& row : desk.form3.Definition().rows) {
-      if (row.kind == platform::ControlKind::kTimer) continue;
+      if (!platform::IsPlaced(row.kind)) continue;
       std::string name = platform::ToUtf8(row.name);
       if (row.index != platform::kNoIndex) name += "(" + std::to_string(row.index) + ")";
       places[name] = Robot::Find("Form3", QString::fromStdString(name)).geometry();

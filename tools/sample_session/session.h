@@ -3,17 +3,27 @@
 
 #include <QString>
 #include <filesystem>
+#include <functional>
+#include <vector>
 
 #include "core/machine.h"
 #include "core/project_window.h"
+#include "editor/paragraph_window.h"
 #include "export/export_pass.h"
 #include "platform/random.h"
+#include "support/help_window.h"
 #include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
 #include "tools/sample_session/passages.h"
 #include "workbench/format_window.h"
 
 namespace sample {
+
+// A picture of a browser, by the row in which it is shown, and the title typed for it.
+struct ChosenPicture {
+  int row;
+  QString title;
+};
 
 class Session {
  public:
@@ -34,7 +44,16 @@ class Session {
   void FileTitle(const Reading& reading);
   void FilePassage(const Passage& passage);
   void FilePassages(const Reading& reading);
-  void Build();
+  void TryRebuilding(const QString& book);
+  void EditEntries();
+  void EditEntry(int row, const std::function<void()>& work);
+  void PlacePicture(const QString& picture);
+  void HangMedia();
+  void ChooseFile(const QString& folder, const QString& file);
+  void ChoosePictures(const QString& window, const QString& chooser,
+                      const std::vector<ChosenPicture>& pictures);
+  void MakeGallery(int number);
+  void Build(const std::function<void()>& start);
   void Export(int number, const QString& layout);
   void LookAtBook(const QString& root, const QString& layout);
 
@@ -50,6 +69,8 @@ class Session {
   core::Machine machine_;
   core::Form1 form1_;
   workbench::Form3 form3_;
+  editor::Form6 form6_;
+  support::Form4 form4_;
   testing_support::RecordedLauncher launcher_;
   exporting::ExportPass exportPass_;
   int collection_ = 0;

@@ -1,0 +1,23 @@
+#include "support/help_window.h"
+
+#include "core/book_places.h"
+#include "platform/paths.h"
+#include "support/window_catalogue.h"
+
+namespace support {
+
+Form4::Form4(core::Form1& form1) : Window(Form4Definition()), form1_(form1) {}
+
+void Form4::Form_Load() {
+  form1_.Catching(69, [&] {
+    Box1.SetLocked(true);
+    fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
+    const platform::Text guide =
+        core::HelpFile(platform::DoSlash(form1_.TheMachine().programFolder));
+    if (fileSys->FileExists(guide)) Box1.LoadFile(guide);
+  });
+}
+
+void Form4::Form_Unload() { fileSys.reset(); }
+
+}  // namespace support

@@ -1,0 +1,105 @@
+// The bridge between the entry list and the paragraph window: a row goes out to be edited, comes
+// back, or is deleted.
+#include <utility>
+
+#include "platform/failure.h"
+#include "workbench/format_window.h"
+
+namespace workbench {
+
+using platform::Text;
+using platform::TextView;
+
+ParagraphWindow& Form3::Paragraph() {
+  if (paragraph_ == nullptr) throw platform::Failure(u"Object variable not set: Form6");
+  return *paragraph_;
+}
+
+void Form3::bindex_MouseUp() {
+  form1_.Catching(53, [&] {
+    form1_.LogMe(u"Opening an Onvan...");
+    editIndex = platform::ToInt16(static_cast<double>(bindex.ListIndex()));
+    if (editIndex == -1 || table.entryTitle(editIndex) == mainEndMark) return;
+    Paragraph().TheWindow().ShowModal(this);
+  });
+}
+
+void Form3::ShowEdit() {
+  form1_.Catching(51, [&] {
+    if (editIndex < 0) return form1_.bepayam(5);
+    if (table.entryGallery(editIndex)) Paragraph().ToggleGallery();
+    const ParagraphFields fields = Paragraph().Fields();
+    fields.Image1.ClearPicture();
+    const Text& title = table.entryTitle(editIndex);
+    fields.bname.SetText(title);
+    if (title == identityWord || title == mainMark) fields.bname.SetLocked(true);
+    ShowEntryText(fields.matn);
+    fields.picB.SetText(table.entryAttach(editIndex));
+    fields.soutB.SetText(table.entrySound(editIndex));
+    fields.filmB.SetText(table.entryFilm(editIndex));
+    const Text& background = table.entryBack(editIndex);
+    fields.Image1.SetTag(background);
+    if (!background.empty() && FileSys().FileExists(background)) {
+      fields.Image1.LoadPicture(background);
+    }
+  });
+}
+
+// The rows of a main title; the one that closes it is shown when it moves up to a deleted row.
+bool Form3::IsTextPlain() const {
+  const Text& title = table.entryTitle(editIndex);
+  return title == mainMark || title == mainEndMark;
+}
+
+// A heading that never got its text has none. All rich texts are written by our own boxes, which
+// put the direction on every paragraph: turning it here is turning it in the box, without another
+// round through a large text.
+void Form3::ShowEntryText(platform::RichTextBox& box) {
+  const Text& text = table.entryText(editIndex);
+  if (text.empty() || IsTextPlain()) {
+    box.SetText(text);
+  } else {
+    box.SetTextRTF(platform::Replace(text, u"\\ltrpar", u"\\rtlpar"));
+  }
+  AlignRight(box);
+}
+
+void Form3::DoEdit() {
+  form1_.Catching(52, [&] {
+    form1_.LogMe(u"Editing an Onvan...");
+    const ParagraphFields fields = Paragraph().Fields();
+    table.entryGallery.Set(editIndex, fields.Frame4.Visible());
+    table.entryTitle.Set(editIndex, fields.bname.Text());
+    table.entryText.Set(editIndex, IsTextPlain() ? fields.matn.Text() : fields.matn.TextRTF());
+    table.entryAttach.Set(editIndex, fields.picB.Text());
+    table.entrySound.Set(editIndex, fields.soutB.Text());
+    table.entryFilm.Set(editIndex, fields.filmB.Text());
+    table.entryBack.Set(editIndex, fields.Image1.Tag());
+    ShowLineOfRow();
+    fields.bname.SetLocked(false);
+    Paragraph().TheWindow().Unload();
+  });
+}
+
+void Form3::ShowLineOfRow() {
+  const Text& text = table.entryText(editIndex);
+  const Text title = BeBor(table.entryTitle(editIndex), kShownTitle);
+  const Text plain = BeBor(IsTextPlain() ? text : ToTXT(text), kShownText);
+  bindex.SetList(editIndex, LineWithMarks(LineWithText(title, plain),
+                                          {.attachment = !table.entryAttach(editIndex).empty(),
+                                           .sound = !table.entrySound(editIndex).empty(),
+                                           .film = !table.entryFilm(editIndex).empty(),
+                                           .background = !table.entryBack(editIndex).empty()}));
+}
+
+void Form3::Ohazf() {
+  form1_.Catching(54, [&] {
+    form1_.LogMe(u"Removing an Onvan...");
+    bindex.RemoveItem(editIndex);
+    table.CloseGap(editIndex);
+    --entryCount;
+    ShowEdit();
+  });
+}
+
+}  // namespace workbench
