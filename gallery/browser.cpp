@@ -4,7 +4,6 @@
 
 namespace gallery {
 
-using platform::Position;
 using platform::Text;
 using platform::TextView;
 
@@ -86,15 +85,6 @@ void RemoveRow(const Browser& browser, std::ptrdiff_t row, TextView root, const 
   if (!Remove(chosen, PathOfRow(browser, row, root))) return;
   browser.IMN(row).SetText(u"");
   browser.IMN(row).SetEnabled(true);
-}
-
-Text ShownPath(TextView path, Position longest) {
-  constexpr Position kHead = 3;
-  constexpr TextView kGap = u"...";
-  const auto length = static_cast<Position>(path.size());
-  if (length <= longest) return Text(path);
-  const Position tail = length - longest + kHead + static_cast<Position>(kGap.size());
-  return Text(platform::Left(path, kHead)).append(kGap).append(platform::Mid(path, tail));
 }
 
 }  // namespace gallery

@@ -40,7 +40,4 @@ void AddRow(const Browser& browser, std::ptrdiff_t row, platform::TextView root,
 void RemoveRow(const Browser& browser, std::ptrdiff_t row, platform::TextView root,
                const Slots& chosen);
 
-// A path too long for its label: its drive, "..." and its end, one character more than `longest`.
-platform::Text ShownPath(platform::TextView path, platform::Position longest);
-
 }  // namespace gallery

@@ -4,6 +4,7 @@
 
 namespace gallery {
 
+using platform::Position;
 using platform::Text;
 using platform::TextView;
 
@@ -17,6 +18,15 @@ void FolderPictures::Read(platform::FileSystemObject& fileSys) {
 
 bool IsGalleryPicture(TextView name) {
   return platform::LCase(platform::Behind(name, u".")) == platform::LCase(u"JPG");
+}
+
+Text ShownPath(TextView path, Position longest) {
+  constexpr Position kHead = 3;
+  constexpr TextView kGap = u"...";
+  const auto length = static_cast<Position>(path.size());
+  if (length <= longest) return Text(path);
+  const Position tail = length - longest + kHead + static_cast<Position>(kGap.size());
+  return Text(platform::Left(path, kHead)).append(kGap).append(platform::Mid(path, tail));
 }
 
 }  // namespace gallery

@@ -24,4 +24,8 @@ struct FolderPictures {
 // Whether a file's name, not its content, says that it is a picture for a gallery.
 bool IsGalleryPicture(platform::TextView name);
 
+// What a label shows of the folder's path: a longer one than `longest` characters by its drive,
+// "..." and its end, one character more than that.
+platform::Text ShownPath(platform::TextView path, platform::Position longest);
+
 }  // namespace gallery

@@ -9,49 +9,49 @@ using platform::TextView;
 
 namespace {
 
-std::ptrdiff_t FirstWithoutPicture(const Slots& slots, std::ptrdiff_t from) {
-  while (!slots.paths(from).empty() && slots.paths(from) != kRemoved) ++from;
+std::ptrdiff_t FirstWithoutPicture(const Slots& chosen, std::ptrdiff_t from) {
+  while (!chosen.paths(from).empty() && chosen.paths(from) != kRemoved) ++from;
   return from;
 }
 
-void Put(const Slots& slots, std::ptrdiff_t slot, Text path, Text title) {
-  slots.paths.Set(slot, std::move(path));
-  slots.titles.Set(slot, std::move(title));
+void Put(const Slots& chosen, std::ptrdiff_t slot, Text path, Text title) {
+  chosen.paths.Set(slot, std::move(path));
+  chosen.titles.Set(slot, std::move(title));
 }
 
 }  // namespace
 
-void Add(const Slots& slots, Text path, Text title) {
-  Put(slots, FirstWithoutPicture(slots, 0), std::move(path), std::move(title));
+void Add(const Slots& chosen, Text path, Text title) {
+  Put(chosen, FirstWithoutPicture(chosen, 0), std::move(path), std::move(title));
 }
 
-void AddAll(const Slots& slots, std::vector<Text> paths) {
+void AddAll(const Slots& chosen, std::vector<Text> paths) {
   std::ptrdiff_t slot = 0;
   for (Text& path : paths) {
-    slot = FirstWithoutPicture(slots, slot);
-    Put(slots, slot, std::move(path), {});
+    slot = FirstWithoutPicture(chosen, slot);
+    Put(chosen, slot, std::move(path), {});
   }
 }
 
-std::ptrdiff_t Find(const Slots& slots, TextView path) {
-  for (std::ptrdiff_t slot = 0; !slots.paths(slot).empty(); ++slot) {
-    if (slots.paths(slot) == path) return slot;
+std::ptrdiff_t Find(const Slots& chosen, TextView path) {
+  for (std::ptrdiff_t slot = 0; !chosen.paths(slot).empty(); ++slot) {
+    if (chosen.paths(slot) == path) return slot;
   }
   return kNoSlot;
 }
 
-bool Remove(const Slots& slots, TextView path) {
-  for (std::ptrdiff_t slot = 0; slot < slots.paths.Count(); ++slot) {
-    if (slots.paths(slot).empty() || slots.paths(slot) != path) continue;
-    Put(slots, slot, Text(kRemoved), {});
+bool Remove(const Slots& chosen, TextView path) {
+  for (std::ptrdiff_t slot = 0; slot < chosen.paths.Count(); ++slot) {
+    if (chosen.paths(slot).empty() || chosen.paths(slot) != path) continue;
+    Put(chosen, slot, Text(kRemoved), {});
     return true;
   }
   return false;
 }
 
-void Clear(const Slots& slots) {
-  slots.paths.Clear();
-  slots.titles.Clear();
+void Clear(const Slots& chosen) {
+  chosen.paths.Clear();
+  chosen.titles.Clear();
 }
 
 }  // namespace gallery

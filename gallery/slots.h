@@ -23,14 +23,14 @@ struct Slots {
 };
 
 // Puts a picture into the first slot that holds none.
-void Add(const Slots& slots, platform::Text path, platform::Text title);
+void Add(const Slots& chosen, platform::Text path, platform::Text title);
 // The same for many without titles, in their order, whether the gallery has them already or not.
 // Linear in slots and pictures.
-void AddAll(const Slots& slots, std::vector<platform::Text> paths);
+void AddAll(const Slots& chosen, std::vector<platform::Text> paths);
 // The first slot with that path, as far as the first free one; kNoSlot if there is none.
-std::ptrdiff_t Find(const Slots& slots, platform::TextView path);
+std::ptrdiff_t Find(const Slots& chosen, platform::TextView path);
 // Takes the first picture of that path out, wherever it stands; false if there is none.
-bool Remove(const Slots& slots, platform::TextView path);
-void Clear(const Slots& slots);
+bool Remove(const Slots& chosen, platform::TextView path);
+void Clear(const Slots& chosen);
 
 }  // namespace gallery

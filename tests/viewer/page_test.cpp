@@ -119,6 +119,24 @@ TEST(Page, WithoutTheFileThereIsNone) {
   EXPECT_FALSE(ReadPage(BookMaker().Book(), QStringLiteral("DATA/TXT")));
 }
 
+// A part of its own for each would take gigabytes.
+TEST(Page, StrayLinesWithoutEndComeTogether) {
+  const Page page = ParsePage(QStringLiteral("x\n").repeated(2'000'000) + QStringLiteral("z"));
+  EXPECT_LT(page.parts.size(), 20'000);
+  qsizetype found = 0;
+  for (const PagePart& part : page.parts) found += part.text.count(u'x');
+  EXPECT_EQ(found, 2'000'000);
+  EXPECT_TRUE(page.parts.back().text.endsWith(u'z'));
+}
+
+TEST(Page, ParagraphsAndPicturesBehindStrayLinesAreRead) {
+  const Page page = ParsePage(QStringLiteral("x\n").repeated(100'000) +
+                              QStringLiteral("<pgMain>a</pgMain>\r\n<IMG src=\"b.jpg\">\r\n"));
+  ASSERT_GT(page.parts.size(), 2U);
+  EXPECT_EQ(page.parts[page.parts.size() - 2].text, QStringLiteral("a"));
+  EXPECT_EQ(page.parts.back().kind, PagePart::Kind::kPicture);
+}
+
 // Each would take minutes if the reader went through the rest of the page for each of them.
 TEST(Page, DamagedPagesOfMegabytes) {
   constexpr int kTimes = 500'000;

@@ -1,7 +1,9 @@
 #include "viewer/book/fold.h"
 
 #include <QChar>
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <memory>
 
 namespace viewer {
@@ -81,6 +83,12 @@ QString Folded(QStringView text) {
     if (as != 0) folded += QChar(as);
   }
   return folded;
+}
+
+QStringList WordsOf(const QString& typed) {
+  QStringList words = Folded(typed.simplified()).split(u' ', Qt::SkipEmptyParts);
+  std::ranges::stable_sort(words, std::greater<>(), &QString::size);
+  return words;
 }
 
 }  // namespace viewer

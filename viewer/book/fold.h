@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 namespace viewer {
@@ -15,5 +16,9 @@ char16_t FoldedCharacter(char16_t character);
 const char16_t* FoldTable();
 
 QString Folded(QStringView text);
+
+// The words of what a reader typed, folded, the longest first: it is the rarest. A word that is
+// nothing but marks is none.
+QStringList WordsOf(const QString& typed);
 
 }  // namespace viewer

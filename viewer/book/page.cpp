@@ -17,6 +17,10 @@ constexpr QStringView kPictureEnd = u"\">";
 // In characters; a tag that goes on for longer is none. Bounds the work on a damaged page.
 constexpr qsizetype kLongestPath = 4096;
 
+// A part each would make hundreds of megabytes of a damaged page.
+constexpr int kMostSingleLines = 10'000;
+constexpr qsizetype kLinesTogether = 4096;  // in characters
+
 bool IsLineEnd(QChar c) { return c == u'\r' || c == u'\n'; }
 
 class Reader {
@@ -90,8 +94,14 @@ class Reader {
   // Text outside all elements isn't lost either.
   void ReadStray() {
     const qsizetype start = at_++;
-    while (at_ < text_.size() && !IsLineEnd(text_[at_]) && !Stands(kParagraph, at_)) ++at_;
+    const qsizetype least = ++strayLines_ > kMostSingleLines ? kLinesTogether : 0;
+    while (at_ < text_.size() && !EndsStray(start + least)) ++at_;
     AddParagraph(start, at_);
+  }
+
+  bool EndsStray(qsizetype least) const {
+    return (at_ >= least && IsLineEnd(text_[at_])) || Stands(kParagraph, at_) ||
+           (IsLineEnd(text_[at_ - 1]) && Stands(kPicture, at_));
   }
 
   void AddParagraph(qsizetype start, qsizetype end) {
@@ -111,6 +121,7 @@ class Reader {
 
   QStringView text_;
   qsizetype at_ = 0;
+  int strayLines_ = 0;
   Page page_;
 };
 

@@ -3,6 +3,8 @@
 
 #include <QString>
 #include <QStringView>
+#include <compare>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -21,6 +23,16 @@ struct Page {
   std::vector<PagePart> parts;  // without the blank paragraphs at both ends; plain text, no markup
 };
 
+// A place in a page: a part, and a character in it.
+struct PagePlace {
+  std::size_t part = 0;
+  qsizetype offset = 0;
+
+  auto operator<=>(const PagePlace&) const = default;
+};
+
+// Lines outside all elements are paragraphs, too; in a page of many thousands of them a paragraph
+// is some hundred lines.
 Page ParsePage(QStringView text);
 // Nothing, with a warning, where the file isn't there.
 std::optional<Page> ReadPage(const BookFolder& book, const QString& sourceInBook);

@@ -1,4 +1,4 @@
-#include "viewer/marks.h"
+#include "viewer/book/marks.h"
 
 #include "viewer/book/fold.h"
 
@@ -25,15 +25,6 @@ FoldedText Fold(const QString& text) {
 }
 
 }  // namespace
-
-QStringList WordsOf(const QString& typed) {
-  QStringList words;
-  for (const QString& word : typed.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-    const QString folded = Folded(word);
-    if (!folded.isEmpty()) words.push_back(folded);
-  }
-  return words;
-}
 
 std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords) {
   std::vector<Mark> marks;

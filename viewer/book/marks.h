@@ -12,9 +12,7 @@ struct Mark {
   qsizetype length = 0;
 };
 
-// The words of what the reader typed, folded.
-QStringList WordsOf(const QString& typed);
-// In the order of the text, without overlap; the first 100.
+// Of folded words, in the order of the text, without overlap; the first 100.
 std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords);
 
 }  // namespace viewer

@@ -1,0 +1,87 @@
+#include "tests/support/gallery_desk.h"
+
+#include <QBuffer>
+#include <QCheckBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "support/window_catalogue.h"
+
+namespace testing_support {
+namespace {
+
+QString Cell(const char* control, int row) {
+  return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(row);
+}
+
+}  // namespace
+
+void GalleryDesk::AddPicture(const std::string& name, const std::string& place, int width,
+                             int height) const {
+  QImage image(width, height, QImage::Format_RGB32);
+  image.fill(qRgb(static_cast<int>(name.size()) * 9 % 256, 120, 60));
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "JPG");
+  MakeFolders(place);
+  Write(place + "/" + name, bytes.toStdString());
+}
+
+void GalleryDesk::AddPictures(int count) const {
+  MakeFolders("Pictures");
+  for (int i = 1; i <= count; ++i) AddPicture("p" + std::to_string(i) + ".jpg");
+}
+
+void GalleryDesk::OpenFolder(const QString& window, const QString& place) {
+  robot.WhenShown("Form2", [place] {
+    Robot::DoubleClickLine("Form2", "Dir1", place);
+    Robot::Click("Form2", "btn(0)");
+  });
+  Robot::Click(window, window == QLatin1String("Form3") ? "Command1" : "Command3");
+}
+
+void GalleryDesk::Tick(const QString& window, int row, const QString& title) {
+  if (!title.isEmpty()) Robot::Type(window, Cell("IMN", row), title);
+  Robot::Click(window, Cell("IMC", row));
+}
+
+std::vector<std::string> GalleryDesk::Names(const QString& window) {
+  std::vector<std::string> names;
+  for (int row = 0; row < support::kPictureCells; ++row) {
+    if (Robot::Find(window, Cell("IMF", row)).isHidden()) continue;
+    names.push_back(Robot::FindAs<QLabel>(window, Cell("IMJ", row)).text().toStdString());
+  }
+  return names;
+}
+
+std::vector<int> GalleryDesk::Ticked(const QString& window) {
+  std::vector<int> rows;
+  for (int row = 0; row < support::kPictureCells; ++row) {
+    if (Robot::FindAs<QCheckBox>(window, Cell("IMC", row)).isChecked()) rows.push_back(row);
+  }
+  return rows;
+}
+
+std::string GalleryDesk::TitleOf(const QString& window, int row) {
+  return Robot::FindAs<QLineEdit>(window, Cell("IMN", row)).text().toStdString();
+}
+
+bool GalleryDesk::TitleIsOpen(const QString& window, int row) {
+  return Robot::Find(window, Cell("IMN", row)).isEnabled();
+}
+
+void GalleryDesk::InEntry(int row, const std::function<void()>& act) {
+  robot.WhenShown("Form6", [this, act] {
+    act();
+    if (form6.IsLoaded()) Robot::CloseWindow("Form6");
+  });
+  Robot::ClickLine("Form3", "bindex", row);
+}
+
+platform::Text GalleryDesk::Picture(platform::TextView name, platform::TextView place) const {
+  return (Path(place) + u"\\").append(name);
+}
+
+}  // namespace testing_support

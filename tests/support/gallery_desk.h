@@ -1,0 +1,39 @@
+// The desk of an editor who chooses pictures for galleries.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/support/format_desk.h"
+
+namespace testing_support {
+
+class GalleryDesk : public FormatDesk {
+ public:
+  // A JPEG that can be shown, in the folder "Pictures" of the program folder or one of its own.
+  void AddPicture(const std::string& name, const std::string& place = "Pictures", int width = 40,
+                  int height = 30) const;
+  void AddPictures(int count) const;  // p1.jpg, p2.jpg ...; at most 9
+
+  // Opens a folder of the program folder in the window's browser, through the folder chooser.
+  void OpenFolder(const QString& window, const QString& place = "Pictures");
+  // Types a title, if there is one, and clicks the tick of a row.
+  static void Tick(const QString& window, int row, const QString& title = {});
+  // The file names that the browser's rows show; of a hidden row nothing.
+  static std::vector<std::string> Names(const QString& window);
+  // The rows that are ticked.
+  static std::vector<int> Ticked(const QString& window);
+  static std::string TitleOf(const QString& window, int row);
+  static bool TitleIsOpen(const QString& window, int row);
+
+  // Opens row `row` of the entry list, does `act` with the window, and closes it by its own button
+  // if it is still there.
+  void InEntry(int row, const std::function<void()>& act);
+
+  // The path of a picture as the galleries hold it.
+  platform::Text Picture(platform::TextView name, platform::TextView place = u"Pictures") const;
+};
+
+}  // namespace testing_support

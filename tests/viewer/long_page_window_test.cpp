@@ -1,0 +1,277 @@
+// A page of any length in the viewer's window: shown section by section, all of it in reach.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTest>
+#include <QTextEdit>
+
+#include "tests/viewer/window_bench.h"
+#include "viewer/window.h"
+
+using namespace Qt::StringLiterals;
+
+namespace viewer_tests {
+namespace {
+
+// Laid out at once, at the very most.
+constexpr int kAtOnce = 100'000;
+constexpr int kInSection = 400'000;
+
+class LongPage : public testing::Test {
+ protected:
+  void Open(const QStringList& paragraphs, const BookPlan& plan = {}) {
+    OpenText(viewer_tests::PageText(u"بلند"_s, paragraphs), plan);
+  }
+  void OpenText(const QString& text, const BookPlan& plan = {}) {
+    MakeBook(maker_, plan);
+    maker_.Write(u"Data/TXT/ONE.htm"_s, text);
+    window_ = std::make_unique<viewer::Window>(maker_.Root(), MachineOf(asked_));
+    window_->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window_.get()));
+    Click(*window_, u"a1"_s);
+    if (plan.layout == 2) ClickRow(ListOf(*window_), 0);
+  }
+  QTextEdit& Page() { return *qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s)); }
+  QString Text() { return PageText(*window_); }
+  QScrollBar& Bar() { return *Page().verticalScrollBar(); }
+  QSlider& Slider() { return *qobject_cast<QSlider*>(&Find(*window_, u"sections"_s)); }
+  QString Label() { return qobject_cast<QLabel*>(&Find(*window_, u"sectionLabel"_s))->text(); }
+  void Press(int key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&Page(), Qt::Key(key), with); }
+  // As a reader scrolls, until nothing more comes.
+  void ScrollToTheEndOfTheSection() {
+    for (int last = -1; last != Bar().maximum();) {
+      last = Bar().maximum();
+      Bar().setValue(last);
+    }
+  }
+  QString FirstLineSeen() {
+    QTextCursor cursor = Page().cursorForPosition({Page().viewport()->width() / 2, 2});
+    cursor.select(QTextCursor::BlockUnderCursor);
+    return cursor.selectedText().trimmed();
+  }
+  void SearchAndOpenTheHit(const QString& words) {
+    auto& field = *qobject_cast<QLineEdit*>(&Find(*window_, u"words"_s));
+    field.setText(words);
+    QTest::keyClick(&field, Qt::Key_Return);
+    ASSERT_TRUE(Await([&] { return ListOf(*window_, u"hits"_s).model()->rowCount() == 1; }));
+    QTest::keyClick(&Find(*window_, u"hits"_s), Qt::Key_Return);
+  }
+  bool IsMarkSeen() {
+    if (Page().extraSelections().isEmpty()) return false;
+    const QTextCursor mark = Page().extraSelections().front().cursor;
+    return Page().viewport()->rect().contains(Page().cursorRect(mark).center());
+  }
+
+  BookMaker maker_;
+  std::shared_ptr<Asked> asked_ = std::make_shared<Asked>();
+  std::unique_ptr<viewer::Window> window_;
+};
+
+QStringList Paragraphs(int count) {
+  QStringList paragraphs;
+  for (int i = 1; i <= count; ++i) {
+    paragraphs << u"بند %1 از متني بلند كه در باغ انار آغاز مي‌شود و به كوه مي‌رسد"_s.arg(i);
+  }
+  return paragraphs;
+}
+
+TEST_F(LongPage, AnOrdinaryPageHasNoSections) {
+  Open(Paragraphs(500));
+  EXPECT_FALSE(IsSeen(*window_, u"sections"_s));
+  EXPECT_FALSE(IsSeen(*window_, u"nextSection"_s));
+}
+
+TEST_F(LongPage, OnlyAPartOfItIsLaidOutAtOnce) {
+  Open(Paragraphs(40'000));
+  EXPECT_LT(Page().document()->characterCount(), kAtOnce);
+  ScrollToTheEndOfTheSection();
+  EXPECT_GT(Page().document()->characterCount(), kAtOnce);
+  EXPECT_LT(Page().document()->characterCount(), kInSection);
+  Press(Qt::Key_End);
+  EXPECT_LT(Page().document()->characterCount(), kInSection);
+}
+
+TEST_F(LongPage, EveryParagraphIsInReach) {
+  const QStringList paragraphs = Paragraphs(20'000);
+  Open(paragraphs);
+  QStringList seen;
+  for (int section = 0;; ++section) {
+    EXPECT_EQ(Slider().value(), section);
+    ScrollToTheEndOfTheSection();
+    seen += Text().split(u'\n').sliced(1);  // without the title
+    if (!Find(*window_, u"nextSection"_s).isEnabled()) break;
+    Click(*window_, u"nextSection"_s);
+  }
+  EXPECT_EQ(seen, paragraphs);
+}
+
+TEST_F(LongPage, EveryCharacterOfOneParagraphIsInReach) {
+  const QString paragraph = u"انار و انجير "_s.repeated(80'000) + u"پايان"_s;
+  Open({paragraph});
+  QString seen;
+  for (;;) {
+    ScrollToTheEndOfTheSection();
+    seen += Text().split(u'\n').sliced(1).join(QString());
+    if (!Find(*window_, u"nextSection"_s).isEnabled()) break;
+    Click(*window_, u"nextSection"_s);
+  }
+  EXPECT_EQ(seen, paragraph);
+}
+
+TEST_F(LongPage, TheLabelCountsTheSections) {
+  Open(Paragraphs(20'000));
+  const QString count = QLocale(QLocale::Persian).toString(Slider().maximum() + 1);
+  EXPECT_EQ(Label(), u"بخش ۱ از "_s + count);
+  Click(*window_, u"nextSection"_s);
+  EXPECT_EQ(Label(), u"بخش ۲ از "_s + count);
+  Click(*window_, u"previousSection"_s);
+  EXPECT_EQ(Label(), u"بخش ۱ از "_s + count);
+  EXPECT_FALSE(Find(*window_, u"previousSection"_s).isEnabled());
+}
+
+TEST_F(LongPage, TheSliderLeadsAnywhere) {
+  Open(Paragraphs(20'000));
+  Slider().setFocus();
+  QTest::keyClick(&Slider(), Qt::Key_End);
+  ScrollToTheEndOfTheSection();
+  EXPECT_TRUE(Text().contains(u"بند 20000 "_s));
+  QTest::keyClick(&Slider(), Qt::Key_Home);
+  EXPECT_TRUE(Text().contains(u"بند 1 "_s));
+}
+
+TEST_F(LongPage, EndAndHomeLeadToTheEndsOfThePage) {
+  Open(Paragraphs(20'000));
+  Press(Qt::Key_End);
+  EXPECT_TRUE(Text().contains(u"بند 20000 "_s));
+  EXPECT_EQ(Bar().value(), Bar().maximum());
+  EXPECT_FALSE(Find(*window_, u"nextSection"_s).isEnabled());
+  Press(Qt::Key_Home);
+  EXPECT_TRUE(Text().contains(u"بند 1 "_s));
+  EXPECT_EQ(Bar().value(), 0);
+}
+
+TEST_F(LongPage, PageDownGoesOnToTheNextSectionAndPageUpBack) {
+  Open(Paragraphs(20'000));
+  ScrollToTheEndOfTheSection();
+  const QString last = Text().split(u'\n').last();
+  Press(Qt::Key_PageDown);
+  EXPECT_EQ(Slider().value(), 1);
+  EXPECT_EQ(Bar().value(), 0);
+  Press(Qt::Key_PageUp);
+  EXPECT_EQ(Slider().value(), 0);
+  EXPECT_EQ(Bar().value(), Bar().maximum());
+  EXPECT_EQ(Text().split(u'\n').last(), last);
+}
+
+TEST_F(LongPage, SpaceReadsOnAndWithShiftBack) {
+  Open(Paragraphs(20'000));
+  ScrollToTheEndOfTheSection();
+  Press(Qt::Key_Space);
+  EXPECT_EQ(Slider().value(), 1);
+  Press(Qt::Key_Space, Qt::ShiftModifier);
+  EXPECT_EQ(Slider().value(), 0);
+}
+
+TEST_F(LongPage, AnotherEntryStartsAtItsBeginning) {
+  Open(Paragraphs(20'000));
+  Press(Qt::Key_End);
+  Click(*window_, u"next"_s);
+  EXPECT_TRUE(Text().contains(u"متن دوم"_s));
+  EXPECT_FALSE(IsSeen(*window_, u"sections"_s));
+  Click(*window_, u"previous"_s);
+  EXPECT_EQ(Slider().value(), 0);
+  EXPECT_EQ(Bar().value(), 0);
+}
+
+TEST_F(LongPage, AGalleryHasNoSections) {
+  Open(Paragraphs(20'000));
+  ClickRow(ListOf(*window_), 3);
+  EXPECT_FALSE(IsSeen(*window_, u"sections"_s));
+  ClickRow(ListOf(*window_), 0);
+  EXPECT_TRUE(IsSeen(*window_, u"sections"_s));
+}
+
+TEST_F(LongPage, TheSecondTemplateHasSectionsToo) {
+  Open(Paragraphs(20'000), {.layout = 2});
+  EXPECT_TRUE(IsSeen(*window_, u"sections"_s));
+}
+
+TEST_F(LongPage, SearchOpensTheSectionOfTheWord) {
+  QStringList paragraphs = Paragraphs(20'000);
+  paragraphs[15'000] = u"اينجا روباهي نشسته است"_s;
+  Open(paragraphs);
+  SearchAndOpenTheHit(u"روباهی نشسته"_s);
+  EXPECT_TRUE(IsMarkSeen());
+  EXPECT_GT(Slider().value(), 0);
+  Click(*window_, u"previousSection"_s);  // what stands before the word is in reach, too
+  EXPECT_TRUE(Page().extraSelections().isEmpty());
+}
+
+TEST_F(LongPage, SearchFindsTheWordInOneParagraphOfMillions) {
+  Open({u"انار و انجير "_s.repeated(200'000) + u"روباهي نشسته "_s + u"سيب "_s.repeated(9'000)});
+  SearchAndOpenTheHit(u"روباهی نشسته"_s);
+  EXPECT_TRUE(IsMarkSeen());
+}
+
+TEST_F(LongPage, SmallPicturesInPlentyAreAllInReach) {
+  QString text = u"<pgTitle>بلند</pgTitle>\r\n\r\n"_s;
+  for (int i = 0; i < 40; ++i) text += u"<IMG src=\"Data/IMG/Small.jpg\">\r\n"_s;
+  MakePicture(maker_, u"Data/IMG/Small.jpg"_s, {6, 4});
+  OpenText(text + u"<pgMain>پايان</pgMain>\r\n"_s);
+  window_->resize(1000, 4000);
+  Press(Qt::Key_End);
+  EXPECT_TRUE(Text().contains(u"پايان"_s));
+}
+
+TEST_F(LongPage, TheFirstStepsFillTheWindow) {
+  QString text = u"<pgTitle>بلند</pgTitle>\r\n\r\n"_s;
+  for (int i = 0; i < 40; ++i) text += u"<IMG src=\"Data/IMG/Small.jpg\">\r\n"_s;
+  MakePicture(maker_, u"Data/IMG/Small.jpg"_s, {6, 4});
+  OpenText(text + u"<pgMain>پايان</pgMain>\r\n"_s);
+  window_->resize(1000, 4000);
+  EXPECT_TRUE(Text().contains(u"پايان"_s));
+}
+
+TEST_F(LongPage, TheTextGrowsWhereTheReaderIs) {
+  Open(Paragraphs(3'000));
+  ScrollToTheEndOfTheSection();
+  Bar().setValue(Bar().maximum() / 2);
+  const QString before = FirstLineSeen();
+  ASSERT_TRUE(before.startsWith(u"بند "_s));
+  Click(*window_, u"larger"_s);
+  EXPECT_EQ(FirstLineSeen(), before);
+  Click(*window_, u"smaller"_s);
+  EXPECT_EQ(FirstLineSeen(), before);
+}
+
+TEST_F(LongPage, AWiderWindowStaysWhereTheReaderIs) {
+  Open(Paragraphs(3'000));
+  ScrollToTheEndOfTheSection();
+  Bar().setValue(Bar().maximum() / 2);
+  const QString before = FirstLineSeen();
+  window_->resize(760, 600);
+  EXPECT_EQ(FirstLineSeen(), before);
+}
+
+TEST_F(LongPage, TheSectionThatIsReadIsPrintedAndTheReaderIsToldSo) {
+  Open(Paragraphs(20'000), {.print = true});
+  Click(*window_, u"nextSection"_s);
+  const auto notice = AnswerNextBox({});
+  Click(*window_, u"print"_s);
+  EXPECT_TRUE(notice->contains(u"همین بخش"_s));
+  ScrollToTheEndOfTheSection();
+  ASSERT_EQ(asked_->printed.size(), 1);
+  EXPECT_EQ(asked_->printed.front(), Text());
+}
+
+TEST_F(LongPage, MillionsOfStrayLinesStayFewPieces) {
+  OpenText(u"x\n"_s.repeated(3'000'000) + u"پايان"_s);
+  Press(Qt::Key_End);
+  EXPECT_TRUE(Text().endsWith(u"پايان"_s));
+}
+
+}  // namespace
+}  // namespace viewer_tests

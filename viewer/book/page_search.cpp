@@ -1,0 +1,126 @@
+#include "viewer/book/page_search.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "viewer/book/fold.h"
+#include "viewer/book/page.h"
+#include "viewer/book/text_file.h"
+
+namespace viewer {
+namespace {
+
+constexpr qsizetype kBefore = 40;  // characters of a snippet before the word
+constexpr qsizetype kBehind = 80;
+
+std::u16string_view ViewOf(const QString& text) {
+  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
+// A page's characters, tags and all, folded: a page in which a word doesn't occur here doesn't hold
+// it, and nearly all pages are done with that.
+class Sieve {
+ public:
+  bool MayHoldAll(QByteArrayView bytes, const QStringList& words) {
+    const std::u16string_view folded = Fold(bytes);
+    return std::ranges::all_of(words, [&](const QString& word) {
+      return folded.find(ViewOf(word)) != std::u16string_view::npos;
+    });
+  }
+
+ private:
+  std::u16string_view Fold(QByteArrayView bytes) {
+    const char16_t* const table = FoldTable();
+    const auto count = static_cast<std::size_t>(bytes.size() / 2);
+    if (folded_.size() < count) folded_.resize(count);
+    const char* from = bytes.data();
+    char16_t* to = folded_.data();
+    for (std::size_t i = 0; i < count; ++i, from += 2) {
+      *to = table[qFromLittleEndian<char16_t>(from)];
+      if (*to != 0) ++to;
+    }
+    return {folded_.data(), static_cast<std::size_t>(to - folded_.data())};
+  }
+
+  std::vector<char16_t> folded_;
+};
+
+bool IsLittleEndian(QByteArrayView bytes) {
+  return !bytes.startsWith("\xFE\xFF") && !bytes.startsWith("\xEF\xBB\xBF");
+}
+
+// Where the character stands that is the text's folded one at `place`.
+qsizetype OriginOf(const QString& text, qsizetype place) {
+  qsizetype origin = -1;
+  for (qsizetype folded = -1; folded < place;) {
+    if (FoldedCharacter(text[++origin].unicode()) != 0) ++folded;
+  }
+  return origin;
+}
+
+qsizetype BlankBefore(const QString& text, qsizetype at) {
+  if (at <= 0) return 0;
+  const qsizetype blank = text.indexOf(u' ', at);
+  return blank < 0 || blank > at + kBefore / 2 ? at : blank + 1;
+}
+
+qsizetype BlankBehind(const QString& text, qsizetype at) {
+  if (at >= text.size()) return text.size();
+  const qsizetype blank = text.lastIndexOf(u' ', at);
+  return blank < at - kBehind / 2 ? at : blank;
+}
+
+void SetSnippet(Match& match, const QString& text, const QString& word) {
+  const qsizetype at = Folded(text).indexOf(word);
+  if (at < 0) return;
+  const qsizetype start = OriginOf(text, at);
+  const qsizetype end = OriginOf(text, at + word.size() - 1) + 1;
+  const qsizetype from = std::min(BlankBefore(text, start - kBefore), start);
+  const qsizetype to = std::max(BlankBehind(text, end + kBehind), end);
+  match.snippet = text.sliced(from, to - from);
+  match.matchStart = start - from;
+  match.matchLength = end - start;
+  match.offset = start;
+}
+
+// A page's texts by their part: -1 is the title.
+class Texts {
+ public:
+  explicit Texts(const Page& page) : page_(page) {}
+
+  int First() const { return -1; }
+  int End() const { return static_cast<int>(page_.parts.size()); }
+  QString At(int part) const {
+    if (part < 0) return page_.title;
+    const PagePart& each = page_.parts[static_cast<std::size_t>(part)];
+    return each.kind == PagePart::Kind::kParagraph ? each.text : QString();
+  }
+
+ private:
+  const Page& page_;
+};
+
+// Goes through the page's own texts, without its tags. Says whether each of the words is there, and
+// sets the place of the first in the page.
+bool Confirm(Match& match, const Page& page, const QStringList& words) {
+  QStringList missing = words;
+  const Texts texts(page);
+  QString firstWord;
+  for (int part = texts.First(); part < texts.End() && !missing.isEmpty(); ++part) {
+    const QString folded = Folded(texts.At(part));
+    const auto isHere = [&](const QString& word) { return folded.contains(word); };
+    const auto found = std::ranges::find_if(std::as_const(missing), isHere);
+    if (found == missing.cend()) continue;
+    if (firstWord.isEmpty()) {
+      firstWord = *found;
+      match.part = part;
+    }
+    missing.removeIf(isHere);
+  }
+  if (!missing.isEmpty()) return false;
+  SetSnippet(hit, texts.At(match.part), firstWord);
+  return true;
+}
+
