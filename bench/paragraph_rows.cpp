@@ -18,7 +18,7 @@ namespace {
 
 using platform::Text;
 
-constexpr std::size_t kMegabyte = 1024 * 1024;
+constexpr std::size_t kMegabyte = std::size_t{1024} * 1024;
 constexpr workbench::ParagraphRules kAllOptions{};
 
 Text Sentences(std::size_t characters) { return workbench::Rep(RawText(characters)); }

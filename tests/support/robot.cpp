@@ -98,8 +98,9 @@ void Robot::Type(const QString& window, const QString& control, const QString& t
   QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
   if (text.isEmpty()) {
     QTest::keyClick(&edit, Qt::Key_Delete);
-  } else {
-    // Letters outside Latin-1 have no key of their own; an input method hands over the text.
+  } else if (edit.testAttribute(Qt::WA_InputMethodEnabled)) {
+    // Letters outside Latin-1 have no key of their own; an input method hands over the text. A
+    // locked field gets none.
     QInputMethodEvent typed(QString(), {});
     typed.setCommitString(text);
     QApplication::sendEvent(&edit, &typed);

@@ -11,7 +11,6 @@
 namespace {
 
 using platform::Text;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::FormatDesk;
 using testing_support::Robot;
@@ -51,7 +50,7 @@ class FormatWindowParagraphs : public testing::Test {
     return FormatDesk::Shown("chnd");
   }
   // Letters can stand there only as long as the field isn't left, which a click on the button does.
-  void ExpectFailure80(Text words) {
+  void ExpectFailure80(platform::TextView words) {
     desk.OpenOn(u"alpha\r\nbeta. gamma");
     const std::string before = Shown();
     Robot::Select("Form3", "matn", "beta");
@@ -215,10 +214,10 @@ TEST_F(FormatWindowParagraphs, FormattingIsDroppedAndEverythingStandsAtTheRight)
 
 TEST_F(FormatWindowParagraphs, TheEntriesAndTheTitleStayAsTheyAre) {
   desk.OpenOn(u"alpha beta gamma\r\ndelta");
-  desk.FileHeading("alpha ", "beta ");
+  FormatDesk::FileHeading("alpha ", "beta ");
   const auto lines = FormatDesk::Lines("bindex");
   EXPECT_EQ(Rebuild(), "gamma delta\r\n");
-  EXPECT_THAT(FormatDesk::Lines("bindex"), testing::Eq(lines));
+  EXPECT_THAT(FormatDesk::Lines("bindex"), testing::ContainerEq(lines));
   EXPECT_EQ(desk.form3.entryCount, 1);
 }
 
