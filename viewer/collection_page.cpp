@@ -25,6 +25,7 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
       sheets_(&reader_),
       page_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
       gallery_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
+      sections_(surroundings.look, &reader_),
       bar_(surroundings, &reader_) {
   setObjectName(QStringLiteral("collection"));
   reader_.setObjectName(QStringLiteral("reader"));
@@ -35,6 +36,7 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(&sheets_, 1);
+  rows->addWidget(&sections_);
   rows->addWidget(&bar_);
   contents_.viewport()->setAutoFillBackground(false);
   contents_.onChosen = [this](int node) {
@@ -43,6 +45,9 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
   };
   // Beside the page the text follows the reader's way through the contents.
   if (!IsApart()) contents_.onSelected = [this](int node) { ShowEntry(node); };
+  page_.onSection = [this] { sections_.Show(page_.Section(), page_.SectionCount()); };
+  sections_.onChosen = [this](int section) { page_.ShowSection(section); };
+  sections_.hide();
   bar_.onStep = [this](int step) { Step(step); };
   bar_.onZoom = [this](int pixels) { Zoom(pixels); };
   bar_.onPrint = [this] { Print(); };
@@ -70,11 +75,11 @@ void CollectionPage::Open(const Collection& collection) {
   contents_.setFocus();
 }
 
-void CollectionPage::OpenAt(const Collection& collection, int node, int part,
-                            const QString& words) {
-  Load(collection);
-  ShowEntry(node, part, words);
+void CollectionPage::OpenAt(const Hit& hit, const QString& words) {
+  Load(hit.collection);
+  ShowEntry(hit.node, words);
   ShowText(true);
+  if (hit.part >= 0) page_.GoToWords({static_cast<std::size_t>(hit.part), hit.offset});
 }
 
 bool CollectionPage::GoBack() {
@@ -93,7 +98,7 @@ void CollectionPage::Step(int step) {
 
 void CollectionPage::Zoom(int pixels) { page_.SetTextPixels(page_.TextPixels() + pixels); }
 
-void CollectionPage::ShowEntry(int node, int part, const QString& words) {
+void CollectionPage::ShowEntry(int node, const QString& words) {
   const std::vector<Node>& nodes = contents_.Model().Nodes();
   if (node < 0 || static_cast<std::size_t>(node) >= nodes.size()) return;
   if (node == current_ && words.isEmpty()) return;
@@ -103,22 +108,23 @@ void CollectionPage::ShowEntry(int node, int part, const QString& words) {
   if (entry.isGallery) {
     gallery_.ShowGallery(ReadGallery(surroundings_.book, entry.source));
     sheets_.setCurrentWidget(&gallery_);
+    sections_.hide();
   } else {
-    ShowPage(entry, part, words);
+    ShowPage(entry, words);
   }
   const ContentsModel& model = contents_.Model();
   bar_.ShowEntry(entry, model.NextEntry(node, -1) >= 0, model.NextEntry(node, 1) >= 0);
 }
 
-void CollectionPage::ShowPage(const Node& node, int part, const QString& words) {
+void CollectionPage::ShowPage(const Node& node, const QString& words) {
   std::optional<Page> page = ReadPage(surroundings_.book, node.source);
   sheets_.setCurrentWidget(&page_);
   if (!page) {
-    page_.ShowNotice(QStringLiteral("این نوشته در کتاب پیدا نشد."));
+    page_.ShowNotice(QStringLiteral("این نوشته در کتاب پیدا نشد.\n") + AsPath(node.source));
     return;
   }
   if (page->title.isEmpty()) page->title = node.label;
-  page_.ShowPage(std::move(*page), MediaOf(surroundings_.book, node).background, part, words);
+  page_.ShowPage(std::move(*page), MediaOf(surroundings_.book, node).background, words);
 }
 
 void CollectionPage::ShowText(bool text) {
@@ -176,8 +182,15 @@ void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
 void CollectionPage::Print() {
   const std::vector<Node>& nodes = contents_.Model().Nodes();
   if (current_ < 0 || static_cast<std::size_t>(current_) >= nodes.size()) return;
-  const std::unique_ptr<QTextDocument> document = DocumentForPrint(
-      surroundings_.book, nodes[static_cast<std::size_t>(current_)], page_.Shown());
+  const Node& node = nodes[static_cast<std::size_t>(current_)];
+  std::unique_ptr<QTextDocument> document = MadePrintPage(surroundings_.book, node);
+  if (!document) {
+    if (page_.SectionCount() > 1) {
+      Tell(window(), QStringLiteral("این نوشته بلند است؛ همین بخش آن چاپ می\u200Cشود."));
+    }
+    document =
+        PageForPrint(surroundings_.book, page_.Shown(), page_.SectionStart(), page_.SectionEnd());
+  }
   surroundings_.outside.print(*document, window());
 }
 

@@ -5,10 +5,12 @@
 #include <QWidget>
 
 #include "viewer/book/index.h"
+#include "viewer/book/search.h"
 #include "viewer/contents_list.h"
 #include "viewer/entry_bar.h"
 #include "viewer/gallery_view.h"
 #include "viewer/page_view.h"
+#include "viewer/section_bar.h"
 #include "viewer/surroundings.h"
 
 namespace viewer {
@@ -21,7 +23,7 @@ class CollectionPage : public QWidget {
 
   void Open(const Collection& collection);
   // At an entry that a search has found.
-  void OpenAt(const Collection& collection, int node, int part, const QString& words);
+  void OpenAt(const Hit& hit, const QString& words);
 
   // From the text to the contents, where these are a page of their own; false if there is nowhere
   // to go back to but the index.
@@ -37,8 +39,8 @@ class CollectionPage : public QWidget {
 
  private:
   void Load(const Collection& collection);
-  void ShowEntry(int node, int part = -1, const QString& words = {});
-  void ShowPage(const Node& node, int part, const QString& words);
+  void ShowEntry(int node, const QString& words = {});
+  void ShowPage(const Node& node, const QString& words);
   void ShowText(bool text);
   void Print();
   bool IsApart() const { return surroundings_.look.dark; }
@@ -55,6 +57,7 @@ class CollectionPage : public QWidget {
   QStackedWidget sheets_;
   PageView page_;
   GalleryView gallery_;
+  SectionBar sections_;
   EntryBar bar_;
 };
 

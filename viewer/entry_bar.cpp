@@ -1,11 +1,15 @@
 #include "viewer/entry_bar.h"
 
+#include <QDebug>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPainter>
 
 namespace viewer {
 namespace {
+
+// The contents don't tell the extension of a sound or a film.
+const QString kAnyEnding = QStringLiteral(".*");
 
 const QString& SoundCaption() {
   static const QString kCaption = QStringLiteral("صدا");
@@ -85,14 +89,17 @@ void EntryBar::ShowEntry(const Node& node, bool hasPrevious, bool hasNext) {
   next_.setEnabled(hasNext);
 }
 
-bool EntryBar::IsThere(const QString& path, const QString& what) {
+// Else says which file is missing.
+bool EntryBar::IsThere(const QString& path, const QString& what, const QString& ending) {
   if (!path.isEmpty()) return true;
-  Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد."));
+  const QString file = StemOf(node_) + ending;
+  qWarning().noquote() << "Can't be read:" << surroundings_.book.Root() + u'/' + file;
+  Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد.\n") + AsPath(file));
   return false;
 }
 
 void EntryBar::OpenAttachment() {
-  if (!IsThere(media_.attachment, QStringLiteral("پیوست"))) return;
+  if (!IsThere(media_.attachment, QStringLiteral("پیوست"), node_.attachmentExtension)) return;
   if (node_.attachmentIsProgram || RunsWhenOpened(media_.attachment)) return StartProgram();
   if (!surroundings_.outside.openFile(media_.attachment)) {
     Tell(window(), QStringLiteral("برنامه\u200Cای برای باز کردن این پیوست پیدا نشد."));
@@ -111,7 +118,7 @@ void EntryBar::StartProgram() {
 
 void EntryBar::SwitchSound() {
   if (sounds_) return Silence();
-  if (!IsThere(media_.sound, QStringLiteral("صدای"))) return;
+  if (!IsThere(media_.sound, QStringLiteral("صدای"), kAnyEnding)) return;
   if (!player_) {
     player_ = surroundings_.outside.makePlayer();
     player_->onEnd = [this](bool played) {
@@ -135,7 +142,7 @@ void EntryBar::Silence() {
 }
 
 void EntryBar::ShowFilm() {
-  if (!IsThere(media_.film, QStringLiteral("فیلم"))) return;
+  if (!IsThere(media_.film, QStringLiteral("فیلم"), kAnyEnding)) return;
   Silence();
   surroundings_.outside.showFilm(media_.film, AsCaption(node_.label), window());
 }

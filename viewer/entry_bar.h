@@ -29,7 +29,7 @@ class EntryBar : public QWidget {
   void StartProgram();
   void SwitchSound();
   void ShowFilm();
-  bool IsThere(const QString& path, const QString& what);
+  bool IsThere(const QString& path, const QString& what, const QString& ending);
 
   const Surroundings& surroundings_;
   Node node_;

@@ -12,6 +12,7 @@ namespace {
 
 constexpr QSize kCell(210, 212);
 constexpr int kPictureHeight = 146;
+constexpr int kMargin = 14;
 
 }  // namespace
 
@@ -57,7 +58,8 @@ class GalleryView::Painter : public QStyledItemDelegate {
     painter->setPen(chosen ? QPen(look.accent, 2.5) : QPen(look.edge, 1));
     const QRect card = option.rect.adjusted(6, 6, -6, -6);
     painter->drawRoundedRect(card, 8, 8);
-    QRect box(card.left() + 8, card.top() + 8, card.width() - 16, kPictureHeight - 8);
+    QRect box = card.adjusted(8, 8, -8, -8);
+    if (!picture.title.isEmpty()) box.setHeight(kPictureHeight - 8);
     PaintPicture(*painter, box, picture);
     painter->setPen(look.ink);
     painter->setFont(ViewerFont(13));
@@ -101,6 +103,7 @@ GalleryView::GalleryView(const BookFolder& book, const Look& look, Pictures& pic
   setMouseTracking(true);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setViewportMargins(kMargin, kMargin, kMargin, kMargin);
   viewport()->setAutoFillBackground(false);
   setItemDelegate(new Painter(*this));
   setModel(model_);

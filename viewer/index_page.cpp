@@ -16,9 +16,17 @@ constexpr int kGap = 16;
 constexpr int kPadding = 14;
 constexpr int kNarrowestCard = 270;
 constexpr int kWidestCard = 470;
-constexpr int kCardHeight = 158;
+constexpr int kLowestCard = 158;
+constexpr int kHighestCard = 236;
 constexpr int kLowestPicture = 172;
 constexpr int kHighestPicture = 320;
+constexpr int kCreditHeight = 26;
+
+// In its own direction, whatever script it begins with.
+QString CreditOf(const Index& index) {
+  const QString credit = AsCaption(index.credit);
+  return credit.isEmpty() ? credit : QChar(0x2068) + credit + QChar(0x2069);
+}
 
 }  // namespace
 
@@ -47,13 +55,25 @@ void CollectionCard::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QPixmap cover;
-  // The folder of pictures may be long: the first paint doesn't wait for it.
-  if (!property("early").toBool()) {
-    if (!looked_) picture_ = PictureOf(book_, collection_);
-    looked_ = true;
-    cover = pictures_.Get(picture_, CoverBox().size(), Fit::kCovering, this);
-  }
+  if (looked_) cover = pictures_.Get(picture_, CoverBox().size(), Fit::kCovering, this);
   look_.dark ? PaintOverCover(painter, cover) : PaintBesideCover(painter, cover);
+}
+
+void CollectionCard::ShowPicture() {
+  if (!looked_) picture_ = PictureOf(book_, collection_);
+  looked_ = true;
+  update();
+}
+
+void CollectionCard::PaintCover(QPainter& painter, const QPixmap& cover) const {
+  const QRect box = CoverBox();
+  if (!looked_) {
+    painter.fillRect(box, look_.edge);
+  } else if (cover.isNull()) {
+    DrawPlaceholder(painter, box, look_);
+  } else {
+    DrawCovering(painter, box, cover);
+  }
 }
 
 void CollectionCard::PaintBesideCover(QPainter& painter, const QPixmap& cover) const {
@@ -62,7 +82,7 @@ void CollectionCard::PaintBesideCover(QPainter& painter, const QPixmap& cover) c
   painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 9, 9);
   const QRect box = CoverBox();
   painter.fillRect(box.translated(-2, 3), QColor(0, 0, 0, 45));
-  cover.isNull() ? DrawPlaceholder(painter, box, look_) : DrawCovering(painter, box, cover);
+  PaintCover(painter, cover);
   painter.setPen(QPen(QColor(0, 0, 0, 70), 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(box);
@@ -84,7 +104,7 @@ void CollectionCard::PaintOverCover(QPainter& painter, const QPixmap& cover) con
   shape.addRoundedRect(box, 10, 10);
   painter.save();
   painter.setClipPath(shape);
-  cover.isNull() ? DrawPlaceholder(painter, box, look_) : DrawCovering(painter, box, cover);
+  PaintCover(painter, cover);
   QLinearGradient shade(0, box.top() + box.height() * 0.3, 0, box.bottom());
   shade.setColorAt(0, QColor(8, 11, 17, 0));
   shade.setColorAt(0.5, QColor(8, 11, 17, 205));
@@ -129,11 +149,16 @@ class IndexPage::Shelves : public QWidget {
  public:
   explicit Shelves(const Look& look) : look_(look) {}
   std::vector<QRect> boxes;
+  QString credit;
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
-    if (look_.dark) return;
     QPainter painter(this);
+    painter.setPen(look_.faint);
+    painter.setFont(ViewerFont(kCaptionPixels));
+    DrawText(painter, {kMargin, height() - kCreditHeight, width() - 2 * kMargin, kCreditHeight},
+             credit, 1, Qt::AlignHCenter | Qt::AlignVCenter);
+    if (look_.dark) return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look_.edge, 1));
     painter.setBrush(look_.panel);
@@ -146,7 +171,7 @@ class IndexPage::Shelves : public QWidget {
 
 IndexPage::IndexPage(const BookFolder& book, const Index& index, const Look& look,
                      Pictures& pictures)
-    : look_(look), shelves_(new Shelves(look)) {
+    : look_(look), credit_(CreditOf(index)), shelves_(new Shelves(look)) {
   setObjectName(QStringLiteral("index"));
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
@@ -155,22 +180,21 @@ IndexPage::IndexPage(const BookFolder& book, const Index& index, const Look& loo
   shelves_->setObjectName(QStringLiteral("shelves"));
   for (const Collection& collection : index.collections) {
     auto* const card = new CollectionCard(book, collection, look, pictures, shelves_);
-    card->setProperty("early", true);
     card->installEventFilter(this);
     QObject::connect(card, &QAbstractButton::clicked, this, [this, card] {
       if (onChosen) onChosen(card->Shown());
     });
     cards_.push_back(card);
   }
+  shelves_->setAccessibleDescription(AsCaption(index.credit));
   setWidget(shelves_);
   shelves_->setAutoFillBackground(false);
 }
 
-void IndexPage::ShowPictures() {
-  for (CollectionCard* card : cards_) {
-    card->setProperty("early", false);
-    card->update();
-  }
+void IndexPage::ShowTheRest() {
+  shelves_->credit = credit_;
+  shelves_->update();
+  for (CollectionCard* card : cards_) card->ShowPicture();
 }
 
 void IndexPage::FocusCard(const Collection& collection) {
@@ -189,8 +213,9 @@ void IndexPage::resizeEvent(QResizeEvent* event) {
 void IndexPage::Place() {
   const int width = viewport()->width();
   const int inner = width - 2 * kMargin - 2 * kPadding;
-  const int third = (viewport()->height() - 2 * kMargin) / 3 - 2 * kPadding;
-  const int height = look_.dark ? std::clamp(third, kLowestPicture, kHighestPicture) : kCardHeight;
+  const int third = (viewport()->height() - kMargin - kCreditHeight) / 3 - 2 * kPadding;
+  const int height = look_.dark ? std::clamp(third, kLowestPicture, kHighestPicture)
+                                : std::clamp(third - kGap, kLowestCard, kHighestCard);
   int top = kMargin;
   shelves_->boxes.clear();
   for (auto first = cards_.begin(); first != cards_.end();) {
@@ -217,7 +242,8 @@ void IndexPage::Place() {
     top += shelf + (look_.dark ? 0 : kGap);
     first = last;
   }
-  shelves_->resize(width, std::max(top + kMargin - (look_.dark ? 0 : kGap), viewport()->height()));
+  const int end = top + kCreditHeight - (look_.dark ? 0 : kGap);
+  shelves_->resize(width, std::max(end, viewport()->height()));
   shelves_->update();
 }
 

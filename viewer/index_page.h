@@ -20,6 +20,8 @@ class CollectionCard : public QAbstractButton {
                  Pictures& pictures, QWidget* parent);
 
   const Collection& Shown() const { return collection_; }
+  // Looks for the picture. Until then there is a plain ground.
+  void ShowPicture();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -28,6 +30,7 @@ class CollectionCard : public QAbstractButton {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void PaintCover(QPainter& painter, const QPixmap& cover) const;
   void PaintBesideCover(QPainter& painter, const QPixmap& cover) const;
   void PaintOverCover(QPainter& painter, const QPixmap& cover) const;
   bool IsPointedAt() const { return hasFocus() || underMouse(); }
@@ -38,7 +41,7 @@ class CollectionCard : public QAbstractButton {
   QString caption_;
   const Look& look_;
   Pictures& pictures_;
-  QString picture_;  // looked for once, after the first paint
+  QString picture_;
   bool looked_ = false;
 };
 
@@ -49,8 +52,8 @@ class IndexPage : public QScrollArea {
 
   std::function<void(const Collection&)> onChosen;
 
-  // Looks for the pictures. Until then the cards show none.
-  void ShowPictures();
+  // The pictures and the credit: what the first paint doesn't wait for.
+  void ShowTheRest();
   void FocusCard(const Collection& collection);
 
  protected:
@@ -64,6 +67,7 @@ class IndexPage : public QScrollArea {
   CollectionCard* Nearest(const CollectionCard& from, int key) const;
 
   const Look& look_;
+  QString credit_;
   Shelves* shelves_;
   std::vector<CollectionCard*> cards_;
 };

@@ -12,6 +12,7 @@ namespace viewer {
 namespace {
 
 constexpr int kLongestCaption = 400;
+constexpr qreal kLineSpacing = 1.12;  // marks above and below letters need their room
 
 Look PaperLook() {
   Look look;
@@ -58,7 +59,7 @@ std::vector<QTextLine> LayOut(QTextLayout& layout, int width, int lines) {
     if (!line.isValid()) break;
     line.setLineWidth(width);
     line.setPosition({0, y});
-    y += line.height();
+    y += line.height() * kLineSpacing;
     made.push_back(line);
   }
   layout.endLayout();
@@ -140,6 +141,8 @@ QString AsCaption(const QString& text) {
   if (text.size() > kLongestCaption) caption += QChar(0x2026);
   return caption;
 }
+
+QString AsPath(const QString& path) { return QChar(0x2066) + path + QChar(0x2069); }
 
 void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,
               Qt::Alignment alignment) {

@@ -44,6 +44,9 @@ QString PersianNumber(qint64 number);
 // A text of the book as one line of bounded length, for lists and cards.
 QString AsCaption(const QString& text);
 
+// A path amid Persian words, from left to right whatever it ends with.
+QString AsPath(const QString& path);
+
 // Draws at most `lines` lines from right to left, the last one shortened where the text is longer.
 // Qt::AlignHCenter centres the lines, Qt::AlignVCenter and Qt::AlignBottom place them in the box.
 void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,

@@ -31,15 +31,6 @@ QTextCharFormat Letters(const PageStyle& style) {
   return letters;
 }
 
-// How much of the text from `from` on makes one paragraph of the document.
-qsizetype PieceLength(const QString& text, qsizetype from) {
-  if (text.size() - from <= kLongestParagraph) return text.size() - from;
-  const qsizetype blank = text.lastIndexOf(QLatin1Char(' '), from + kLongestParagraph);
-  if (blank > from + kLongestParagraph / 2) return blank + 1 - from;
-  const bool splitsPair = text[from + kLongestParagraph].isLowSurrogate();
-  return kLongestParagraph - (splitsPair ? 1 : 0);
-}
-
 void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& style) {
   cursor.insertBlock(BlockOf(Qt::AlignLeft), Letters(style));  // left: where the line starts
   cursor.insertText(text);
@@ -48,13 +39,14 @@ void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& 
 void AppendPicture(QTextCursor& cursor, const BookFolder& book, const QString& pathInBook,
                    const PageStyle& style) {
   const QImage image =
-      DecodePicture(book.Resolve(pathInBook), {style.pictureWidth, kHighestPicture}, Fit::kInside);
+      DecodePicture(book.Needed(pathInBook), {style.pictureWidth, kHighestPicture}, Fit::kInside);
   cursor.insertBlock(BlockOf(Qt::AlignHCenter), Letters(style));
   if (image.isNull()) {
     QTextCharFormat note = Letters(style);
     note.setFont(ViewerFont(kCaptionPixels));
     note.setForeground(Qt::gray);
-    cursor.insertText(QStringLiteral("[این تصویر در کتاب پیدا نشد.]"), note);
+    cursor.insertText(QStringLiteral("[این تصویر در کتاب پیدا نشد: ") + AsPath(pathInBook) + u']',
+                      note);
   } else {
     cursor.insertImage(image);
   }
@@ -77,29 +69,21 @@ void BeginPage(QTextDocument& document, const QString& title, const PageStyle& s
   cursor.insertText(title.left(kLongestTitle), letters);
 }
 
-PagePlace AppendPage(QTextDocument& document, const BookFolder& book, const Page& page,
-                     PagePlace from, const PageStyle& style) {
+PagePlace AppendStep(QTextDocument& document, const BookFolder& book, const Page& page,
+                     PagePlace from, PagePlace until, const PageStyle& style) {
   QTextCursor cursor(&document);
   cursor.movePosition(QTextCursor::End);
   cursor.beginEditBlock();
-  qsizetype characters = 0;
-  int pictures = 0;
-  while (from.part < page.parts.size() && characters < kCharactersAtOnce &&
-         pictures < kPicturesAtOnce) {
+  for (qsizetype weight = 0; from < until && weight < kWeightOfStep;) {
     const PagePart& part = page.parts[from.part];
-    qsizetype length = part.text.size();
+    const PagePiece piece = PieceAt(page, from);
     if (part.kind == PagePart::Kind::kPicture) {
       AppendPicture(cursor, book, part.text, style);
-      ++pictures;
     } else {
-      length = PieceLength(part.text, from.offset);
-      AppendParagraph(cursor, part.text.mid(from.offset, length), style);
-      from.offset += length;
-      characters += length + 20;  // empty paragraphs take their time, too
+      AppendParagraph(cursor, part.text.mid(from.offset, piece.length), style);
     }
-    if (part.kind == PagePart::Kind::kPicture || from.offset >= part.text.size()) {
-      from = {from.part + 1, 0};
-    }
+    weight += piece.weight;
+    from = piece.next;
   }
   cursor.endEditBlock();
   return from;

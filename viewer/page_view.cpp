@@ -7,7 +7,8 @@
 #include <QTextFrame>
 #include <algorithm>
 
-#include "viewer/marks.h"
+#include "viewer/book/fold.h"
+#include "viewer/book/marks.h"
 
 namespace viewer {
 namespace {
@@ -35,70 +36,100 @@ PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures,
                    [this] { AppendWhileNear(); });
 }
 
-void PageView::ShowPage(Page page, const QString& background, int part, const QString& words) {
-  page_ = std::move(page);
+void PageView::ShowPage(Page page, const QString& background, const QString& words) {
   background_ = background;
   words_ = WordsOf(words);
-  const std::size_t wanted = part < 0 ? 0 : static_cast<std::size_t>(part);
-  qsizetype before = 0;
-  for (std::size_t i = 0; i < std::min(wanted, page_.parts.size()); ++i) {
-    before += page_.parts[i].text.size();
-  }
-  // Far down in a huge page the text starts where it was found.
-  Restart(before > 2 * kCharactersAtOnce ? PagePlace{wanted, 0} : PagePlace{});
-  if (part >= 0 && before <= 2 * kCharactersAtOnce) {
-    while (!IsWhole() && next_.part <= wanted) AppendStep();
-  }
-  if (!marks_.isEmpty() && part >= 0) {
-    setTextCursor(marks_.front().cursor);
-    ensureCursorVisible();
-    QTextCursor start = textCursor();
-    start.clearSelection();
-    setTextCursor(start);
-  }
+  SetPage(std::move(page));
 }
 
 void PageView::ShowNotice(const QString& text) {
   background_.clear();
   words_.clear();
-  page_ = {};
-  page_.parts.push_back({PagePart::Kind::kParagraph, text});
-  Restart({});
+  Page page;
+  page.parts.push_back({PagePart::Kind::kParagraph, text});
+  SetPage(std::move(page));
+}
+
+void PageView::SetPage(Page page) {
+  page_ = std::move(page);
+  sections_ = CutIntoSections(page_);
+  ShowSection(0);
+}
+
+void PageView::ShowSection(int section) {
+  section_ = std::clamp(section, 0, SectionCount() - 1);
+  Restart();
+  if (onSection) onSection();
+}
+
+void PageView::ShowEndOfSection(int section) {
+  ShowSection(section);
+  AppendUntil(SectionEnd());
+  verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+void PageView::GoToWords(PagePlace place) {
+  const auto behind = std::upper_bound(sections_.begin(), sections_.end() - 1, place);
+  ShowSection(static_cast<int>(behind - sections_.begin()) - 1);
+  while (!IsLaidOut() && next_ <= place) Append();
+  if (marks_.isEmpty()) return;
+  const int start = marks_.front().cursor.selectionStart();
+  ScrollTo(start, viewport()->height() / 3);
 }
 
 void PageView::SetTextPixels(int pixels) {
+  const int top = PlaceAtTop();
   style_.pixels = std::clamp(pixels, kSmallestText, kLargestText);
-  Restart(first_);
+  Restart();
+  while (!IsLaidOut() && document()->characterCount() <= top) Append();
+  ScrollTo(top);
 }
 
-void PageView::Restart(PagePlace from) {
+// The section from its top on.
+void PageView::Restart() {
   appending_ = true;
-  first_ = from;
-  next_ = from;
+  next_ = SectionStart();
   marks_.clear();
   setExtraSelections({});
   FitColumn();
   BeginPage(*document(), page_.title, style_);
   FitColumn();
-  AppendStep();
   moveCursor(QTextCursor::Start);
   verticalScrollBar()->setValue(0);
   appending_ = false;
+  Append();
+  AppendWhileNear();
 }
 
-void PageView::AppendStep() {
+void PageView::Append() {
   const int before = document()->blockCount();
-  next_ = AppendPage(*document(), book_, page_, next_, style_);
+  next_ = AppendStep(*document(), book_, page_, next_, SectionEnd(), style_);
   MarkWords(before);
 }
 
+void PageView::AppendUntil(PagePlace place) {
+  while (!IsLaidOut() && next_ < place) Append();
+}
+
 void PageView::AppendWhileNear() {
-  if (appending_ || IsWhole()) return;
-  QScrollBar* const bar = verticalScrollBar();
-  if (bar->maximum() - bar->value() > 2 * viewport()->height()) return;
+  if (appending_) return;
   appending_ = true;
-  AppendStep();
+  const QScrollBar& bar = *verticalScrollBar();
+  while (!IsLaidOut() && bar.maximum() - bar.value() <= 2 * viewport()->height()) Append();
   appending_ = false;
+}
+
+// The position in the document of the first line that is seen; 0 at the top.
+int PageView::PlaceAtTop() const {
+  if (verticalScrollBar()->value() == 0) return 0;
+  return cursorForPosition({viewport()->width() / 2, 2}).position();
+}
+
+void PageView::ScrollTo(int position, int below) {
+  QTextCursor cursor(document());
+  cursor.setPosition(std::min(position, document()->characterCount() - 1));
+  QScrollBar* const bar = verticalScrollBar();
+  bar->setValue(position == 0 ? 0 : bar->value() + cursorRect(cursor).top() - below);
 }
 
 void PageView::MarkWords(int fromBlock) {
@@ -133,8 +164,11 @@ void PageView::FitColumn() {
 }
 
 void PageView::resizeEvent(QResizeEvent* event) {
+  const int top = PlaceAtTop();
   FitColumn();
   QTextEdit::resizeEvent(event);
+  ScrollTo(top);
+  AppendWhileNear();
 }
 
 void PageView::paintEvent(QPaintEvent* event) {
@@ -153,16 +187,39 @@ void PageView::paintEvent(QPaintEvent* event) {
   QTextEdit::paintEvent(event);
 }
 
-void PageView::keyPressEvent(QKeyEvent* event) {
+// Beyond the end of a section the next one begins.
+void PageView::ReadOn() {
   QScrollBar* const bar = verticalScrollBar();
+  if (bar->value() < bar->maximum() || section_ + 1 >= SectionCount()) {
+    bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+  } else {
+    ShowSection(section_ + 1);
+  }
+}
+
+void PageView::ReadBack() {
+  QScrollBar* const bar = verticalScrollBar();
+  if (bar->value() > 0 || section_ == 0) {
+    bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+  } else {
+    ShowEndOfSection(section_ - 1);
+  }
+}
+
+void PageView::keyPressEvent(QKeyEvent* event) {
+  const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
   switch (event->key()) {
     case Qt::Key_Space:
-      return bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+      return shift ? ReadBack() : ReadOn();
+    case Qt::Key_PageDown:
+      return ReadOn();
+    case Qt::Key_PageUp:
+      return ReadBack();
     case Qt::Key_Home:
-      if (first_.part > 0) Restart({});  // it was opened in its middle
-      return bar->setValue(0);
+      if (section_ > 0) ShowSection(0);
+      return verticalScrollBar()->setValue(0);
     case Qt::Key_End:
-      return bar->setValue(bar->maximum());
+      return ShowEndOfSection(SectionCount() - 1);
     default:
       QTextEdit::keyPressEvent(event);
   }

@@ -3,6 +3,8 @@
 
 #include <QString>
 #include <QTextEdit>
+#include <functional>
+#include <vector>
 
 #include "viewer/book/folder.h"
 #include "viewer/book/page.h"
@@ -12,7 +14,8 @@
 
 namespace viewer {
 
-// What lies below the window is laid out as the reader comes near to it.
+// A long page is shown a section at a time; of that, what lies below the window is laid out as the
+// reader comes near to it.
 class PageView : public QTextEdit {
  public:
   static constexpr int kSmallestText = 13;
@@ -20,13 +23,23 @@ class PageView : public QTextEdit {
 
   PageView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent);
 
-  // From this part on; the words are marked wherever they occur.
-  void ShowPage(Page page, const QString& background, int part, const QString& words);
+  // From its beginning; the words are marked wherever they occur.
+  void ShowPage(Page page, const QString& background, const QString& words);
+  // To the first of the words from this place of the page on.
+  void GoToWords(PagePlace place);
   // A notice in place of a page.
   void ShowNotice(const QString& text);
   const Page& Shown() const { return page_; }
-  bool IsWhole() const { return next_.part >= page_.parts.size(); }
 
+  // Another section is shown, or another page.
+  std::function<void()> onSection;
+  int Section() const { return section_; }
+  int SectionCount() const { return static_cast<int>(sections_.size()) - 1; }
+  void ShowSection(int section);
+  PagePlace SectionStart() const { return sections_[static_cast<std::size_t>(section_)]; }
+  PagePlace SectionEnd() const { return sections_[static_cast<std::size_t>(section_) + 1]; }
+
+  // The height of the letters. Changing it leaves the reader at the same line.
   int TextPixels() const { return style_.pixels; }
   void SetTextPixels(int pixels);
 
@@ -37,18 +50,27 @@ class PageView : public QTextEdit {
   QVariant loadResource(int type, const QUrl& name) override;
 
  private:
-  void Restart(PagePlace from);
-  void AppendStep();
+  void SetPage(Page page);
+  void Restart();
+  void ShowEndOfSection(int section);
+  bool IsLaidOut() const { return next_ >= SectionEnd(); }
+  void Append();
+  void AppendUntil(PagePlace place);
   void AppendWhileNear();
   void MarkWords(int fromBlock);
   void FitColumn();
+  int PlaceAtTop() const;
+  void ScrollTo(int position, int below = 0);
+  void ReadOn();
+  void ReadBack();
 
   const BookFolder& book_;
   const Look& look_;
   Pictures& pictures_;
   Page page_;
-  PagePlace first_;
-  PagePlace next_;
+  std::vector<PagePlace> sections_ = {{}, {}};  // their starts, and the end of the page
+  int section_ = 0;
+  PagePlace next_;  // what isn't laid out yet
   PageStyle style_;
   QString background_;
   QStringList words_;

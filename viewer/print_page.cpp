@@ -1,6 +1,5 @@
 #include "viewer/print_page.h"
 
-#include <QDebug>
 #include <QFileInfo>
 #include <QTextOption>
 #include <QUrl>
@@ -14,7 +13,7 @@ namespace viewer {
 namespace {
 
 constexpr QSize kLargestPicture(600, 900);
-// What a printer gets of one entry: some hundreds of sheets.
+// In characters, some hundreds of sheets.
 constexpr qsizetype kLongestPrint = 2'000'000;
 
 // Loads the book's own pictures and nothing else.
@@ -35,36 +34,31 @@ class PrintDocument : public QTextDocument {
   const BookFolder& book_;
 };
 
-void SetRightToLeft(QTextDocument& document) {
-  QTextOption option = document.defaultTextOption();
+std::unique_ptr<QTextDocument> MakeDocument(const BookFolder& book) {
+  auto document = std::make_unique<PrintDocument>(book);
+  QTextOption option = document->defaultTextOption();
   option.setTextDirection(Qt::RightToLeft);
-  document.setDefaultTextOption(option);
-}
-
-void FillFromPage(QTextDocument& document, const BookFolder& book, const Page& page) {
-  const PageStyle style;
-  BeginPage(document, page.title, style);
-  for (PagePlace place; place.part < page.parts.size();) {
-    place = AppendPage(document, book, page, place, style);
-    if (document.characterCount() < kLongestPrint) continue;
-    qWarning() << "the page is too long to be printed whole:" << page.title.left(80);
-    return;
-  }
+  document->setDefaultTextOption(option);
+  return document;
 }
 
 }  // namespace
 
-std::unique_ptr<QTextDocument> DocumentForPrint(const BookFolder& book, const Node& node,
-                                                const Page& page) {
-  auto document = std::make_unique<PrintDocument>(book);
-  SetRightToLeft(*document);
+std::unique_ptr<QTextDocument> MadePrintPage(const BookFolder& book, const Node& node) {
   const QString made = PrintPageOf(book, node);
   const std::optional<QString> text = made.isEmpty() ? std::nullopt : ReadText(made);
-  if (text && text->size() <= kLongestPrint) {
-    document->setHtml(*text);
-  } else {
-    FillFromPage(*document, book, page);
-  }
+  if (!text || text->size() > kLongestPrint) return nullptr;
+  std::unique_ptr<QTextDocument> document = MakeDocument(book);
+  document->setHtml(*text);
+  return document;
+}
+
+std::unique_ptr<QTextDocument> PageForPrint(const BookFolder& book, const Page& page,
+                                            PagePlace from, PagePlace until) {
+  std::unique_ptr<QTextDocument> document = MakeDocument(book);
+  const PageStyle style;
+  BeginPage(*document, page.title, style);
+  while (from < until) from = AppendStep(*document, book, page, from, until, style);
   return document;
 }
 

@@ -10,8 +10,11 @@
 
 namespace viewer {
 
-// The page made for printing if the book has one, else the page itself in black on white.
-std::unique_ptr<QTextDocument> DocumentForPrint(const BookFolder& book, const Node& node,
-                                                const Page& page);
+// The page made for printing; null where the book has none, or one of thousands of sheets.
+std::unique_ptr<QTextDocument> MadePrintPage(const BookFolder& book, const Node& node);
+
+// What stands between the places of the page itself, under its title, in black on white.
+std::unique_ptr<QTextDocument> PageForPrint(const BookFolder& book, const Page& page,
+                                            PagePlace from, PagePlace until);
 
 }  // namespace viewer

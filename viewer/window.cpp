@@ -82,6 +82,7 @@ void Window::MakeBar() {
   words_->setPlaceholderText(QStringLiteral("جست\u200Cوجو در کتاب"));
   words_->setAccessibleName(words_->placeholderText());
   words_->setMaxLength(200);
+  words_->setTextMargins(6, 0, 6, 0);
   QObject::connect(home_, &QAbstractButton::clicked, this, [this] { GoHome(); });
   QObject::connect(back_, &QAbstractButton::clicked, this, [this] { GoBack(); });
   QObject::connect(musicSwitch_, &QAbstractButton::clicked, this, [this] { SwitchMusic(); });
@@ -124,7 +125,7 @@ void Window::MakeKeys() {
 void Window::AfterFirstPaint() {
   pictures_.Start();
   backdrop_ = book_.Resolve(QStringLiteral("Data/FlashIMG/Back.jpg"));
-  if (indexPage_) indexPage_->ShowPictures();
+  if (indexPage_) indexPage_->ShowTheRest();
   if (music_.HasTracks()) music_.SwitchOn();
   TellMusic();
   update();
@@ -207,7 +208,7 @@ void Window::OpenHit(const Hit& hit, const QString& words) {
   fromSearch_ = true;
   setWindowTitle(AsCaption(hit.collection.title));
   Show(&TextPage());
-  TextPage().OpenAt(hit.collection, hit.node, hit.part, words);
+  TextPage().OpenAt(hit, words);
 }
 
 void Window::Search() {

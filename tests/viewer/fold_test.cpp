@@ -59,5 +59,11 @@ TEST(Fold, FoldingTwiceIsFoldingOnce) {
   }
 }
 
+TEST(Fold, TheWordsOfASearchAreFoldedTheLongestFirst) {
+  EXPECT_EQ(WordsOf(QStringLiteral("  با \tكتابِ\u3000من ")),
+            (QStringList{QStringLiteral("\u06A9تاب"), QStringLiteral("با"), QStringLiteral("من")}));
+  EXPECT_TRUE(WordsOf(QStringLiteral(" \u200C \u0640 ")).isEmpty());
+}
+
 }  // namespace
 }  // namespace viewer

@@ -39,7 +39,9 @@ class LongPage : public testing::Test {
   QScrollBar& Bar() { return *Page().verticalScrollBar(); }
   QSlider& Slider() { return *qobject_cast<QSlider*>(&Find(*window_, u"sections"_s)); }
   QString Label() { return qobject_cast<QLabel*>(&Find(*window_, u"sectionLabel"_s))->text(); }
-  void Press(int key, Qt::KeyboardModifiers with = {}) { QTest::keyClick(&Page(), Qt::Key(key), with); }
+  void Press(int key, Qt::KeyboardModifiers with = {}) {
+    QTest::keyClick(&Page(), Qt::Key(key), with);
+  }
   // As a reader scrolls, until nothing more comes.
   void ScrollToTheEndOfTheSection() {
     for (int last = -1; last != Bar().maximum();) {
@@ -73,7 +75,9 @@ class LongPage : public testing::Test {
 QStringList Paragraphs(int count) {
   QStringList paragraphs;
   for (int i = 1; i <= count; ++i) {
-    paragraphs << u"بند %1 از متني بلند كه در باغ انار آغاز مي‌شود و به كوه مي‌رسد"_s.arg(i);
+    paragraphs
+        << u"بند %1 از متني بلند كه در باغ انار آغاز مي‌شود و به كوه مي‌رسد"_s
+               .arg(i);
   }
   return paragraphs;
 }

@@ -44,6 +44,11 @@ TEST_F(Reading, EachCollectionHasItsCardInRowsFromRightToLeft) {
   EXPECT_GT(c1.y(), b1.y());
 }
 
+TEST_F(Reading, TheCreditStandsBelowTheCollections) {
+  Open();
+  EXPECT_EQ(Find(*window_, u"shelves"_s).accessibleDescription(), u"Designed"_s);
+}
+
 TEST_F(Reading, TheArrowsAndEnterOpenACollection) {
   Open();
   QTest::keyClick(&Find(*window_, u"a1"_s), Qt::Key_Left);
@@ -116,6 +121,7 @@ TEST_F(Reading, AMissingPageSaysSo) {
   OpenCollection();
   ClickRow(ListOf(*window_), 5);
   EXPECT_TRUE(PageText(*window_).contains(u"پیدا نشد"_s));
+  EXPECT_TRUE(PageText(*window_).contains(u"DATA/TXT/GONE.htm"_s));
 }
 
 TEST_F(Reading, MissingMediaSaySo) {
@@ -126,6 +132,7 @@ TEST_F(Reading, MissingMediaSaySo) {
     const auto text = AnswerNextBox({});
     Click(*window_, name);
     EXPECT_TRUE(text->contains(u"پیدا نشد"_s)) << name.toStdString();
+    EXPECT_TRUE(text->contains(u"DATA/TXT/GONE."_s)) << name.toStdString();
   }
   EXPECT_TRUE(asked_->opened.isEmpty() && asked_->films.isEmpty() && asked_->sounds.isEmpty());
 }

@@ -64,6 +64,7 @@ TEST_F(BookSearch, FindsAWordAndItsPlace) {
   EXPECT_EQ(hit.source, QStringLiteral("DATA/TXT/P1.htm"));
   EXPECT_EQ(hit.title, QStringLiteral("t1"));
   EXPECT_EQ(hit.part, 1);
+  EXPECT_EQ(hit.offset, 2);
   EXPECT_EQ(hit.snippet, QStringLiteral("و كتاب خوب"));
   EXPECT_EQ(hit.snippet.sliced(hit.matchStart, hit.matchLength), QStringLiteral("كتاب"));
 }
@@ -127,6 +128,7 @@ TEST_F(BookSearch, ALongParagraphIsShownInPart) {
   const std::vector<Hit> hits = Hits("سيب");
   ASSERT_EQ(hits.size(), 1U);
   EXPECT_LT(hits[0].snippet.size(), 250);
+  EXPECT_EQ(hits[0].offset, filler.size());
   EXPECT_TRUE(hits[0].snippet.startsWith(QLatin1String("واژه")) ||
               hits[0].snippet.startsWith(QStringLiteral("واژه")));
   EXPECT_EQ(hits[0].snippet.sliced(hits[0].matchStart, hits[0].matchLength), QStringLiteral("سيب"));

@@ -45,11 +45,61 @@ TEST(TextFile, ReadsAFile) {
   EXPECT_EQ(ReadText(maker.PathOf(QStringLiteral("Data/TXT/x.htm"))), QStringLiteral("متن"));
 }
 
+TEST(TextFile, ReadsAFileOfABookWhateverItsLetterCase) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/TXT/x.htm"), QStringLiteral("متن"));
+  EXPECT_EQ(ReadText(maker.Book(), QStringLiteral("DATA/txt/X.htm")), QStringLiteral("متن"));
+}
+
 TEST(TextFile, AFolderOrNothingIsNoText) {
   const BookMaker maker;
   EXPECT_FALSE(ReadText(maker.PathOf(QStringLiteral("Data/TXT"))));
   EXPECT_FALSE(ReadText(maker.PathOf(QStringLiteral("Data/TXT/x.htm"))));
   EXPECT_FALSE(ReadText(QString()));
+}
+
+// What is written to the log while it runs.
+class Log {
+ public:
+  Log() : before_(qInstallMessageHandler(Take)) { Lines().clear(); }
+  Log(const Log&) = delete;
+  Log& operator=(const Log&) = delete;
+  ~Log() { qInstallMessageHandler(before_); }
+
+  static QStringList& Lines() {
+    static QStringList lines;
+    return lines;
+  }
+
+ private:
+  static void Take(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& line) {
+    Lines() += line;
+  }
+  QtMessageHandler before_;
+};
+
+TEST(TextFile, TheLogNamesAFileThatIsNotThere) {
+  const BookMaker maker;
+  const Log log;
+  EXPECT_FALSE(ReadText(maker.Book(), QStringLiteral("DATA/TXT/x.htm")));
+  EXPECT_EQ(Log::Lines(), QStringList{QStringLiteral("Can't be read: ") +
+                                      maker.PathOf(QStringLiteral("DATA/TXT/x.htm"))});
+}
+
+TEST(TextFile, TheLogNamesAPathThatLeadsOutOfTheBook) {
+  const BookMaker maker;
+  const Log log;
+  EXPECT_FALSE(ReadText(maker.Book(), QStringLiteral("../x.htm")));
+  ASSERT_EQ(Log::Lines().size(), 1);
+  EXPECT_TRUE(Log::Lines().front().endsWith(QLatin1String("/../x.htm")));
+}
+
+TEST(TextFile, TheLogNamesAFolderInPlaceOfAFile) {
+  const BookMaker maker;
+  const Log log;
+  const QString path = maker.PathOf(QStringLiteral("Data/TXT"));
+  EXPECT_FALSE(ReadText(path));
+  EXPECT_EQ(Log::Lines(), QStringList{QStringLiteral("Can't be read: ") + path});
 }
 
 TEST(TextFile, APipeIsNoText) {

@@ -92,7 +92,7 @@ class Reader {
 Contents ParseContents(QStringView text) { return Reader(text).Read(); }
 
 Contents ReadContents(const BookFolder& book, const Collection& collection) {
-  const std::optional<QString> text = ReadText(book.Resolve(FileOf(collection)));
+  const std::optional<QString> text = ReadText(book, FileOf(collection));
   return text ? ParseContents(*text) : Contents{};
 }
 

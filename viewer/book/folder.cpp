@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QtDebug>
 #include <algorithm>
 #include <string_view>
 
@@ -136,6 +137,12 @@ QString BookFolder::Resolve(const QString& pathInBook) const {
   const qsizetype start = NameStart(path);
   const QString folder = start == 0 ? root_ : ResolveFolder(FolderPart(path));
   return folder.isEmpty() ? QString() : FileIn(folder, path.sliced(start));
+}
+
+QString BookFolder::Needed(const QString& pathInBook) const {
+  QString path = Resolve(pathInBook);
+  if (path.isEmpty()) qWarning().noquote() << "Can't be read:" << root_ + u'/' + pathInBook;
+  return path;
 }
 
 QStringList BookFolder::AllWithStem(const QString& stem) const {

@@ -26,6 +26,9 @@ class BookFolder {
   // the path leads out of the book (an absolute path, "..", a link).
   QString Resolve(const QString& pathInBook) const;
 
+  // The same, with a warning that names the path where there is none.
+  QString Needed(const QString& pathInBook) const;
+
   // The same without a look at the file itself, as it is if the letter case of its name is that of
   // the disk. Who opens it must neither follow a link nor take it for an ordinary file.
   QString Expected(const QString& pathInBook) const;

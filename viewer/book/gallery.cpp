@@ -61,7 +61,7 @@ class Reader {
 std::vector<Picture> ParseGallery(QStringView text) { return Reader(text).Read(); }
 
 std::vector<Picture> ReadGallery(const BookFolder& book, const QString& sourceInBook) {
-  const std::optional<QString> text = ReadText(book.Resolve(sourceInBook));
+  const std::optional<QString> text = ReadText(book, sourceInBook);
   return text ? ParseGallery(*text) : std::vector<Picture>{};
 }
 

@@ -99,7 +99,7 @@ QString NameOf(const Collection& collection) {
 Index ParseIndex(QStringView text) { return Reader(text).Read(); }
 
 Index ReadIndex(const BookFolder& book) {
-  const std::optional<QString> text = ReadText(book.Resolve(QStringLiteral("Data/_xml/Index.xml")));
+  const std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
   return text ? ParseIndex(*text) : Index{};
 }
 

@@ -24,12 +24,6 @@ const QStringList& FilmExtensions() {
   return extensions;
 }
 
-// "DATA/TXT/S.htm" without its extension.
-QString StemOf(const QString& source) {
-  const qsizetype dot = source.lastIndexOf(u'.');
-  return dot <= source.lastIndexOf(u'/') ? source : source.first(dot);
-}
-
 bool HasExtension(const QString& path, const QStringList& extensions) {
   return extensions.contains(u'.' + QFileInfo(path).suffix(), Qt::CaseInsensitive);
 }
@@ -70,12 +64,18 @@ class Shelf {
 
 }  // namespace
 
+QString StemOf(const Node& node) {
+  const QString& source = node.source;
+  const qsizetype dot = source.lastIndexOf(u'.');
+  return dot <= source.lastIndexOf(u'/') ? source : source.first(dot);
+}
+
 Media MediaOf(const BookFolder& book, const Node& node) {
   Media media;
   if (!node.background.isEmpty()) media.background = book.Resolve(node.background);
   // The build copies no media of a gallery entry, whatever its node says.
   if (node.isTitle || node.isGallery) return media;
-  const QString stem = StemOf(node.source);
+  const QString stem = StemOf(node);
   if (node.hasAttachment) media.attachment = book.Resolve(stem + node.attachmentExtension);
   if (!node.hasSound && !node.hasFilm) return media;
   Shelf shelf(book.AllWithStem(stem), {media.attachment, media.background});

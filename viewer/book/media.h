@@ -17,6 +17,8 @@ struct Media {
   QString background;
 };
 
+// The path in the book that they all share, up to their dots.
+QString StemOf(const Node& node);
 Media MediaOf(const BookFolder& book, const Node& node);
 
 // The page made for printing, beside the page itself; empty if there is none.

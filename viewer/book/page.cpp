@@ -130,7 +130,7 @@ class Reader {
 Page ParsePage(QStringView text) { return Reader(text).Read(); }
 
 std::optional<Page> ReadPage(const BookFolder& book, const QString& sourceInBook) {
-  const std::optional<QString> text = ReadText(book.Resolve(sourceInBook));
+  const std::optional<QString> text = ReadText(book, sourceInBook);
   if (!text) return std::nullopt;
   return ParsePage(*text);
 }

@@ -19,34 +19,6 @@ std::u16string_view ViewOf(const QString& text) {
   return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
 }
 
-// A page's characters, tags and all, folded: a page in which a word doesn't occur here doesn't hold
-// it, and nearly all pages are done with that.
-class Sieve {
- public:
-  bool MayHoldAll(QByteArrayView bytes, const QStringList& words) {
-    const std::u16string_view folded = Fold(bytes);
-    return std::ranges::all_of(words, [&](const QString& word) {
-      return folded.find(ViewOf(word)) != std::u16string_view::npos;
-    });
-  }
-
- private:
-  std::u16string_view Fold(QByteArrayView bytes) {
-    const char16_t* const table = FoldTable();
-    const auto count = static_cast<std::size_t>(bytes.size() / 2);
-    if (folded_.size() < count) folded_.resize(count);
-    const char* from = bytes.data();
-    char16_t* to = folded_.data();
-    for (std::size_t i = 0; i < count; ++i, from += 2) {
-      *to = table[qFromLittleEndian<char16_t>(from)];
-      if (*to != 0) ++to;
-    }
-    return {folded_.data(), static_cast<std::size_t>(to - folded_.data())};
-  }
-
-  std::vector<char16_t> folded_;
-};
-
 bool IsLittleEndian(QByteArrayView bytes) {
   return !bytes.startsWith("\xFE\xFF") && !bytes.startsWith("\xEF\xBB\xBF");
 }
@@ -120,7 +92,44 @@ bool Confirm(Match& match, const Page& page, const QStringList& words) {
     missing.removeIf(isHere);
   }
   if (!missing.isEmpty()) return false;
-  SetSnippet(hit, texts.At(match.part), firstWord);
+  SetSnippet(match, texts.At(match.part), firstWord);
   return true;
 }
 
+}  // namespace
+
+PageSearch::PageSearch(const QString& words) : words_(WordsOf(words)) {}
+
+std::u16string_view PageSearch::Fold(QByteArrayView bytes) {
+  const char16_t* const table = FoldTable();
+  const auto count = static_cast<std::size_t>(bytes.size() / 2);
+  if (folded_.size() < count) folded_.resize(count);
+  const char* from = bytes.data();
+  char16_t* to = folded_.data();
+  for (std::size_t i = 0; i < count; ++i, from += 2) {
+    *to = table[qFromLittleEndian<char16_t>(from)];
+    if (*to != 0) ++to;
+  }
+  return {folded_.data(), static_cast<std::size_t>(to - folded_.data())};
+}
+
+// Tags and all: a page in which a word doesn't occur here doesn't hold it, and nearly all pages are
+// done with that.
+bool PageSearch::MayHoldAll(QByteArrayView bytes) {
+  const std::u16string_view folded = Fold(bytes);
+  return std::ranges::all_of(words_, [&](const QString& word) {
+    return folded.find(ViewOf(word)) != std::u16string_view::npos;
+  });
+}
+
+std::optional<Match> PageSearch::Find(QByteArrayView bytes) {
+  if (words_.isEmpty()) return std::nullopt;
+  if (IsLittleEndian(bytes) && !MayHoldAll(bytes)) return std::nullopt;
+  const Page page = ParsePage(DecodeText(bytes));
+  Match match;
+  if (!Confirm(match, page, words_)) return std::nullopt;
+  match.title = page.title;
+  return match;
+}
+
+}  // namespace viewer

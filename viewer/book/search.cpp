@@ -1,27 +1,18 @@
 #include "viewer/book/search.h"
 
-#include <QStringList>
-#include <QtEndian>
-#include <algorithm>
-#include <functional>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "viewer/book/contents.h"
-#include "viewer/book/fold.h"
-#include "viewer/book/page.h"
 #include "viewer/book/raw_file.h"
-#include "viewer/book/text_file.h"
 
 namespace viewer {
 namespace {
 
 class Searcher {
  public:
-  Searcher(const BookFolder& book, const QStringList& words,
-           const std::function<bool(Hit&&)>& onHit, const std::function<bool()>& goesOn)
-      : book_(book), words_(words), onHit_(onHit), goesOn_(goesOn) {}
+  Searcher(const BookFolder& book, PageSearch search, const std::function<bool(Hit&&)>& onHit,
+           const std::function<bool()>& goesOn)
+      : book_(book), search_(std::move(search)), onHit_(onHit), goesOn_(goesOn) {}
 
   // False if the search is to end.
   bool SearchCollection(const Collection& collection) {
@@ -44,33 +35,27 @@ class Searcher {
   }
 
   bool SearchPage(const Collection& collection, int index, const Node& node) {
-    const QByteArrayView bytes = BytesOf(node.source);
-    if (IsLittleEndian(bytes) && !sieve_.MayHoldAll(bytes, words_)) return true;
-    const Page page = ParsePage(DecodeText(bytes));
-    Hit hit;
-    if (!Confirm(hit, page, words_)) return true;
-    hit.collection = collection;
-    hit.node = index;
-    hit.source = node.source;
-    hit.title = page.title.isEmpty() ? node.label : page.title;
+    std::optional<Match> match = search_.Find(BytesOf(node.source));
+    if (!match) return true;
+    Hit hit{std::move(*match), collection, index, node.source};
+    if (hit.title.isEmpty()) hit.title = node.label;
     return onHit_(std::move(hit));
   }
 
   const BookFolder& book_;
-  const QStringList& words_;
+  PageSearch search_;
   const std::function<bool(Hit&&)>& onHit_;
   const std::function<bool()>& goesOn_;
   RawFile file_;
-  Sieve sieve_;
 };
 
 }  // namespace
 
 void SearchBook(const BookFolder& book, const QString& words,
                 const std::function<bool(Hit&&)>& onHit, const std::function<bool()>& goesOn) {
-  const QStringList folded = WordsOf(words);
-  if (folded.isEmpty()) return;
-  Searcher searcher(book, folded, onHit, goesOn);
+  PageSearch search(words);
+  if (!search.HasWords()) return;
+  Searcher searcher(book, std::move(search), onHit, goesOn);
   const Index index = ReadIndex(book);
   for (const Collection& collection : index.collections) {
     if (!collection.isGallery && !searcher.SearchCollection(collection)) return;

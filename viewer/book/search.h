@@ -6,18 +6,14 @@
 
 #include "viewer/book/folder.h"
 #include "viewer/book/index.h"
+#include "viewer/book/page_search.h"
 
 namespace viewer {
 
-struct Hit {
+struct Hit : Match {  // of its title: the entry's where the page has none
   Collection collection;
-  int node = 0;              // index into the collection's contents
-  QString source;            // path in the book of the page
-  QString title;             // of the entry
-  QString snippet;           // the text around the first word found
-  qsizetype matchStart = 0;  // of the word, in the snippet
-  qsizetype matchLength = 0;
-  int part = -1;  // index into the page's parts; -1: the title
+  int node = 0;    // index into the collection's contents
+  QString source;  // path in the book of the page
 };
 
 // Finds the pages in which each of the words occurs, title included; words stand between blanks.

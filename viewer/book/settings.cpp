@@ -32,8 +32,7 @@ Settings ParseSettings(QStringView text) {
 }
 
 Settings ReadSettings(const BookFolder& book) {
-  const std::optional<QString> text =
-      ReadText(book.Resolve(QStringLiteral("Data/TXT/CDProperty.xml")));
+  const std::optional<QString> text = ReadText(book, QStringLiteral("Data/TXT/CDProperty.xml"));
   return text ? ParseSettings(*text) : Settings{};
 }
 

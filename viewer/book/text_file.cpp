@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QtDebug>
 #include <QtEndian>
+#include <algorithm>
 
 namespace viewer {
 namespace {
@@ -37,12 +38,17 @@ std::optional<QString> ReadText(const QString& path) {
     return std::nullopt;
   }
   if (file.size() > kLongestText) qWarning().noquote() << "Too long, read in part:" << path;
-  const QByteArray bytes = file.read(kLongestText);
+  const QByteArray bytes = file.read(std::min(file.size(), kLongestText));
   if (file.error() != QFileDevice::NoError) {
     qWarning().noquote() << "Read in part:" << path << file.errorString();
     if (bytes.isEmpty()) return std::nullopt;
   }
   return DecodeText(bytes);
+}
+
+std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook) {
+  const QString path = book.Needed(pathInBook);
+  return path.isEmpty() ? std::nullopt : ReadText(path);
 }
 
 }  // namespace viewer

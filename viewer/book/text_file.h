@@ -5,6 +5,8 @@
 #include <QString>
 #include <optional>
 
+#include "viewer/book/folder.h"
+
 namespace viewer {
 
 // In bytes. What a file holds beyond it is left out, with a warning.
@@ -16,5 +18,8 @@ QString DecodeText(QByteArrayView bytes);
 
 // Nothing, with a warning, where there is no ordinary file or it can't be read.
 std::optional<QString> ReadText(const QString& path);
+
+// The same for a file of the book, "DATA/TXT/x.htm".
+std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook);
 
 }  // namespace viewer

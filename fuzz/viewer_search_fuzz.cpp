@@ -1,0 +1,96 @@
+// The player's search over a page. The first byte counts the characters of the words that are
+// sought, the words follow, then the page as it stands on disk.
+#include <QByteArrayView>
+#include <QString>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+
+#include "viewer/book/fold.h"
+#include "viewer/book/marks.h"
+#include "viewer/book/page.h"
+#include "viewer/book/page_search.h"
+#include "viewer/book/text_file.h"
+
+namespace {
+
+using viewer::Folded;
+using viewer::Match;
+using viewer::Page;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+QStringList TextsOf(const Page& page) {
+  QStringList texts = {page.title};
+  for (const viewer::PagePart& part : page.parts) {
+    texts += part.kind == viewer::PagePart::Kind::kParagraph ? part.text : QString();
+  }
+  return texts;
+}
+
+// The plain way, without a look at the bytes first.
+bool HoldsAll(const QStringList& texts, const QStringList& words) {
+  return std::ranges::all_of(words, [&](const QString& word) {
+    return std::ranges::any_of(texts,
+                               [&](const QString& text) { return Folded(text).contains(word); });
+  });
+}
+
+void CheckMatch(const Match& match, const QStringList& texts, const QStringList& words) {
+  Require(match.part >= -1 && match.part + 1 < texts.size());
+  const QString& text = texts[match.part + 1];
+  const QString found = text.sliced(match.offset, match.matchLength);
+  Require(words.contains(Folded(found)));
+  Require(match.snippet.sliced(match.matchStart, match.matchLength) == found);
+  Require(text.contains(match.snippet));
+  for (int part = -1; part < match.part; ++part) {
+    for (const QString& word : words) Require(!Folded(texts[part + 1]).contains(word));
+  }
+}
+
+void CheckMarks(const QString& text, const QStringList& words) {
+  const std::vector<viewer::Mark> marks = viewer::MarksIn(text, words);
+  qsizetype behind = 0;
+  for (const viewer::Mark& mark : marks) {
+    Require(mark.start >= behind && mark.length > 0);
+    behind = mark.start + mark.length;
+    Require(behind <= text.size());
+    Require(words.contains(Folded(text.sliced(mark.start, mark.length))));
+  }
+  const QString folded = Folded(text);
+  const bool holdsOne =
+      std::ranges::any_of(words, [&](const QString& word) { return folded.contains(word); });
+  Require(holdsOne == !marks.empty());
+}
+
+void CheckWords(const QStringList& words) {
+  for (const QString& word : words) {
+    Require(!word.isEmpty() && !word.contains(u' ') && Folded(word) == word);
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  const QByteArrayView bytes(reinterpret_cast<const char*>(data) + 1,
+                             static_cast<qsizetype>(size) - 1);
+  const qsizetype wordBytes = std::min(qsizetype{data[0]} * 2, bytes.size());
+  const QString typed = viewer::DecodeText(bytes.first(wordBytes));
+  const QByteArrayView file = bytes.sliced(wordBytes);
+
+  const QStringList words = viewer::WordsOf(typed);
+  CheckWords(words);
+  const Page page = viewer::ParsePage(viewer::DecodeText(file));
+  const QStringList texts = TextsOf(page);
+  viewer::PageSearch search(typed);
+  const std::optional<Match> match = search.Find(file);
+  Require(match.has_value() == (!words.isEmpty() && HoldsAll(texts, words)));
+  if (match) CheckMatch(*match, texts, words);
+  for (const QString& text : texts) CheckMarks(text, words);
+  return 0;
+}
