@@ -14,7 +14,9 @@
 
 #include "bench/box_rows.h"
 #include "bench/build_rows.h"
+#include "bench/editor_rows.h"
 #include "bench/export_rows.h"
+#include "bench/gallery_rows.h"
 #include "bench/paragraph_rows.h"
 #include "bench/process_rows.h"
 #include "bench/reported.h"
@@ -28,9 +30,10 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 17> kRows = {{{"build", bench::MeasureTextBuild},
+const std::array<bench::NamedRow, 20> kRows = {{{"build", bench::MeasureTextBuild},
                                                 {"media", bench::MeasureMediaBuild},
                                                 {"mixed", bench::MeasureMixedBuild},
+                                                {"gallery", bench::MeasureGalleryBuild},
                                                 {"export", bench::MeasureExport},
                                                 {"print", bench::MeasurePrintPages},
                                                 {"print-disk", bench::MeasurePrintPagesOnDisk},
@@ -40,6 +43,8 @@ const std::array<bench::NamedRow, 17> kRows = {{{"build", bench::MeasureTextBuil
                                                 {"plain", bench::MeasurePlainText},
                                                 {"rtf", bench::MeasureRichText},
                                                 {"f3", bench::MeasureMarking},
+                                                {"entry", bench::MeasureOpeningEntry},
+                                                {"scroll", bench::MeasureScrollStep},
                                                 {"start", bench::MeasureStart},
                                                 {"start-offscreen", bench::MeasureStartOffscreen},
                                                 {"memory", bench::MeasureMemory},

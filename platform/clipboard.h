@@ -1,4 +1,4 @@
-// The system's clipboard, as text.
+// The system's clipboard, as text whose lines end in CR LF.
 #pragma once
 
 #include "platform/text.h"

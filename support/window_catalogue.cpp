@@ -61,6 +61,7 @@ struct Row : ControlRow {
   constexpr Row RightAligned() const { return With(&ControlRow::rightAligned, true); }
   constexpr Row Default() const { return With(&ControlRow::defaultButton, true); }
   constexpr Row LeftToRight() const { return With(&ControlRow::leftToRight, true); }
+  constexpr Row TabStop() const { return With(&ControlRow::tabStop, true); }
   constexpr Row NoTabStop() const { return With(&ControlRow::tabStop, false); }
   constexpr Row Disabled() const { return With(&ControlRow::enabled, false); }
 };
@@ -359,7 +360,8 @@ constexpr std::array kForm6ParagraphRows = std::to_array<ControlRow>({
     Chooser(u"Command2", {2250, 7725, 420, 315}),
 
     Row(Kind::kImage, u"Image1", {75, 6645, 1995, 1260})
-        .Hint(u"براي تغيير پس\u200Fزمينه كليك كنيد!\u200F"),
+        .Hint(u"براي تغيير پس\u200Fزمينه كليك كنيد!\u200F")
+        .TabStop(),
     Row(Kind::kLabel, u"Label4", {-15, 7935, 2160, 285}, u"تصوير پس\u200Fزمينه اين پاراگراف")
         .RightAligned(),
     Row(Kind::kButton, u"btn", {2025, 8265, 5610, 390},

@@ -8,7 +8,7 @@ set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
 BENCH=$ROOT/build/bench
-BENCH_PACKAGES=(libbenchmark-dev catdoc python3 xvfb)
+BENCH_PACKAGES=(libbenchmark-dev catdoc libjpeg-turbo-progs python3 xvfb)
 
 build_bench() {
   local log=$LOGS/bench.log

@@ -28,9 +28,9 @@ gallery::Slots Form3::ChosenOf(int which) {
   return which == 0 ? table.galleryPic.Slots() : table.EntryGallery(editIndex);
 }
 
-// Nobody asks for it while no folder is shown.
+// Before a folder is shown no row names a picture.
 Text Form3::PictureRoot() {
-  return pictures.folderPicCount == 0 ? Text() : DoSlash(pictures.galleryFolder);
+  return pictures.galleryFolder.empty() ? Text() : DoSlash(pictures.galleryFolder);
 }
 
 void Form3::ShowFolder(int which, std::ptrdiff_t first) {
@@ -81,7 +81,7 @@ void Form3::IMCmous(std::ptrdiff_t row) {
 void Form3::AddPicture(int which, std::ptrdiff_t row) {
   form1_.Catching(54, [&] {
     form1_.LogMe(u"Adding a pic to the gallery...");
-    gallery::AddRow(BrowserOf(which), row, PictureRoot(), ChosenOf(which));
+    gallery::AddRow(BrowserOf(which), row, DoSlash(pictures.galleryFolder), ChosenOf(which));
     form1_.LogMe(u"Pic added.");
   });
 }

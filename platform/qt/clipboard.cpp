@@ -13,8 +13,14 @@ bool ClipboardHasText() {
   return data != nullptr && data->hasText();
 }
 
-Text ClipboardText() { return ToText(QGuiApplication::clipboard()->text()); }
+// Between programs of the host a line ends in one character; the toolkit knows those that want two.
+Text ClipboardText() {
+  const Text text = Replace(ToText(QGuiApplication::clipboard()->text()), kCrLf, u"\n");
+  return Replace(text, u"\n", kCrLf);
+}
 
-void SetClipboardText(TextView text) { QGuiApplication::clipboard()->setText(ToQString(text)); }
+void SetClipboardText(TextView text) {
+  QGuiApplication::clipboard()->setText(ToQString(Replace(text, kCrLf, u"\n")));
+}
 
 }  // namespace platform

@@ -8,6 +8,8 @@
 namespace platform {
 
 inline constexpr const char* kRichTextType = "text/rtf";
+// Rich text has two names; some word processors give but this one.
+inline constexpr const char* kOtherRichTextType = "application/rtf";
 
 // A passage as rich text, web text and plain text. As rich text it comes back whole, pictures too.
 // Each is made once somebody asks for it.

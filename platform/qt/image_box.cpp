@@ -1,5 +1,5 @@
 #include <QFile>
-#include <QImageReader>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -8,6 +8,7 @@
 #include "platform/paths.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
+#include "platform/qt/picture_decoder.h"
 #include "platform/qt/trampoline.h"
 
 namespace platform {
@@ -15,7 +16,8 @@ namespace {
 
 constexpr const char* kTagProperty = "tag";
 
-// A picture drawn over the whole control, clickable.
+// A picture drawn over the whole control, clickable. One that takes the focus is pressed by the
+// keys too.
 class ImageWidget : public QWidget {
  public:
   using QWidget::QWidget;
@@ -33,8 +35,16 @@ class ImageWidget : public QWidget {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!picture_.isNull()) painter.drawImage(rect(), picture_);
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    const std::function<void()> click = onClick;
+    const int key = event->key();
+    const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!presses || event->isAutoRepeat() || !click) return QWidget::keyPressEvent(event);
+    click();
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
@@ -53,25 +63,25 @@ ImageWidget& ImageOf(const Control& control) {
 
 }  // namespace
 
-std::unique_ptr<Control::Peer> MakeImageBox(const ControlRow&, QWidget* parent, ImageBox* control) {
+std::unique_ptr<Control::Peer> MakeImageBox(const ControlRow& row, QWidget* parent,
+                                            ImageBox* control) {
   auto peer = std::make_unique<Control::Peer>();
   auto* image = new ImageWidget(parent);
   peer->widget = image;
+  // The mouse leaves the focus where it is.
+  if (row.tabStop) image->setFocusPolicy(Qt::TabFocus);
   if (control != nullptr) image->onClick = peer->Gate(control->onClick);
   return peer;
 }
 
 void ImageBox::LoadPicture(TextView path) {
   ImageWidget& image = ImageOf(*this);
-  QImageReader reader(QFile::decodeName(QByteArray::fromStdString(HostPath(path))));
-  reader.setDecideFormatFromContent(true);
-  // A JPEG decoder that knows the size wanted leaves out most of the work.
-  if (reader.size().isValid()) reader.setScaledSize(image.size() * image.devicePixelRatioF());
-  QImage picture = reader.read();
-  if (picture.isNull()) {
-    throw Failure(u"Can't load the picture " + Text(path) + u": " + ToText(reader.errorString()));
+  const QString file = QFile::decodeName(QByteArray::fromStdString(HostPath(path)));
+  DecodedPicture decoded = DecodePicture(file, image.size() * image.devicePixelRatioF());
+  if (decoded.picture.isNull()) {
+    throw Failure(u"Can't load the picture " + Text(path) + u": " + ToText(decoded.whyNot));
   }
-  image.SetPicture(std::move(picture));
+  image.SetPicture(std::move(decoded.picture));
 }
 
 void ImageBox::ClearPicture() { ImageOf(*this).SetPicture({}); }

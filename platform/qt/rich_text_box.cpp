@@ -52,6 +52,14 @@ int ButtonOf(const QMouseEvent& event) {
   return event.button() == Qt::MiddleButton ? 4 : 1;
 }
 
+// The name under which rich text is offered; empty if there is none.
+QString RichTextTypeOf(const QMimeData& source) {
+  for (const char* type : {kRichTextType, kOtherRichTextType}) {
+    if (source.hasFormat(type)) return type;
+  }
+  return {};
+}
+
 // The document copies the text; another copy of a large one on the way there can be had without.
 void InsertPlain(QTextCursor& cursor, TextView text) {
   cursor.insertText(QString::fromRawData(reinterpret_cast<const QChar*>(text.data()),
@@ -124,15 +132,15 @@ class RichTextEdit : public QTextEdit {
   }
 
   bool canInsertFromMimeData(const QMimeData* source) const override {
-    return source->hasFormat(kRichTextType) || QTextEdit::canInsertFromMimeData(source);
+    return !RichTextTypeOf(*source).isEmpty() || QTextEdit::canInsertFromMimeData(source);
   }
 
   // Rich text from elsewhere comes in through the tool's own model, so that the box never holds
   // what can't be filed: tables, lists and frames are paragraphs here.
   void insertFromMimeData(const QMimeData* source) override {
     QTextCursor cursor = textCursor();
-    if (source->hasFormat(kRichTextType)) {
-      const std::string bytes = source->data(kRichTextType).toStdString();
+    if (const QString type = RichTextTypeOf(*source); !type.isEmpty()) {
+      const std::string bytes = source->data(type).toStdString();
       bool inserted = false;
       Ignoring([&] {
         InsertDocument(cursor, rtf::Read(bytes));

@@ -16,6 +16,8 @@ class GalleryDesk : public FormatDesk {
   void AddPicture(const std::string& name, const std::string& place = "Pictures", int width = 40,
                   int height = 30) const;
   void AddPictures(int count) const;  // p1.jpg, p2.jpg ...; at most 9
+  // A grey one of 20,000 by 20,000, in 5 MB.
+  void AddHugePicture(const std::string& name, const std::string& place = "Pictures") const;
 
   // Opens a folder of the program folder in the window's browser, through the folder chooser.
   void OpenFolder(const QString& window, const QString& place = "Pictures");

@@ -187,6 +187,32 @@ TEST(PutImageTags, ManyMarksAreOnePass) {
   EXPECT_THROW(PutImageTags(openOnly, none, [](const Text&, TextView) {}), Failure);
 }
 
+TEST(EndOfParagraphBefore, ACaretInTheFirstParagraphHasNone) {
+  for (const platform::Position caret : {0, 1, 5}) {
+    EXPECT_EQ(EndOfParagraphBefore(u"alpha\r\nbeta", caret), std::nullopt) << caret;
+  }
+  EXPECT_EQ(EndOfParagraphBefore(u"", 0), std::nullopt);
+  EXPECT_EQ(EndOfParagraphBefore(u"one line", 8), std::nullopt);
+}
+
+TEST(EndOfParagraphBefore, CountsAParagraphsEndAsOne) {
+  const Text text = u"alpha\r\nbeta\r\n\r\ngamma";
+  for (const platform::Position caret : {6, 8, 10}) EXPECT_EQ(EndOfParagraphBefore(text, caret), 5);
+  EXPECT_EQ(EndOfParagraphBefore(text, 11), 10);
+  for (const platform::Position caret : {12, 14, 17}) {
+    EXPECT_EQ(EndOfParagraphBefore(text, caret), 11);
+  }
+}
+
+TEST(EndOfParagraphBefore, AFirstParagraphMayBeEmpty) {
+  EXPECT_EQ(EndOfParagraphBefore(u"\r\nx", 0), std::nullopt);
+  EXPECT_EQ(EndOfParagraphBefore(u"\r\nx", 1), 0);
+}
+
+TEST(EndOfParagraphBefore, ALoneReturnOrLineFeedEndsNoParagraph) {
+  EXPECT_EQ(EndOfParagraphBefore(u"a\rb\nc", 5), std::nullopt);
+}
+
 class CopyIfMissingTest : public testing::Test {
  protected:
   void Copy(TextView source, TextView target) {

@@ -9,6 +9,7 @@ namespace {
 
 using workbench::CollectionLabel;
 using workbench::KeyMeaning;
+using workbench::LineWithMarks;
 using workbench::LineWithText;
 using workbench::MainTitleCaption;
 using workbench::Mark;
@@ -97,6 +98,15 @@ TEST(MarkingLine, TitleArrowText) {
 
 TEST(MarkingLine, SecondTextGoesBehindTheFirst) {
   EXPECT_EQ(LineWithText(u"A   =>   B", u"C"), u"A   =>   B   =>   C");
+}
+
+TEST(MarkingLine, MarksStandInFrontTheLastOneFirst) {
+  EXPECT_EQ(LineWithMarks(u"A", {}), u"A");
+  EXPECT_EQ(LineWithMarks(u"A", {.attachment = true}), u"§ A");
+  EXPECT_EQ(LineWithMarks(u"A", {.sound = true, .film = true}), u"# ~ A");
+  EXPECT_EQ(LineWithMarks(u"A   =>   B",
+                          {.attachment = true, .sound = true, .film = true, .background = true}),
+            u"^ # ~ § A   =>   B");
 }
 
 TEST(MarkingCaption, ShowsTheOpenTitlesAndEndsWithTheMark) {

@@ -13,7 +13,6 @@ namespace {
 using platform::Text;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 using testing_support::FormatDesk;
 using testing_support::GalleryDesk;
@@ -82,7 +81,7 @@ TEST_F(ParagraphImages, ATextOfOneLineGetsABlankAndALineEnd) {
   for (const int caret : {0, 2, 4}) {
     SCOPED_TRACE(caret);
     desk.form3.ResetA();
-    desk.OpenBook("One.txt");
+    FormatDesk::OpenBook("One.txt");
     FormatDesk::FileHeading("One", "Line");
     EXPECT_EQ(After(0, caret, [this] { Insert("a.jpg"); }), " {0}\r\nLine \r\n");
   }
@@ -91,6 +90,39 @@ TEST_F(ParagraphImages, ATextOfOneLineGetsABlankAndALineEnd) {
 TEST_F(ParagraphImages, AnEmptyTextTakesAPictureToo) {
   desk.form3.table.entryText.Set(0, u"");
   EXPECT_EQ(After(0, 0, [this] { Insert("a.jpg"); }), " {0}\r\n \r\n");
+}
+
+TEST_F(ParagraphImages, AFirstParagraphWithoutLettersIsOneToo) {
+  desk.form3.table.entryText.Set(0, u"{\\rtf1\\rtlpar\\qr\\par beta}");
+  EXPECT_EQ(After(0, 1, [this] { Insert("a.jpg"); }), "\r\n {0}\r\nbeta");
+  EXPECT_EQ(After(0, 0, [this] { Insert("a.jpg"); }), " {1}\r\n\r\n {0}\r\nbeta");
+}
+
+TEST_F(ParagraphImages, ASelectionIsLeftAndThePictureStandsInFrontOfWhereItBegins) {
+  const auto selecting = [this](int start, int length) {
+    return After(1, 0, [this, start, length] {
+      Robot::Select("Form6", "matn", start, length);
+      Insert("a.jpg");
+    });
+  };
+  EXPECT_EQ(selecting(7, 3), "alpha\r\n {0}\r\nbeta\r\ngamma");
+  EXPECT_EQ(selecting(2, 16), " {1}\r\nalpha\r\n {0}\r\nbeta\r\ngamma");
+}
+
+TEST_F(ParagraphImages, APictureGoesInFrontOfAPicturesParagraphToo) {
+  After(1, 6, [this] { Insert("a.jpg"); });
+  EXPECT_EQ(After(1, 9, [this] { Insert("b.jpg"); }), "alpha\r\n {1}\r\n {0}\r\nbeta\r\ngamma");
+  // The caret beside the last letter: pictures count as one character each.
+  EXPECT_EQ(After(1, 24, [this] { Insert("a.jpg"); }),
+            "alpha\r\n {1}\r\n {0}\r\nbeta\r\n {2}\r\ngamma");
+}
+
+TEST_F(ParagraphImages, ALineBreakInAParagraphIsALineEndLikeAnother) {
+  const std::string text = After(1, 8, [this] {
+    Robot::PressKey("Form6", "matn", Qt::Key_Return, Qt::ShiftModifier);
+    Insert("a.jpg");
+  });
+  EXPECT_EQ(text, "alpha\r\nbe\r\n {0}\r\nta\r\ngamma");
 }
 
 TEST_F(ParagraphImages, TheFormatOfATextOfOneLineStays) {
@@ -122,6 +154,18 @@ TEST_F(ParagraphImages, TheChooserClosedWithoutAChoicePutsTheFormerPictureInOnce
   EXPECT_EQ(desk.form3.table.inlineImage(1), desk.Picture(u"b.jpg"));
 }
 
+TEST_F(ParagraphImages, TheChooserConfirmedWithoutAFilePutsNothingIn) {
+  After(1, 7, [this] { Insert("b.jpg"); });
+  const auto confirm = [this] {
+    desk.robot.WhenShown("Form5", [] { Robot::Click("Form5", "btn(0)"); });
+    Robot::RightClick("Form6", "matn");
+    Robot::ChooseFromMenu("popM", "picM");
+  };
+  EXPECT_EQ(After(1, 0, confirm), "alpha\r\n {0}\r\nbeta\r\ngamma");
+  EXPECT_EQ(desk.form3.imageCount, 1);
+  EXPECT_EQ(desk.AllLoggedFailures(), 0);
+}
+
 TEST_F(ParagraphImages, APictureThatIsGoneWhenItIsPlacedIsLeftOut) {
   After(1, 7, [this] { Insert("b.jpg"); });
   std::filesystem::remove(desk.HostPath("Pictures/b.jpg"));
@@ -144,6 +188,26 @@ TEST_F(ParagraphImages, TheBuildMakesATagInPlaceOfTheParagraphAndCopiesThePictur
   EXPECT_THAT(desk.Page("Three"),
               HasSubstr("<pgMain>alpha</pgMain>\r\n<IMG src=\"Data/IMG/a.jpg\">\r\n<pgMain>beta"));
   EXPECT_EQ(desk.Read("Data/IMG/a.jpg"), desk.Read("Pictures/a.jpg"));
+}
+
+TEST_F(ParagraphImages, TwoEntriesWithOnePictureNameOneFile) {
+  After(0, 0, [this] { Insert("a.jpg"); });
+  After(1, 7, [this] { Insert("a.jpg"); });
+  Build();
+  for (const char* title : {"One", "Three"}) {
+    EXPECT_THAT(desk.Page(title), HasSubstr("<IMG src=\"Data/IMG/a.jpg\">")) << title;
+  }
+  EXPECT_THAT(desk.BookNames("IMG", "a.jpg"), SizeIs(1));
+  EXPECT_EQ(desk.AllLoggedFailures(), 0);
+}
+
+TEST_F(ParagraphImages, AMarksParagraphIsABlankAndTheNumberAloneAfterOpeningAgain) {
+  After(1, 7, [this] { Insert("a.jpg"); });
+  EXPECT_EQ(After(1, 0, [] {}), "alpha\r\n {0}\r\nbeta\r\ngamma");
+  desk.InEntry(1, [] {
+    EXPECT_EQ(Matn().document()->findBlockByNumber(1).text(),
+              QString(QChar::ObjectReplacementCharacter) + "{0}");
+  });
 }
 
 TEST_F(ParagraphImages, AMarkTypedByHandIsTakenForOne) {

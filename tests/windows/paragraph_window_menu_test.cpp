@@ -16,7 +16,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing_support::FormatDesk;
 using testing_support::GalleryDesk;
 using testing_support::Robot;
@@ -145,6 +144,18 @@ TEST_F(ParagraphMenu, CuttingBoldTextGivesPlainTextBackWhenItIsPasted) {
     EXPECT_EQ(Text(), "bold  text");
     Robot::Select("Form6", "matn", "bold");
     EXPECT_LT(box.fontWeight(), QFont::Bold);
+  });
+}
+
+TEST_F(ParagraphMenu, LinesThatAreCopiedAreLinesWhenTheyArePasted) {
+  InEntry([] {
+    QApplication::clipboard()->setText("one\ntwo");
+    OpenMenu("bold");
+    Robot::ChooseFromMenu("popM", "pasteM");
+    EXPECT_EQ(Text(), "some one\ntwo text");
+    OpenMenu("one\ntwo");
+    Robot::ChooseFromMenu("popM", "copyM");
+    EXPECT_EQ(QApplication::clipboard()->text(), "one\ntwo");
   });
 }
 

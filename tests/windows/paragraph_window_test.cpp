@@ -17,11 +17,8 @@
 namespace {
 
 using platform::Text;
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-using testing::StartsWith;
 using testing_support::FormatDesk;
 using testing_support::GalleryDesk;
 using testing_support::Robot;
@@ -84,8 +81,8 @@ TEST_F(ParagraphWindow, OpensModallyOnTheRowThatWasClicked) {
 
 TEST_F(ParagraphWindow, AClickBelowTheLastLineOpensNothing) {
   desk.form3.bindex.SetListIndex(-1);
-  const QWidget& list = *Robot::FindAs<QAbstractScrollArea>("Form3", "bindex").viewport();
-  QTest::mouseClick(const_cast<QWidget*>(&list), Qt::LeftButton, Qt::NoModifier,
+  QWidget& list = *Robot::FindAs<QAbstractScrollArea>("Form3", "bindex").viewport();
+  QTest::mouseClick(&list, Qt::LeftButton, Qt::NoModifier,
                     list.rect().bottomRight() - QPoint(2, 2));
   Robot::Settle();
   EXPECT_EQ(desk.form3.editIndex, -1);
@@ -119,6 +116,19 @@ TEST_F(ParagraphWindow, TitlesOfIdentityAndMainTitleAreLocked) {
   }
   EXPECT_EQ(Table().entryTitle(0), u"شناسنامه");
   EXPECT_EQ(Table().entryTitle(2), u">>> تيتر اصلي");
+}
+
+TEST_F(ParagraphWindow, TextAndAttachmentsOfALockedRowCanBeChanged) {
+  const QString sound = Q(AddFile("a.mp3"));
+  for (const int row : {0, 2}) {
+    Edit(row, [=] {
+      TypeOver(row == 0 ? "identity" : "Main", "other");
+      Robot::Type("Form6", "soutB", sound);
+    });
+    EXPECT_EQ(Table().entrySound(row), desk.Path(u"media\\a.mp3")) << row;
+  }
+  EXPECT_EQ(Line(0), "~ شناسنامه   =>   other");
+  EXPECT_EQ(Line(2), "~ >>> تيتر اصلي   =>   other");
 }
 
 TEST_F(ParagraphWindow, TitleAndTextGoBackIntoTheRowAndItsLine) {

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -119,6 +120,9 @@ TEST(PlatformClipboard, TextGoesInAndComesBack) {
   platform::SetClipboardText(u"سلام\r\nدو");
   EXPECT_TRUE(platform::ClipboardHasText());
   EXPECT_EQ(platform::ClipboardText(), u"سلام\r\nدو");
+  EXPECT_EQ(QApplication::clipboard()->text(), "سلام\nدو");
+  QApplication::clipboard()->setText("a\nb\r\n\n");
+  EXPECT_EQ(platform::ClipboardText(), u"a\r\nb\r\n\r\n");
   platform::SetClipboardText(u"");
   EXPECT_EQ(platform::ClipboardText(), u"");
 }

@@ -1,21 +1,18 @@
-// The six windows as they come on the screen: every caption fits, every control can be reached and
-// has a name for those who can't see it.
+// The six windows as they come on the screen: every control can be reached, in the order in which
+// it is read, and has a name for those who can't see it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QFontMetrics>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
 #include <QTest>
-#include <QTextLayout>
+#include <algorithm>
+#include <iterator>
 #include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
-#include "platform/caption.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
 
@@ -39,54 +36,6 @@ QString NameOf(const ControlRow& row) {
   return row.index == kNoIndex ? name : QStringLiteral("%1(%2)").arg(name).arg(row.index);
 }
 
-QString Shown(platform::TextView text) {
-  return QString::fromStdU16String(platform::ShownCaption(text));
-}
-
-// How wide the caption may be, and how high.
-QSize RoomOf(const QWidget& widget, const ControlRow& row) {
-  if (row.kind == ControlKind::kLabel) return widget.contentsRect().size();
-  if (row.kind == ControlKind::kButton) {
-    const QStyle::SubElement contents = QStyle::SE_PushButtonContents;
-    QStyleOptionButton option;
-    option.initFrom(&widget);
-    const QSize inside = widget.style()->subElementRect(contents, &option, &widget).size();
-    return {inside.width(), widget.height()};
-  }
-  const QStyle::SubElement contents = row.kind == ControlKind::kOption
-                                          ? QStyle::SE_RadioButtonContents
-                                          : QStyle::SE_CheckBoxContents;
-  QStyleOptionButton option;
-  option.initFrom(&widget);
-  option.rect.adjust(0, 0, -row.markInset / 15, 0);
-  return widget.style()->subElementRect(contents, &option, &widget).size();
-}
-
-bool HasCaption(const ControlRow& row) {
-  return !row.text.empty() &&
-         (row.kind == ControlKind::kLabel || row.kind == ControlKind::kButton ||
-          row.kind == ControlKind::kCheckBox || row.kind == ControlKind::kOption);
-}
-
-std::vector<std::string> CaptionsThatDoNotFit(const SmallWindow& window) {
-  std::vector<std::string> cut;
-  for (const ControlRow& row : window.Definition().rows) {
-    if (!HasCaption(row)) continue;
-    const auto& widget = *window.OnScreen().findChild<QWidget*>(NameOf(row));
-    const QSize needed = widget.fontMetrics().size(0, Shown(row.text));
-    const QSize room = RoomOf(widget, row);
-    if (needed.width() <= room.width() && needed.height() <= room.height()) continue;
-    cut.push_back(QStringLiteral("%1 needs %2x%3 and has %4x%5")
-                      .arg(NameOf(row))
-                      .arg(needed.width())
-                      .arg(needed.height())
-                      .arg(room.width())
-                      .arg(room.height())
-                      .toStdString());
-  }
-  return cut;
-}
-
 class PlatformCatalogue : public testing::TestWithParam<const WindowDefinition*> {
  protected:
   PlatformCatalogue() { window.ShowActive(); }
@@ -98,10 +47,6 @@ std::string WindowName(const testing::TestParamInfo<const WindowDefinition*>& in
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PlatformCatalogue, testing::ValuesIn(AllWindows()), WindowName);
-
-TEST_P(PlatformCatalogue, EveryCaptionFitsItsControlAtItsDesignSize) {
-  EXPECT_THAT(CaptionsThatDoNotFit(window), IsEmpty());
-}
 
 TEST_P(PlatformCatalogue, EveryControlBearsItsName) {
   for (const ControlRow& row : window.Definition().rows) {
@@ -196,40 +141,73 @@ TEST(PlatformCatalogueNames, FieldsBearTheirLabels) {
   }
 }
 
-// The number of words a line is typed into a gap of the caption around it.
-TEST(PlatformCatalogueGap, TheGapInTheCaptionHoldsTheNumberOfWords) {
-  SmallWindow window(support::Form3Definition());
-  window.Show();
-  const auto& box = Robot::FindAs<QCheckBox>("Form3", "P22");
-  const auto& field = Robot::Find("Form3", "chnd");
-  const QString caption = box.text();
-  const auto gap = caption.indexOf(QStringLiteral("   "));
-  ASSERT_GT(gap, 0);
-  auto end = gap;
-  while (caption[end] == u' ') ++end;
-  QTextLayout layout(caption, box.font());
-  QTextOption rightToLeft;
-  rightToLeft.setTextDirection(Qt::RightToLeft);
-  layout.setTextOption(rightToLeft);
-  layout.beginLayout();
-  QTextLine line = layout.createLine();
-  line.setLineWidth(100000);
-  layout.endLayout();
-  const double start = line.cursorToX(0);
-  const ControlRow* row = nullptr;
-  for (const ControlRow& each : window.Definition().rows) {
-    if (each.name == u"P22") row = &each;
+// Whether a reader of Persian comes to `second` before `first`: it stands to the right in the same
+// line, or above in the same column.
+bool StandsBefore(const QRect& second, const QRect& first) {
+  const bool sameLine = second.top() < first.bottom() && first.top() < second.bottom();
+  const bool sameColumn = second.left() < first.right() && first.left() < second.right();
+  const bool right = second.left() + 2 > first.right();
+  const bool above = second.bottom() - 2 < first.top();
+  return (sameLine && right) || (sameColumn && above) || (right && above);
+}
+
+// The controls that Tab comes to, from the first one on.
+std::vector<const QWidget*> TabRound(const QWidget& window) {
+  QWidget* start = window.nextInFocusChain();
+  while (!start->isVisible() || !(start->focusPolicy() & Qt::TabFocus)) {
+    start = start->nextInFocusChain();
   }
-  QStyleOptionButton option;
-  option.initFrom(&box);
-  option.rect.adjust(0, 0, -row->markInset / 15, 0);
-  const QRect contents = box.style()->subElementRect(QStyle::SE_CheckBoxContents, &option, &box);
-  const double right = box.mapTo(&window.OnScreen(), contents.topRight()).x() + 1;
-  const double gapRight = right - (start - line.cursorToX(static_cast<int>(gap)));
-  const double gapLeft = right - (start - line.cursorToX(static_cast<int>(end)));
-  const QPoint corner = field.mapTo(&window.OnScreen(), QPoint());
-  EXPECT_LE(gapLeft, corner.x());
-  EXPECT_GE(gapRight, corner.x() + field.width());
+  start->setFocus();
+  std::vector<const QWidget*> round;
+  for (const QWidget* at = QApplication::focusWidget(); std::ranges::find(round, at) == round.end();
+       at = QApplication::focusWidget()) {
+    if (at->window() != &window) throw std::runtime_error("the focus has left the window");
+    round.push_back(at);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  return round;
+}
+
+std::vector<std::string> BackwardSteps(const SmallWindow& window) {
+  const std::vector<const QWidget*> round = TabRound(window.OnScreen());
+  const auto placeOf = [&](const QWidget* widget) {
+    return QRect(widget->mapTo(&window.OnScreen(), QPoint()), widget->size());
+  };
+  std::vector<std::string> steps;
+  for (auto first = round.begin(); first != round.end(); ++first) {
+    for (auto second = std::next(first); second != round.end(); ++second) {
+      if (!StandsBefore(placeOf(*second), placeOf(*first))) continue;
+      steps.push_back((*first)->objectName().toStdString() + " before " +
+                      (*second)->objectName().toStdString());
+    }
+  }
+  return steps;
+}
+
+// Top to bottom and right to left; which of two columns comes first where one begins lower is free.
+TEST_P(PlatformCatalogue, TabRunsAsAPersianReadersEye) {
+  EXPECT_THAT(BackwardSteps(window), IsEmpty());
+}
+
+// With the picture browser open and nothing else to go to.
+class PlatformCatalogueBrowser : public PlatformCatalogue {};
+
+INSTANTIATE_TEST_SUITE_P(Both, PlatformCatalogueBrowser,
+                         testing::Values(&support::Form3Definition(), &support::Form6Definition()),
+                         WindowName);
+
+TEST_P(PlatformCatalogueBrowser, TabRunsAsAPersianReadersEye) {
+  auto& browser = Robot::Find(QString::fromStdString(WindowName({GetParam(), 0})), "Frame4");
+  for (auto* each : window.OnScreen().findChildren<QWidget*>()) {
+    if (!browser.isAncestorOf(each)) each->setFocusPolicy(Qt::NoFocus);
+  }
+  browser.show();
+  const std::size_t folderAndBar = 2;
+  const std::size_t titleAndTick = 2;
+  const std::size_t build = GetParam()->name == u"Form3" ? 1 : 0;
+  EXPECT_EQ(TabRound(window.OnScreen()).size(),
+            folderAndBar + titleAndTick * support::kPictureCells + build);
+  EXPECT_THAT(BackwardSteps(window), IsEmpty());
 }
 
 }  // namespace

@@ -5,16 +5,13 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
-#include <cstdlib>
 #include <filesystem>
-#include <functional>
 #include <iostream>
 
 #include "platform/failure.h"
-#include "tests/support/application.h"
+#include "tests/support/program_process.h"
 #include "tests/support/project_desk.h"
 
 namespace {
@@ -24,50 +21,10 @@ using testing::ExitedWithCode;
 using testing::HasSubstr;
 using testing::Not;
 using testing::ResultOf;
+using testing_support::BoxesIn;
 using testing_support::ProjectDesk;
 using testing_support::Robot;
-
-ProjectDesk* deskOfThisProcess = nullptr;
-
-// Runs at the process's end, however that came about.
-void ReportAndTidyUp() {
-  std::cerr << deskOfThisProcess->Log() << "END OF LOG\n";
-  std::filesystem::remove_all(deskOfThisProcess->folder.HostPath());
-}
-
-void ReportBox(QWidget& box) {
-  const auto& shown = dynamic_cast<const QMessageBox&>(box);
-  std::cerr << "BOX " << shown.windowTitle().toStdString() << ": " << shown.text().toStdString()
-            << ".\n";
-}
-
-// Runs the program as its main does; `act` is an event of its loop.
-[[noreturn]] void RunProgram(const std::function<void(ProjectDesk&)>& act) {
-  // Left on the heap: a process that ends in the middle of an event takes nothing apart.
-  auto* desk = new ProjectDesk;
-  deskOfThisProcess = desk;
-  std::at_quick_exit(ReportAndTidyUp);
-  desk->robot.onBox = ReportBox;
-  const int status = testing_support::TheApplication().Run([&] {
-    desk->Start();
-    QTimer::singleShot(0, [&] { act(*desk); });
-  });
-  std::cerr << "The loop has ended.\n";
-  for (const char* window : {"Form1", "Form3"}) {
-    const QWidget* found = Robot::FindWindow(window);
-    if (found != nullptr && found->isVisible()) std::cerr << window << " is still there.\n";
-  }
-  std::quick_exit(status);
-}
-
-int BoxesIn(const std::string& report) {
-  int boxes = 0;
-  for (std::size_t at = report.find("BOX "); at != std::string::npos;
-       at = report.find("BOX ", at + 1)) {
-    ++boxes;
-  }
-  return boxes;
-}
+using testing_support::RunProgram;
 
 class FailingExport : public core::ExportPort {
  public:
@@ -80,14 +37,15 @@ class ProjectWindowEnd : public testing::Test {
 };
 
 TEST_F(ProjectWindowEnd, ClosingTheProjectWindowLogsItAndEndsTheProcess) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk&) { Robot::CloseWindow("Form1"); }), ExitedWithCode(0),
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk&) { Robot::CloseWindow("Form1"); }),
+              ExitedWithCode(0),
               AllOf(HasSubstr("Combo made by 2, 2, 2.\r\n"
                               "01/02/2003 04:05:06: Zorvand ended.\r\nEND OF LOG"),
                     HasSubstr("The loop has ended."), Not(HasSubstr("is still there"))));
 }
 
 TEST_F(ProjectWindowEnd, ClosingItWhileTheWorkbenchIsOpenEndsTheWorkbenchWithIt) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk& desk) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.PressNext();
                 if (!desk.form3.IsVisible()) std::quick_exit(3);
                 Robot::CloseWindow("Form1");
@@ -98,7 +56,7 @@ TEST_F(ProjectWindowEnd, ClosingItWhileTheWorkbenchIsOpenEndsTheWorkbenchWithIt)
 }
 
 TEST_F(ProjectWindowEnd, ClosingTheWorkbenchAloneLeavesTheProcessRunning) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk& desk) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.PressNext();
                 Robot::CloseWindow("Form3");
                 QTimer::singleShot(0, [] {
@@ -112,7 +70,7 @@ TEST_F(ProjectWindowEnd, ClosingTheWorkbenchAloneLeavesTheProcessRunning) {
 }
 
 TEST_F(ProjectWindowEnd, NothingIsLoggedBehindTheEnd) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk& desk) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.PressNext();
                 Robot::CloseWindow("Form1");
                 desk.form1.LogMe(u"Too late");
@@ -123,7 +81,7 @@ TEST_F(ProjectWindowEnd, NothingIsLoggedBehindTheEnd) {
 
 TEST_F(ProjectWindowEnd, AFailureThatNothingCatchesIsShownOnceAndEndsTheProcessWithStatus1) {
   static FailingExport exporting;
-  EXPECT_EXIT(RunProgram([](ProjectDesk& desk) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.form1.Wire({.exporting = &exporting});
                 Robot::Click("Form1", "Command10");
               }),
@@ -133,7 +91,7 @@ TEST_F(ProjectWindowEnd, AFailureThatNothingCatchesIsShownOnceAndEndsTheProcessW
 }
 
 TEST_F(ProjectWindowEnd, AFolderThatVanishesWhileTheFileListFollowsEndsTheProcess) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk& desk) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.MakeFolders("Gone");
                 core::Form5 chooser([] {});
                 chooser.PointAt(desk.Path(), u"*.*");
@@ -150,7 +108,7 @@ TEST_F(ProjectWindowEnd, AFolderThatVanishesWhileTheFileListFollowsEndsTheProces
 }
 
 TEST_F(ProjectWindowEnd, ADriveThatIsNotReadyIsReportedAndTheProcessEnds) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk&) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk&) {
                 core::Form2 chooser([] {});
                 chooser.PointAt(u"C:\\");
                 chooser.Drive1.onChange = [] { throw platform::Failure(u"Device unavailable"); };
@@ -164,7 +122,7 @@ TEST_F(ProjectWindowEnd, ADriveThatIsNotReadyIsReportedAndTheProcessEnds) {
 }
 
 TEST_F(ProjectWindowEnd, AFailureUnderAnOpenChooserEndsTheProcessToo) {
-  EXPECT_EXIT(RunProgram([](ProjectDesk&) {
+  EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk&) {
                 core::Form2 chooser([] { throw platform::Failure(u"Device unavailable"); });
                 chooser.PointAt(u"C:\\");
                 QTimer::singleShot(0, [] { Robot::Click("Form2", "btn(0)"); });
