@@ -4,8 +4,11 @@
 
 #include <QRect>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 #include <map>
 #include <string>
+#include <utility>
 
 #include "tests/support/format_desk.h"
 
@@ -20,29 +23,50 @@ constexpr int kDesignHeight = 624;
 
 using Places = std::map<std::string, QRect>;
 
-// What is added to a control's place where the window grows by a width and a height, both in
-// pixels, the height a multiple of five.
-QRect Grown(const std::string& name, const QRect& design, int width, int height) {
-  const std::string base = name.substr(0, name.find('('));
-  const auto isOneOf = [](const std::string& wanted, std::initializer_list<const char*> names) {
-    return std::ranges::find(names, wanted) != names.end();
+std::string NameOf(const platform::ControlRow& row) {
+  const std::string name = platform::ToUtf8(row.name);
+  return row.index == platform::kNoIndex ? name : name + "(" + std::to_string(row.index) + ")";
+}
+
+int Pixels(Twips twips) { return static_cast<int>(std::lround(twips / 15.0)); }
+
+// A control's place where the window has grown by a width and a height, both in pixels. What grows
+// is measured in twips, and both edges are then rounded.
+QRect Grown(const platform::ControlRow& row, int width, int height) {
+  const std::string name = NameOf(row);
+  const std::string base = platform::ToUtf8(row.name);
+  const auto isOneOf = [&](std::initializer_list<const char*> names) {
+    return std::ranges::find(names, base) != names.end();
   };
+  const Twips wider = 15 * width;
+  const Twips higher = 15 * height;
+  const Twips fifth = higher / 5;
+  Twips left = row.left;
+  Twips top = row.top;
+  Twips right = row.left + row.width;
+  Twips bottom = row.top + row.height;
   const bool isMarking =
       base == "Com" && name != "Com(4)" && name != "Com(11)" && name != "Com(13)";
-  QRect grown = design;
-  if (isMarking || isOneOf(base, {"books", "Label3", "Label1", "P22", "chnd", "Noghte", "HazP",
-                                  "HazC", "IMG", "IMC", "Label14", "VSC"})) {
-    grown.translate(width, 0);
+  if (isMarking || isOneOf({"books", "Label3", "Label1", "P22", "chnd", "Noghte", "HazP", "HazC",
+                            "IMG", "IMC", "Label14", "VSC"})) {
+    left += wider;
+    right += wider;
   }
-  if (isOneOf(base, {"matn", "bindex", "Frame1", "Frame2", "Frame3", "Frame4", "Frame5", "IMF",
-                     "IMN", "IMJ"})) {
-    grown.setWidth(grown.width() + width);
+  if (isOneOf({"matn", "bindex", "Frame1", "Frame2", "Frame3", "Frame4", "Frame5", "IMF", "IMN",
+               "IMJ"})) {
+    right += wider;
   }
-  if (isOneOf(base, {"Frame3", "Frame5"}) || name == "Com(13)") grown.translate(0, height);
-  if (isOneOf(base, {"matn", "Frame4", "VSC"})) grown.setHeight(grown.height() + height);
-  if (isOneOf(base, {"IMF", "IMG"})) grown.setHeight(grown.height() + height / 5);
-  if (base == "IMF") grown.translate(0, (name[4] - '0') * height / 5);
-  return grown;
+  if (isOneOf({"Frame3", "Frame5"}) || name == "Com(13)") {
+    top += higher;
+    bottom += higher;
+  }
+  if (isOneOf({"matn", "Frame4", "VSC"})) bottom += higher;
+  if (base == "IMF") {
+    top += row.index * fifth;
+    bottom += (row.index + 1) * fifth;
+  }
+  if (base == "IMG") bottom += fifth;
+  return {QPoint(Pixels(left), Pixels(top)), QPoint(Pixels(right) - 1, Pixels(bottom) - 1)};
 }
 
 class FormatWindowSize : public testing::Test {
@@ -58,16 +82,18 @@ class FormatWindowSize : public testing::Test {
     Places places;
     for (const platform::ControlRow& row : desk.form3.Definition().rows) {
       if (!platform::IsPlaced(row.kind)) continue;
-      std::string name = platform::ToUtf8(row.name);
-      if (row.index != platform::kNoIndex) name += "(" + std::to_string(row.index) + ")";
+      const std::string name = NameOf(row);
       places[name] = Robot::Find("Form3", QString::fromStdString(name)).geometry();
     }
     return places;
   }
-  void ExpectGrown(const Places& design, int width, int height) const {
-    for (const auto& [name, place] : ControlPlaces()) {
-      const QRect wanted = Grown(name, design.at(name), width, height);
-      EXPECT_EQ(place, wanted) << name << " at " << place.x() << "," << place.y() << " "
+  void ExpectGrown(int width, int height) const {
+    const Places places = ControlPlaces();
+    for (const platform::ControlRow& row : desk.form3.Definition().rows) {
+      if (!platform::IsPlaced(row.kind)) continue;
+      const QRect place = places.at(NameOf(row));
+      const QRect wanted = Grown(row, width, height);
+      EXPECT_EQ(place, wanted) << NameOf(row) << " at " << place.x() << "," << place.y() << " "
                                << place.width() << "x" << place.height() << ", wanted "
                                << wanted.x() << "," << wanted.y() << " " << wanted.width() << "x"
                                << wanted.height();
@@ -85,19 +111,17 @@ TEST_F(FormatWindowSize, OpensInItsDesignSize) {
 }
 
 TEST_F(FormatWindowSize, DraggedNarrowerItSnapsBackToItsWidth) {
-  const Places design = ControlPlaces();
   Resize(500, kDesignHeight + 100);
   EXPECT_EQ(Window().width(), kDesignWidth);
   EXPECT_EQ(Window().height(), kDesignHeight + 100);
-  ExpectGrown(design, 0, 100);
+  ExpectGrown(0, 100);
 }
 
 TEST_F(FormatWindowSize, DraggedLowerItSnapsBackToItsHeight) {
-  const Places design = ControlPlaces();
   Resize(kDesignWidth + 60, 300);
   EXPECT_EQ(Window().width(), kDesignWidth + 60);
   EXPECT_EQ(Window().height(), kDesignHeight);
-  ExpectGrown(design, 60, 0);
+  ExpectGrown(60, 0);
 }
 
 TEST_F(FormatWindowSize, DraggedSmallerInBothItSnapsBackInBoth) {
@@ -108,9 +132,33 @@ TEST_F(FormatWindowSize, DraggedSmallerInBothItSnapsBackInBoth) {
 }
 
 TEST_F(FormatWindowSize, GrowingMovesAndWidensTheControlsOfTheTableAndNoOthers) {
-  const Places design = ControlPlaces();
   Resize(kDesignWidth + 150, kDesignHeight + 100);
-  ExpectGrown(design, 150, 100);
+  ExpectGrown(150, 100);
+}
+
+class FormatWindowSizes : public FormatWindowSize,
+                          public testing::WithParamInterface<std::pair<int, int>> {};
+
+// From the design to the inside of a large screen, fifths of the height that are no whole pixels
+// among them.
+INSTANTIATE_TEST_SUITE_P(Grown, FormatWindowSizes,
+                         testing::Values(std::pair(0, 0), std::pair(1, 0), std::pair(0, 1),
+                                         std::pair(3, 2), std::pair(60, 7), std::pair(150, 100),
+                                         std::pair(197, 144), std::pair(453, 276),
+                                         std::pair(1093, 456), std::pair(1733, 816)));
+
+TEST_P(FormatWindowSizes, EveryControlStandsByTheRules) {
+  const auto [width, height] = GetParam();
+  Resize(kDesignWidth + width, kDesignHeight + height);
+  EXPECT_EQ(Window().size(), QSize(kDesignWidth + width, kDesignHeight + height));
+  ExpectGrown(width, height);
+}
+
+// Whatever sizes came before.
+TEST_F(FormatWindowSize, TheSameSizeGivesTheSamePlaces) {
+  Resize(kDesignWidth + 1733, kDesignHeight + 816);
+  Resize(kDesignWidth + 5, kDesignHeight + 3);
+  ExpectGrown(5, 3);
 }
 
 TEST_F(FormatWindowSize, BackInItsDesignSizeEverythingStandsAsDesigned) {
