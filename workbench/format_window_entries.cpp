@@ -45,21 +45,22 @@ void Form3::ShowEdit() {
   });
 }
 
-// The rows of a main title; the one that closes it is shown when it moves up to a deleted row.
+// The rows of a main title.
 bool Form3::IsTextPlain() const {
   const Text& title = table.entryTitle(editIndex);
   return title == mainMark || title == mainEndMark;
 }
 
-// A heading that never got its text has none. All rich texts are written by our own boxes, which
-// put the direction on every paragraph: turning it here is turning it in the box, without another
-// round through a large text.
+// Main titles' texts are plain, and a heading that never got its text has none; what a text is, it
+// shows itself, for any title can be given to any row. All rich texts are written by our own boxes,
+// which put the direction on every paragraph: turning it here is turning it in the box, without
+// another round through a large text.
 void Form3::ShowEntryText(platform::RichTextBox& box) {
   const Text& text = table.entryText(editIndex);
-  if (text.empty() || IsTextPlain()) {
-    box.SetText(text);
-  } else {
+  if (text.starts_with(u"{\\rtf")) {
     box.SetTextRTF(platform::Replace(text, u"\\ltrpar", u"\\rtlpar"));
+  } else {
+    box.SetText(text);
   }
   AlignRight(box);
 }

@@ -256,6 +256,33 @@ TEST_F(ParagraphImages, WithoutTheMarksTextThereIsMessageTwentyFive) {
   EXPECT_EQ(desk.form3.imageCount, 0);
 }
 
+TEST_F(ParagraphImages, TheChooserListsPicturesAloneAndStartsBesideTheProgram) {
+  desk.Write("Pictures/c.png", "");
+  desk.Write("Pictures/d.mp3", "");
+  desk.Write("Pictures/e.GIF", "");
+  desk.InEntry(1, [this] {
+    desk.robot.WhenShown("Form5", [this] {
+      EXPECT_EQ(desk.form1.pendingTarget, u"IMG");
+      Robot::DoubleClickLine("Form5", "Dir1", "Pictures");
+      EXPECT_EQ(Robot::Lines("Form5", "File1"),
+                (std::vector<std::string>{"a.jpg", "b.jpg", "e.GIF"}));
+      Robot::CloseWindow("Form5");
+    });
+    Robot::RightClick("Form6", "matn");
+    Robot::ChooseFromMenu("popM", "picM");
+  });
+  EXPECT_EQ(desk.LoggedTimes("Inserting image inside the text..."), 1);
+}
+
+TEST_F(ParagraphImages, TheNextCollectionCountsFromZeroAndKnowsTheLastChoiceStill) {
+  After(1, 7, [this] { Insert("b.jpg"); });
+  desk.form3.ResetA();
+  desk.OpenBook("One.txt");
+  FormatDesk::FileHeading("One", "Line");
+  EXPECT_EQ(After(0, 0, [this] { Insert({}); }), " {0}\r\nLine \r\n");
+  EXPECT_EQ(desk.form3.table.inlineImage(0), desk.Picture(u"b.jpg"));
+}
+
 TEST_F(ParagraphImages, Failure56AMarkThatIsNoRichText) {
   desk.form3.imageMark = u"no rich text";
   desk.InEntry(1, [this] { Insert("a.jpg"); });

@@ -366,10 +366,35 @@ TEST_F(ParagraphWindow, EscapeLosesNothing) {
   });
 }
 
-TEST_F(ParagraphWindow, Failure51ATextThatIsNoRichText) {
+TEST_F(ParagraphWindow, ATextThatIsPlainIsShownAsItIs) {
   Table().entryText.Set(1, u"plain");
-  InEntry(1, [] { EXPECT_EQ(Shown("bname"), "Head"); });
-  EXPECT_EQ(desk.LoggedFailures(51), 1);
+  InEntry(1, [] { EXPECT_EQ(Matn().toPlainText(), "plain"); });
+  EXPECT_EQ(desk.AllLoggedFailures(), 0);
+}
+
+// By F2 and F3 a heading can get the title of a main title's row; its text is rich at first.
+TEST_F(ParagraphWindow, ARichTextUnderAMainTitlesWordIsShownAndBecomesPlain) {
+  Table().entryTitle.Set(1, u">>> تيتر اصلي");
+  Edit(1, [] { EXPECT_EQ(Matn().toPlainText(), "Text"); });
+  EXPECT_EQ(Table().entryText(1), u"Text");
+  EXPECT_EQ(Line(1), ">>> تيتر اصلي   =>   Text");
+}
+
+TEST_F(ParagraphWindow, DeletingAnOpenMainTitleLeavesTheCountOfOpenOnes) {
+  desk.OpenBook("One.txt");
+  FormatDesk::Mark(Qt::Key_F1, "Main");
+  EXPECT_EQ(desk.form3.mainOpen, 1);
+  InEntry(5, [] { Robot::Click("Form6", "btn(0)"); });
+  EXPECT_EQ(desk.form3.mainOpen, 1);
+  EXPECT_EQ(FormatDesk::Shown("Com(9)"), "تيتر اصلي (1)\u200F");
+}
+
+TEST_F(ParagraphWindow, EachStepIsTold) {
+  Edit(1, [] {});
+  InEntry(1, [] { Robot::Click("Form6", "btn(0)"); });
+  EXPECT_EQ(desk.LoggedTimes("Opening an Onvan..."), 2);
+  EXPECT_EQ(desk.LoggedTimes("Editing an Onvan..."), 1);
+  EXPECT_EQ(desk.LoggedTimes("Removing an Onvan..."), 1);
 }
 
 TEST_F(ParagraphWindow, Failure52TheLineIsGoneButTheRowIsStored) {
