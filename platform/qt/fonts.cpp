@@ -4,14 +4,18 @@
 #include <QFontMetrics>
 #include <QStringList>
 #include <algorithm>
+#include <array>
 
 namespace platform {
 namespace {
 
+// The families that the windows are drawn for.
+constexpr std::array kDesignFamilies = {"Tahoma", "DejaVu Sans Condensed"};
+
 // A family that the host lacks costs the search for a substitute at every size.
 const QString& Family() {
   static const QString kFamily = [] {
-    for (const char* family : {"Tahoma", "DejaVu Sans Condensed"}) {
+    for (const char* family : kDesignFamilies) {
       if (QFontDatabase::hasFamily(QLatin1String(family))) return QString(QLatin1String(family));
     }
     return QStringLiteral("DejaVu Sans");
@@ -23,12 +27,12 @@ const QString& Family() {
 constexpr int kWindowPixels = 11;
 constexpr int kRichTextPixels = 13;
 
-// What a line of the window's letters may take, and these words of it: as much as in the
-// font that is nearest to Tahoma.
+// What a line of the window's letters may take, and these words of it: as much as in the second of
+// those families.
 constexpr int kLineHeight = 14;
-constexpr int kSampleWidth = 209;
+constexpr int kSampleWidth = 208;
 
-QString Sample() { return QStringLiteral("انتخاب كنيد همراه با درج متن پس از علائم نگارشي"); }
+QString Sample() { return QStringLiteral("حذف تمامي پاراگراف\u200Cها و ايجاد پاراگراف بر اساس"); }
 
 QFont FontOf(const QString& family, int pixels) {
   QFont font;
@@ -42,9 +46,12 @@ QFont FontOf(const QString& family, int pixels) {
 QFont WindowFontOf(const QString& family) {
   int pixels = kWindowPixels;
   QFont font = FontOf(family, pixels);
+  if (std::ranges::find(kDesignFamilies, family) != kDesignFamilies.end()) return font;
   while (pixels > 1 && QFontMetrics(font).height() > kLineHeight) font.setPixelSize(--pixels);
-  const int width = std::max(QFontMetrics(font).horizontalAdvance(Sample()), 1);
-  if (width > kSampleWidth) font.setStretch(QFont::Unstretched * kSampleWidth / width);
+  // A narrowed font is laid out without hints, so its width is no plain part of the full one.
+  const auto isWide = [&] { return QFontMetrics(font).horizontalAdvance(Sample()) > kSampleWidth; };
+  int stretch = QFont::Unstretched;
+  while (stretch > QFont::ExtraCondensed && isWide()) font.setStretch(--stretch);
   return font;
 }
 

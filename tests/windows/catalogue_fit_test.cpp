@@ -220,8 +220,18 @@ TEST_P(CatalogueFit, NothingLiesOverAnything) {
   EXPECT_THAT(Overlaps(window), IsEmpty());
 }
 
-// The number of words a line is typed into a gap of the caption around it.
-TEST(CatalogueFitGap, TheGapInTheCaptionHoldsTheNumberOfWords) {
+// The number of words a line is typed into a gap of the caption around it. In a font that the tool
+// doesn't choose itself the gap may be narrower.
+class CatalogueFitGap : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(All, CatalogueFitGap, testing::Values(kOwnFont, "DejaVu Sans"),
+                         [](const auto& each) {
+                           return std::string(each.index == 0 ? "Own" : "DejaVuSans");
+                         });
+
+TEST_P(CatalogueFitGap, TheGapInTheCaptionHoldsTheNumberOfWords) {
+  if (!IsInstalled(GetParam())) GTEST_SKIP() << "This font is not installed: " << GetParam();
+  const OtherFont font(GetParam());
   SmallWindow window(support::Form3Definition());
   window.Show();
   const auto& box = *window.OnScreen().findChild<QCheckBox*>(QStringLiteral("P22"));
@@ -265,6 +275,20 @@ TEST(CatalogueFitScreen, IsAsDenseAsAsked) {
   EXPECT_EQ(qApp->devicePixelRatio(), asked.isEmpty() ? 1.0 : asked.toDouble());
 }
 
+TEST(CatalogueFitFont, OnlyAWideOneIsNarrowedAndOnlyATallOneMadeSmaller) {
+  const QFont own = platform::WindowFontOf(QStringLiteral("DejaVu Sans Condensed"));
+  EXPECT_EQ(own.stretch(), QFont::AnyStretch);
+  EXPECT_EQ(own.pixelSize(), 11);
+  if (!IsInstalled("DejaVu Sans")) GTEST_SKIP() << "This font is not installed: DejaVu Sans";
+  const QFont wide = platform::WindowFontOf(QStringLiteral("DejaVu Sans"));
+  EXPECT_LT(wide.stretch(), QFont::Unstretched);
+  EXPECT_EQ(wide.pixelSize(), 11);
+  if (!IsInstalled("Nazli")) GTEST_SKIP() << "This font is not installed: Nazli";
+  const QFont tall = platform::WindowFontOf(QStringLiteral("Nazli"));
+  EXPECT_EQ(tall.stretch(), QFont::AnyStretch);
+  EXPECT_LT(tall.pixelSize(), 11);
+}
+
 TEST_P(CatalogueFitScaled, EverythingFits) {
   QProcess child;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -272,7 +296,7 @@ TEST_P(CatalogueFitScaled, EverythingFits) {
   child.setProcessEnvironment(environment);
   child.setProcessChannelMode(QProcess::MergedChannels);
   child.start(QCoreApplication::applicationFilePath(),
-              {QStringLiteral("--gtest_filter=All/CatalogueFit.*:CatalogueFitGap.*:"
+              {QStringLiteral("--gtest_filter=All/CatalogueFit.*:All/CatalogueFitGap.*:"
                               "CatalogueFitScreen.*"),
                QStringLiteral("--gtest_output="), QStringLiteral("--gtest_color=no")});
   ASSERT_TRUE(child.waitForFinished(120000));

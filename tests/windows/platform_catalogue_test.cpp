@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <map>
 #include <stdexcept>
@@ -18,7 +19,6 @@
 
 namespace {
 
-using platform::ControlKind;
 using platform::ControlRow;
 using platform::kNoIndex;
 using platform::WindowDefinition;
@@ -182,6 +182,27 @@ std::vector<std::string> BackwardSteps(const SmallWindow& window) {
     }
   }
   return steps;
+}
+
+TEST(PlatformCatalogueReading, AFieldAboveOrToTheRightThatComesLaterIsABackwardStep) {
+  using platform::ControlRow;
+  const auto field = [](platform::TextView name, int left, int top) {
+    return ControlRow{.name = name,
+                      .kind = platform::ControlKind::kTextBox,
+                      .left = left,
+                      .top = top,
+                      .width = 900,
+                      .height = 300};
+  };
+  const std::array<ControlRow, 3> rows = {field(u"low", 1500, 900), field(u"high", 1500, 300),
+                                          field(u"right", 3000, 300)};
+  const WindowDefinition definition{
+      .name = u"Rows", .title = u"Rows", .width = 4500, .height = 1500, .rows = rows};
+  SmallWindow window(definition);
+  window.ShowActive();
+  EXPECT_THAT(
+      BackwardSteps(window),
+      testing::UnorderedElementsAre("low before high", "low before right", "high before right"));
 }
 
 // Top to bottom and right to left; which of two columns comes first where one begins lower is free.
