@@ -80,6 +80,7 @@ void CopyOver(const Descriptor& from, const struct stat& source, const std::stri
   BesideFile beside(hostPath, target, old);
   const int error = CopyContent(from, beside.File());
   if (error != 0) FailHost(u"write", target, error);
+  beside.Flush();
   beside.TakePlace();
 }
 

@@ -41,7 +41,8 @@ QVariant ContentsModel::data(const QModelIndex& index, int role) const {
   const int node = NodeAt(index);
   if (node < 0) return {};
   const QString& label = contents_.nodes[static_cast<std::size_t>(node)].label;
-  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return AsCaption(label);
+  if (role == Qt::DisplayRole) return AsCaption(label);
+  if (role == Qt::ToolTipRole) return AsToolTip(label);
   return {};
 }
 

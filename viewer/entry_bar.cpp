@@ -27,7 +27,8 @@ bool RunsWhenOpened(const QString& path) {
       QStringLiteral("sh"),       QStringLiteral("run"), QStringLiteral("desktop"),
       QStringLiteral("appimage"), QStringLiteral("reg"), QStringLiteral("cpl"),
       QStringLiteral("py")};
-  return kExtensions.contains(QFileInfo(path).suffix().toLower());
+  const QFileInfo file(path);
+  return kExtensions.contains(file.suffix().toLower()) || file.isExecutable();
 }
 
 }  // namespace

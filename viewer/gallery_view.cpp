@@ -31,7 +31,8 @@ class GalleryView::Model : public QAbstractListModel {
   QVariant data(const QModelIndex& index, int role) const override {
     const auto row = static_cast<std::size_t>(index.row());
     if (row >= pictures.size()) return {};
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return AsCaption(pictures[row].title);
+    if (role == Qt::DisplayRole) return AsCaption(pictures[row].title);
+    if (role == Qt::ToolTipRole) return AsToolTip(pictures[row].title);
     return {};
   }
 

@@ -142,6 +142,10 @@ QString AsCaption(const QString& text) {
   return caption;
 }
 
+QString AsToolTip(const QString& text) {
+  return QStringLiteral("<qt>%1</qt>").arg(AsCaption(text).toHtmlEscaped());
+}
+
 QString AsPath(const QString& path) { return QChar(0x2066) + path + QChar(0x2069); }
 
 void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,

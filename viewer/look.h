@@ -43,6 +43,8 @@ QString PersianNumber(qint64 number);
 
 // A text of the book as one line of bounded length, for lists and cards.
 QString AsCaption(const QString& text);
+// The same for a tool tip, which would take signs of a mark-up language in it for such.
+QString AsToolTip(const QString& text);
 
 // A path amid Persian words, from left to right whatever it ends with.
 QString AsPath(const QString& path);

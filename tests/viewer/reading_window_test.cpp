@@ -1,11 +1,13 @@
 // The viewer's window as a reader meets it: index, contents, pages, what belongs to them.
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextEdit>
 
 #include "tests/viewer/window_bench.h"
+#include "viewer/look.h"
 #include "viewer/window.h"
 
 using namespace Qt::StringLiterals;
@@ -174,6 +176,22 @@ TEST_F(Reading, AProgramIsStartedOnlyAfterYes) {
   Click(*window_, u"attachment"_s);
   EXPECT_EQ(asked_->started, QStringList{u"EXE.exe"_s});
   EXPECT_TRUE(asked_->opened.isEmpty());
+}
+
+TEST_F(Reading, WhatTheSystemWouldRunIsAskedForWhateverItsName) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 2);
+  QFile attachment(maker_.PathOf(u"Data/TXT/TWO.pdf"_s));
+  ASSERT_TRUE(attachment.setPermissions(attachment.permissions() | QFile::ExeOwner));
+  const auto asked = AnswerNextBox(u"no"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(asked->contains(u"TWO.pdf"_s));
+  EXPECT_TRUE(asked_->opened.isEmpty());
+}
+
+TEST_F(Reading, AToolTipShowsATitleAsItIs) {
+  EXPECT_EQ(viewer::AsToolTip(u"<b>a & \"b\""_s), u"<qt>&lt;b&gt;a &amp; &quot;b&quot;</qt>"_s);
 }
 
 TEST_F(Reading, EscInTheQuestionStartsNothing) {
