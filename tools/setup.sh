@@ -11,7 +11,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev
 FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
 # What the viewer plays sounds and films with.
 PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good)
-TEST_PACKAGES=(xvfb xauth chromium poppler-utils)
+TEST_PACKAGES=(xvfb xauth x11-utils chromium poppler-utils desktop-file-utils appstream
+  libglib2.0-bin dbus at-spi2-core python3-gi gir1.2-atspi-2.0)
 
 say() { printf '%s\n' "$*"; }
 

@@ -1,5 +1,6 @@
 #include "platform/qt/accessible_names.h"
 
+#include <QComboBox>
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
@@ -120,6 +121,13 @@ TextView NameFor(const ControlRow& control, const WindowDefinition& definition,
   return control.hint.empty() ? definition.title : control.hint;
 }
 
+// On Linux the toolkit gives what a combo box shows for its name (Qt 6.4, QAccessibleComboBox), so
+// the words for it go into the description.
+void SetName(QWidget& widget, const QString& name) {
+  widget.setAccessibleName(name);
+  if (qobject_cast<QComboBox*>(&widget) != nullptr) widget.setAccessibleDescription(name);
+}
+
 }  // namespace
 
 void SetAccessibleNames(QWidget& window, const WindowDefinition& definition) {
@@ -129,7 +137,7 @@ void SetAccessibleNames(QWidget& window, const WindowDefinition& definition) {
     auto* widget = window.findChild<QWidget*>(ObjectName(row.name, row.index));
     if (widget == nullptr) continue;
     const TextView name = NameFor(row, definition, labels);
-    if (!name.empty()) widget->setAccessibleName(ToQString(ShownCaption(name)));
+    if (!name.empty()) SetName(*widget, ToQString(ShownCaption(name)));
   }
 }
 

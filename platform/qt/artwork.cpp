@@ -13,7 +13,8 @@ const QColor kDeep(0x12, 0x4e, 0x5a);
 const QColor kTurquoise(0x1f, 0x8a, 0x8c);
 const QColor kGold(0xd9, 0xa4, 0x41);
 const QColor kPaper(0xfb, 0xf6, 0xea);
-const QColor kInk(0x2b, 0x3a, 0x42);
+const QColor kDarkInk(0x2b, 0x3a, 0x42);
+const QColor kLightInk(0xd5, 0xdf, 0xe3);
 const QColor kRed(0xb4, 0x45, 0x3c);
 
 QPen Stroke(const QColor& colour, double width) {
@@ -107,8 +108,8 @@ void DrawBanner(QPainter& painter, const QRectF& room) {
   painter.drawText(name, Qt::AlignCenter, QStringLiteral("زروند"));
 }
 
-void DrawTexts(QPainter& painter) {
-  painter.setPen(Stroke(kInk, 6));
+void DrawTexts(QPainter& painter, const QColor& ink) {
+  painter.setPen(Stroke(ink, 6));
   painter.setBrush(kPaper);
   painter.drawRoundedRect(QRectF(20, 10, 60, 80), 6, 6);
   painter.setPen(Stroke(kTurquoise, 6));
@@ -116,8 +117,8 @@ void DrawTexts(QPainter& painter) {
   painter.drawLine(QPointF(46, 74), QPointF(66, 74));
 }
 
-void DrawCollection(QPainter& painter) {
-  painter.setPen(Stroke(kInk, 5));
+void DrawCollection(QPainter& painter, const QColor& ink) {
+  painter.setPen(Stroke(ink, 5));
   const QColor colours[] = {kTurquoise, kGold, kRed};
   for (int i = 0; i < 3; ++i) {
     painter.setBrush(colours[i]);
@@ -126,8 +127,8 @@ void DrawCollection(QPainter& painter) {
   painter.drawLine(QPointF(10, 88), QPointF(92, 88));
 }
 
-void DrawMusic(QPainter& painter) {
-  painter.setPen(Stroke(kInk, 7));
+void DrawMusic(QPainter& painter, const QColor& ink) {
+  painter.setPen(Stroke(ink, 7));
   painter.drawLine(QPointF(38, 74), QPointF(38, 22));
   painter.drawLine(QPointF(38, 22), QPointF(78, 14));
   painter.drawLine(QPointF(78, 14), QPointF(78, 64));
@@ -137,22 +138,22 @@ void DrawMusic(QPainter& painter) {
   painter.drawEllipse(QPointF(68, 67), 14, 11);
 }
 
-void DrawPattern(QPainter& painter) {
-  painter.setPen(Stroke(kInk, 5));
+void DrawPattern(QPainter& painter, const QColor& ink) {
+  painter.setPen(Stroke(ink, 5));
   painter.setBrush(kTurquoise);
   painter.drawPath(EightPointedStar({50, 50}, 42));
   painter.setBrush(kGold);
   painter.drawPath(EightPointedStar({50, 50}, 18));
 }
 
-void DrawDisc(QPainter& painter) {
-  painter.setPen(Stroke(kInk, 5));
+void DrawDisc(QPainter& painter, const QColor& ink) {
+  painter.setPen(Stroke(ink, 5));
   painter.setBrush(QColor(0xd8, 0xe6, 0xe8));
   painter.drawEllipse(QPointF(50, 50), 42, 42);
   painter.setPen(Stroke(kTurquoise, 4));
   painter.setBrush(Qt::NoBrush);
   painter.drawEllipse(QPointF(50, 50), 28, 28);
-  painter.setPen(Stroke(kInk, 4));
+  painter.setPen(Stroke(ink, 4));
   painter.setBrush(kPaper);
   painter.drawEllipse(QPointF(50, 50), 11, 11);
 }
@@ -182,8 +183,8 @@ void DrawHelp(QPainter& painter) {
   painter.drawPoint(QPointF(50, 77));
 }
 
-void DrawExport(QPainter& painter) {
-  DrawDisc(painter);
+void DrawExport(QPainter& painter, const QColor& ink) {
+  DrawDisc(painter, ink);
   QPainterPath arrow;
   arrow.addPolygon(
       QPolygonF({{68, 96}, {48, 72}, {60, 72}, {60, 48}, {76, 48}, {76, 72}, {88, 72}}));
@@ -193,11 +194,11 @@ void DrawExport(QPainter& painter) {
   painter.drawPath(arrow);
 }
 
-void DrawFolder(QPainter& painter) {
+void DrawFolder(QPainter& painter, const QColor& ink) {
   QPainterPath back;
   back.addPolygon(QPolygonF({{10, 20}, {40, 20}, {48, 30}, {90, 30}, {90, 82}, {10, 82}}));
   back.closeSubpath();
-  painter.setPen(Stroke(kInk, 5));
+  painter.setPen(Stroke(ink, 5));
   painter.setBrush(kGold);
   painter.drawPath(back);
   painter.setBrush(kGold.lighter(125));
@@ -212,26 +213,26 @@ void DrawWindowIcon(QPainter& painter) {
 }
 
 // The drawings of the square pictures, each in a square of 100 by 100.
-void DrawSquare(QPainter& painter, Artwork artwork) {
+void DrawSquare(QPainter& painter, Artwork artwork, const QColor& ink) {
   switch (artwork) {
     case Artwork::kTextsIcon:
-      return DrawTexts(painter);
+      return DrawTexts(painter, ink);
     case Artwork::kCollectionIcon:
-      return DrawCollection(painter);
+      return DrawCollection(painter, ink);
     case Artwork::kMusicIcon:
-      return DrawMusic(painter);
+      return DrawMusic(painter, ink);
     case Artwork::kPatternIcon:
-      return DrawPattern(painter);
+      return DrawPattern(painter, ink);
     case Artwork::kExportIcon:
-      return DrawDisc(painter);
+      return DrawDisc(painter, ink);
     case Artwork::kNextButton:
       return DrawNext(painter);
     case Artwork::kHelpButton:
       return DrawHelp(painter);
     case Artwork::kExportButton:
-      return DrawExport(painter);
+      return DrawExport(painter, ink);
     case Artwork::kChooserButton:
-      return DrawFolder(painter);
+      return DrawFolder(painter, ink);
     case Artwork::kWindowIcon:
       return DrawWindowIcon(painter);
     case Artwork::kNone:
@@ -242,7 +243,7 @@ void DrawSquare(QPainter& painter, Artwork artwork) {
 
 }  // namespace
 
-void DrawArtwork(QPainter& painter, Artwork artwork, const QRect& room) {
+void DrawArtwork(QPainter& painter, Artwork artwork, const QRect& room, Ground ground) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   if (artwork == Artwork::kBanner) {
@@ -252,9 +253,14 @@ void DrawArtwork(QPainter& painter, Artwork artwork, const QRect& room) {
     painter.translate(room.left() + (room.width() - side) / 2,
                       room.top() + (room.height() - side) / 2);
     painter.scale(side / 100, side / 100);
-    DrawSquare(painter, artwork);
+    DrawSquare(painter, artwork, ground == Ground::kDark ? kLightInk : kDarkInk);
   }
   painter.restore();
+}
+
+Ground GroundOf(const QPalette& palette) {
+  constexpr int kHalfLight = 128;
+  return palette.color(QPalette::Window).lightness() < kHalfLight ? Ground::kDark : Ground::kLight;
 }
 
 QIcon ArtworkIcon(Artwork artwork) {
@@ -263,7 +269,7 @@ QIcon ArtworkIcon(Artwork artwork) {
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    DrawArtwork(painter, artwork, pixmap.rect());
+    DrawArtwork(painter, artwork, pixmap.rect(), Ground::kLight);
     painter.end();
     icon.addPixmap(pixmap);
   }

@@ -1,3 +1,4 @@
+#include <QAccessibleWidget>
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
@@ -28,6 +29,11 @@ class ImageWidget : public QWidget {
   }
   bool HasPicture() const { return !picture_.isNull(); }
 
+  void Click() const {
+    const std::function<void()> click = onClick;
+    if (click) click();
+  }
+
   std::function<void()> onClick;
 
  protected:
@@ -40,22 +46,49 @@ class ImageWidget : public QWidget {
   }
 
   void keyPressEvent(QKeyEvent* event) override {
-    const std::function<void()> click = onClick;
     const int key = event->key();
     const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!presses || event->isAutoRepeat() || !click) return QWidget::keyPressEvent(event);
-    click();
+    if (!presses || event->isAutoRepeat() || !onClick) return QWidget::keyPressEvent(event);
+    Click();
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
-    const std::function<void()> click = onClick;
     const bool inside = rect().contains(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && inside && click) click();
+    if (event->button() == Qt::LeftButton && inside) Click();
   }
 
  private:
   QImage picture_;
 };
+
+// A picture that takes the focus is a button to a screen reader, any other a picture.
+class AccessibleImage : public QAccessibleWidget {
+ public:
+  explicit AccessibleImage(ImageWidget& image)
+      : QAccessibleWidget(&image, IsButton(image) ? QAccessible::Button : QAccessible::Graphic),
+        image_(image) {}
+
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (IsButton(image_)) names.prepend(pressAction());
+    return names;
+  }
+
+  void doAction(const QString& name) override {
+    if (name == pressAction()) return image_.Click();
+    QAccessibleWidget::doAction(name);
+  }
+
+ private:
+  static bool IsButton(const ImageWidget& image) { return image.focusPolicy() != Qt::NoFocus; }
+
+  ImageWidget& image_;
+};
+
+QAccessibleInterface* MakeAccessibleImage(const QString& /*kind*/, QObject* object) {
+  auto* image = dynamic_cast<ImageWidget*>(object);
+  return image == nullptr ? nullptr : new AccessibleImage(*image);
+}
 
 ImageWidget& ImageOf(const Control& control) {
   return static_cast<ImageWidget&>(*control.ThePeer().widget);
@@ -66,6 +99,8 @@ ImageWidget& ImageOf(const Control& control) {
 std::unique_ptr<Control::Peer> MakeImageBox(const ControlRow& row, QWidget* parent,
                                             ImageBox* control) {
   auto peer = std::make_unique<Control::Peer>();
+  // Once; the toolkit leaves out what it has.
+  QAccessible::installFactory(MakeAccessibleImage);
   auto* image = new ImageWidget(parent);
   peer->widget = image;
   // The mouse leaves the focus where it is.

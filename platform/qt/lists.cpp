@@ -1,5 +1,6 @@
 // List boxes and drop-down lists.
 #include <QComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 #include "platform/failure.h"
@@ -83,6 +84,17 @@ class DropDown : public QComboBox {
   explicit DropDown(QWidget* parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
 
  protected:
+  // The toolkit would order the words of its text by the program's direction, not the list's.
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    painter.setLayoutDirection(layoutDirection());
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+  }
+
   void wheelEvent(QWheelEvent* event) override {
     if (hasFocus()) {
       QComboBox::wheelEvent(event);

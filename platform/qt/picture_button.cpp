@@ -30,7 +30,7 @@ void PictureButton::paintEvent(QPaintEvent* event) {
   const int side = std::min(room.width(), room.height());
   QRect square(0, 0, side, side);
   square.moveCenter(room.center());
-  DrawArtwork(painter, artwork_, square);
+  DrawArtwork(painter, artwork_, square, GroundOf(palette()));
   if (!caption.isEmpty()) {
     const QRect line(rect().left(), room.bottom(), rect().width(), captionHeight);
     painter.drawItemText(line, Qt::AlignCenter | Qt::TextHideMnemonic, palette(), isEnabled(),

@@ -66,9 +66,19 @@ void InsertPlain(QTextCursor& cursor, TextView text) {
                                          static_cast<qsizetype>(text.size())));
 }
 
+// Formatted text stands on paper, on a dark desktop too: its colours were chosen for it.
+QPalette Paper() {
+  QPalette palette;
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::Disabled, QPalette::Text, Qt::darkGray);
+  return palette;
+}
+
 class RichTextEdit : public QTextEdit {
  public:
   explicit RichTextEdit(QWidget* parent) : QTextEdit(parent) {
+    setPalette(Paper());
     setLayoutDirection(Qt::RightToLeft);
     setFont(RichTextFont());
     setTabChangesFocus(true);

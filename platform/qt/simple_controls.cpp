@@ -77,7 +77,7 @@ class PictureWidget : public QWidget {
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    DrawArtwork(painter, artwork_, rect());
+    DrawArtwork(painter, artwork_, rect(), GroundOf(palette()));
   }
 
  private:

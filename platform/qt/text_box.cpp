@@ -37,6 +37,14 @@ class KeyPressWatcher : public QObject {
   TextBox* box_;
 };
 
+// The toolkit's own grey of a box that is off is too pale to read; this one can be read on light
+// and dark desktops.
+QPalette ReadableWhenOff() {
+  QPalette palette;
+  palette.setColor(QPalette::Disabled, QPalette::Text, Qt::darkGray);
+  return palette;
+}
+
 int Bounded(Position value, qsizetype highest) {
   if (value < 0) throw Failure(u"Invalid property value");
   return static_cast<int>(std::min<Position>(value, highest));
@@ -48,6 +56,7 @@ std::unique_ptr<Control::Peer> MakeTextBox(const ControlRow& row, QWidget* paren
                                            TextBox* control) {
   auto peer = std::make_unique<TextBoxPeer>();
   auto* edit = new QLineEdit(parent);
+  edit->setPalette(ReadableWhenOff());
   edit->setMaxLength(std::numeric_limits<int>::max());
   edit->setText(ToQString(row.text));
   edit->setLayoutDirection(row.leftToRight ? Qt::LeftToRight : Qt::RightToLeft);

@@ -239,6 +239,22 @@ void TurnWheelOver(QWidget& widget) {
   Robot::Settle();
 }
 
+// A collection's key stands in brackets behind its name: for a reader from right to left, on the
+// left of it.
+TEST_F(PlatformLists, ADropDownListReadsFromRightToLeft) {
+  combo.AddItem(u"رديف اول");
+  combo.AddItem(u"رديف اول  (a1)");
+  window.Show();
+  const auto rightHalf = [&](int index) {
+    combo.SetListIndex(index);
+    const QImage shown = Robot::FindAs<QComboBox>("Lists", "combo").grab().toImage();
+    return shown.copy(shown.width() * 3 / 4, 0, shown.width() / 4, shown.height());
+  };
+  const QImage name = rightHalf(0);
+  EXPECT_EQ(rightHalf(1), name);
+  EXPECT_NE(rightHalf(-1), name);
+}
+
 TEST_F(PlatformLists, AWheelThatPassesOverADropDownChoosesNothingElse) {
   for (const Text line : {u"a", u"b", u"c"}) combo.AddItem(line);
   combo.SetListIndex(0);

@@ -89,6 +89,7 @@ void Session::Run() {
   form1_.Show();
   Robot::Settle();
   LookAtProject();
+  LookAtHelp();
   LookAtChoosers();
   for (const QString& book : kBooks) MakeCollection(++collection_, book);
   MakeGallery(collection_ + 1);
@@ -107,6 +108,14 @@ void Session::LookAtProject() {
   Robot::Click("Form1", "bMus(1)");
   TakePicture("Form1", "music-off");
   Robot::Click("Form1", "bMus(0)");
+}
+
+void Session::LookAtHelp() {
+  robot_.WhenShown("Form4", [this] {
+    TakePicture("Form4", QStringLiteral("help"));
+    Robot::FindWindow("Form4")->close();
+  });
+  Robot::Click("Form1", "Command4");
 }
 
 void Session::LookAtChoosers() {

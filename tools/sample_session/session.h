@@ -38,6 +38,7 @@ class Session {
 
  private:
   void LookAtProject();
+  void LookAtHelp();
   void LookAtChoosers();
   void MakeCollection(int number, const QString& book);
   void OpenBook(const QString& book);
