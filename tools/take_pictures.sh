@@ -22,7 +22,7 @@ KEPT=(
   Form5-choose-picture Form5
   Form6-entry-with-media Form6
   Form6-entry-gallery Form6-gallery
-  viewer-first-layout-page viewer-first
+  viewer-first-layout-index viewer-first
   viewer-second-layout-index viewer-second
 )
 

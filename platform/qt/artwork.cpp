@@ -265,7 +265,7 @@ Ground GroundOf(const QPalette& palette) {
 
 QIcon ArtworkIcon(Artwork artwork) {
   QIcon icon;
-  for (const int side : {16, 32, 48, 128}) {
+  for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
     QPixmap pixmap(side, side);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -26,6 +27,17 @@ struct WindowEvents {
   std::function<void()> onPaint;
   std::function<void()> onClose;
 };
+
+// Whether a frame that has opened in the control's window hides it.
+bool IsCovered(const QWidget& control) {
+  const QWidget& window = *control.window();
+  const QRect place(control.mapTo(&window, QPoint()), control.size());
+  const auto frames = window.findChildren<const QFrame*>(QString(), Qt::FindDirectChildrenOnly);
+  return std::ranges::any_of(frames, [&](const QFrame* frame) {
+    return frame->autoFillBackground() && frame->isVisible() && frame->geometry().contains(place) &&
+           !frame->isAncestorOf(&control);
+  });
+}
 
 class WindowWidget : public QWidget {
  public:
@@ -60,6 +72,17 @@ class WindowWidget : public QWidget {
     const QPointer<WindowWidget> alive = this;
     if (!silent_) FromEvent(events_.onClose);
     event->setAccepted(alive == nullptr || !isVisible());
+  }
+
+  // The Tab key passes over what can't be seen: keys would work there without being noticed.
+  bool focusNextPrevChild(bool next) override {
+    const QWidget* first = nullptr;
+    while (QWidget::focusNextPrevChild(next)) {
+      const QWidget* now = focusWidget();
+      if (now == nullptr || now == first || !IsCovered(*now)) return true;
+      if (first == nullptr) first = now;
+    }
+    return false;
   }
 
   void keyPressEvent(QKeyEvent* event) override {

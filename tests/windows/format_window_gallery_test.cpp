@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QScrollBar>
+#include <QTest>
 #include <filesystem>
 
 #include "tests/support/gallery_desk.h"
@@ -63,6 +64,25 @@ class FormatWindowGallery : public testing::Test {
 
   GalleryDesk desk;
 };
+
+// Under the browser a key would work on a text that nobody sees.
+TEST_F(FormatWindowGallery, TheTabKeyPassesOverWhatTheBrowserCovers) {
+  OpenPictures(3);
+  const QWidget& window = *Robot::FindWindow("Form3");
+  for (const int key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+    std::vector<std::string> reached;
+    QWidget* const start = &Robot::Find("Form3", "Com(12)");
+    start->setFocus();
+    do {
+      QTest::keyClick(window.focusWidget(), static_cast<Qt::Key>(key));
+      reached.push_back(window.focusWidget()->objectName().toStdString());
+    } while (window.focusWidget() != start && reached.size() < 100);
+    EXPECT_EQ(window.focusWidget(), start);
+    EXPECT_THAT(reached, testing::IsSupersetOf({"bname", "VSC", "IMN(0)", "IMC(2)", "Com(13)"}));
+    EXPECT_THAT(reached, testing::Each(testing::AllOf(testing::Ne("matn"), testing::Ne("bindex"),
+                                                      testing::Ne("Com(3)"), testing::Ne("chnd"))));
+  }
+}
 
 TEST_F(FormatWindowGallery, OpensOverTheTextAndShowsTheProgramsOwnFolder) {
   EXPECT_EQ(NewLog([] { Robot::Click("Form3", "Com(12)"); }),
