@@ -16,11 +16,21 @@
 namespace platform {
 namespace {
 
+constexpr mode_t kExecute = 0111;
+
 // A copy from a read-only disc can be changed, and that of a program started.
 mode_t NewFileMode(const struct stat& source) {
   constexpr mode_t kReadAndWrite = 0666;
-  constexpr mode_t kExecute = 0111;
   return kReadAndWrite | (source.st_mode & kExecute);
+}
+
+// Who may read and write stays as it was. Whether there is something to start depends on the new
+// content; nobody may start what they couldn't read.
+mode_t ModeOver(const struct stat& old, const struct stat& source) {
+  constexpr mode_t kRead = 0444;
+  constexpr int kFromReadToExecute = 2;
+  const mode_t readers = (old.st_mode & kRead) >> kFromReadToExecute;
+  return (old.st_mode & ~kExecute) | (source.st_mode & kExecute & readers);
 }
 
 constexpr std::size_t kKernelStep = std::size_t{1} << 30;
@@ -73,10 +83,11 @@ void CopyToNew(const Descriptor& from, Descriptor to, const std::string& hostPat
 
 void CopyOver(const Descriptor& from, const struct stat& source, const std::string& hostPath,
               TextView target) {
-  const struct stat old = OrdinaryFile(OpenHost(hostPath, O_WRONLY), u"write", target);
+  struct stat old = OrdinaryFile(OpenHost(hostPath, O_WRONLY), u"write", target);
   if (old.st_dev == source.st_dev && old.st_ino == source.st_ino) {
     throw Failure(Text(u"Can't copy ").append(target).append(u": It is the same file"));
   }
+  old.st_mode = ModeOver(old, source);
   BesideFile beside(hostPath, target, old);
   const int error = CopyContent(from, beside.File());
   if (error != 0) FailHost(u"write", target, error);

@@ -5,6 +5,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <filesystem>
 #include <string>
 
 #include "platform/failure.h"
@@ -20,21 +22,25 @@ bool IsProgram(const std::string& path) {
 }
 
 // In the grandchild: it belongs to nobody who would have to wait for it, and what it prints goes
-// nowhere.
-[[noreturn]] void Become(const char* program, const char* argument, const char* folder) {
+// nowhere. A file that may be executed need not be a program: on some disks every file may.
+[[noreturn]] void Become(bool isProgram, const char* file, const char* folder) {
   const int nowhere = ::open("/dev/null", O_RDWR);
   for (int stream = 0; nowhere >= 0 && stream <= 2; ++stream) ::dup2(nowhere, stream);
   if (::chdir(folder) == 0) {
-    ::execlp(program, program, argument, static_cast<char*>(nullptr));
+    constexpr const char* kHandler = "xdg-open";
+    if (isProgram) ::execl(file, file, static_cast<char*>(nullptr));
+    if (!isProgram || errno == ENOEXEC) {
+      ::execlp(kHandler, kHandler, file, static_cast<char*>(nullptr));
+    }
   }
   ::_exit(127);
 }
 
-void Start(const char* program, const char* argument, const char* folder) {
+void Start(bool isProgram, const char* file, const char* folder) {
   const pid_t child = ::fork();
   if (child == 0) {
     ::setsid();
-    if (::fork() == 0) Become(program, argument, folder);
+    if (::fork() == 0) Become(isProgram, file, folder);
     ::_exit(0);
   }
   int status = 0;
@@ -45,13 +51,10 @@ class ProcessLauncher : public Launcher {
  public:
   void Open(TextView path, TextView folder) override {
     Ignoring([&] {
-      const std::string file = HostPath(path);
+      // The folder becomes the current one before the file is opened.
+      const std::string file = std::filesystem::absolute(HostPath(path));
       const std::string place = folder.empty() ? "/" : HostPath(folder);
-      if (IsProgram(file)) {
-        Start(file.c_str(), nullptr, place.c_str());
-      } else {
-        Start("xdg-open", file.c_str(), place.c_str());
-      }
+      Start(IsProgram(file), file.c_str(), place.c_str());
     });
   }
 };

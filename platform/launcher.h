@@ -12,8 +12,8 @@ class Launcher {
   Launcher& operator=(const Launcher&) = delete;
   virtual ~Launcher() = default;
 
-  // Opens a file from the given folder and doesn't wait: a program is started, anything else goes
-  // to the desktop's handler. Nothing is reported, whatever becomes of it.
+  // Opens a file with `folder` as the current folder and doesn't wait: a program is started,
+  // anything else goes to the desktop's handler. Nothing is reported, whatever becomes of it.
   virtual void Open(TextView path, TextView folder) = 0;
 };
 

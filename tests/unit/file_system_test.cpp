@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/paths.h"
@@ -452,6 +453,25 @@ TEST_F(Copying, OverAFileKeepsItsModeBits) {
   chmod(folder_.HostPath("b").c_str(), 0600);
   files_.CopyFile(Path(u"a"), Path(u"b"));
   EXPECT_EQ(ModeOf(folder_.HostPath("b")), 0600U);
+}
+
+TEST_F(Copying, OverAFileTheCopyOfAProgramIsOneForWhoeverMayReadIt) {
+  folder_.Write(u"program", "#!/bin/sh\n");
+  chmod(folder_.HostPath("program").c_str(), 0555);
+  folder_.Write(u"b", kOldText);
+  for (const auto& [old, mode] : {std::pair{0644U, 0755U}, {0600U, 0700U}, {0640U, 0750U}}) {
+    chmod(folder_.HostPath("b").c_str(), old);
+    files_.CopyFile(Path(u"program"), Path(u"b"));
+    EXPECT_EQ(ModeOf(folder_.HostPath("b")), mode);
+  }
+}
+
+TEST_F(Copying, OverAProgramTheCopyOfATextIsNone) {
+  folder_.Write(u"a", "new");
+  folder_.Write(u"b", "#!/bin/sh\n");
+  chmod(folder_.HostPath("b").c_str(), 0755);
+  files_.CopyFile(Path(u"a"), Path(u"b"));
+  EXPECT_EQ(ModeOf(folder_.HostPath("b")), 0644U);
 }
 
 TEST_F(Copying, AFullDiskLeavesTheOldTargetAndNoNewOne) {

@@ -54,15 +54,41 @@ TEST_F(LauncherTest, NobodyWaitsForAProgram) {
   EXPECT_NE(ReadTold(), "");
 }
 
-TEST_F(LauncherTest, AnythingElseGoesToTheDesktopsHandlerWithItsPath) {
-  MakeProgram("xdg-open");
+TEST_F(LauncherTest, AProgramNamedWithoutAFolderIsTakenFromTheCurrentOne) {
+  MakeProgram("main.exe");
+  folder_.MakeFolder(u"place");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder_.HostPath());
+  platform::HostLauncher().Open(u"main.exe", folder_.Path(u"place"));
+  fs::current_path(before);
+  EXPECT_EQ(ReadTold(), folder_.HostPath("place") + ",0,");
+}
+
+// A stand-in for the desktop's handler, found before any other.
+class HandlerTest : public LauncherTest {
+ protected:
+  void SetUp() override {
+    MakeProgram("xdg-open");
+    setenv("PATH", (folder_.HostPath() + ":" + before_).c_str(), 1);
+  }
+  void TearDown() override { setenv("PATH", before_.c_str(), 1); }
+
+ private:
+  const std::string before_ = std::getenv("PATH");
+};
+
+TEST_F(HandlerTest, GetsAnythingElseWithItsPath) {
   std::ofstream(folder_.HostPath("book.pdf")) << "a book";
-  const std::string before = std::getenv("PATH");
-  setenv("PATH", (folder_.HostPath() + ":" + before).c_str(), 1);
   platform::HostLauncher().Open(folder_.Path(u"book.pdf"), folder_.Path());
-  const std::string told = ReadTold();
-  setenv("PATH", before.c_str(), 1);
-  EXPECT_TRUE(told.ends_with(",1," + folder_.HostPath("book.pdf"))) << told;
+  EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("book.pdf"));
+}
+
+// On many a stick and disc every file may be executed.
+TEST_F(HandlerTest, GetsAFileThatMayBeExecutedAndIsNoProgram) {
+  std::ofstream(folder_.HostPath("main.exe")) << "echo a script without its first line\n";
+  fs::permissions(folder_.HostPath("main.exe"), fs::perms::owner_all);
+  platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path());
+  EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("main.exe"));
 }
 
 TEST_F(LauncherTest, WhatIsNotThereIsPassedOver) {
