@@ -18,6 +18,8 @@ namespace testing_support {
 class SmallWindow : public platform::Window {
  public:
   using Window::Window;
+  SmallWindow(const SmallWindow&) = delete;
+  SmallWindow& operator=(const SmallWindow&) = delete;
   // An unloaded window's widget goes with the next turn of an event loop; the next test must not
   // find it.
   ~SmallWindow() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }

@@ -85,7 +85,7 @@ TEST_F(HandlerTest, GetsAnythingElseWithItsPath) {
 
 // On many a stick and disc every file may be executed.
 TEST_F(HandlerTest, GetsAFileThatMayBeExecutedAndIsNoProgram) {
-  std::ofstream(folder_.HostPath("main.exe")) << "echo a script without its first line\n";
+  std::ofstream(folder_.HostPath("main.exe")) << "echo run by a shell > '" << Told() << "'\n";
   fs::permissions(folder_.HostPath("main.exe"), fs::perms::owner_all);
   platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path());
   EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("main.exe"));

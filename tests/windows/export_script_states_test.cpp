@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "platform/encoding.h"
 #include "tests/support/export_desk.h"
 
 namespace {
@@ -15,7 +16,6 @@ using testing::IsEmpty;
 using testing::Pair;
 using testing_support::BoxText;
 using testing_support::ExportDesk;
-using testing_support::PageBytes;
 using testing_support::Robot;
 using testing_support::ScriptOf;
 
@@ -112,6 +112,19 @@ TEST_F(ExportScriptOnDisk, BlanksAroundAMadeFolderArePartOfItsName) {
   EXPECT_EQ(ExportBy(ScriptOf({{" Data "}, {}, {}})), (Tree{{" Data ", "/"}}));
 }
 
+TEST_F(ExportScriptOnDisk, PersianNamesAreReadInTheMachinesCodePage) {
+  desk.MakeFolders("Data/عكس‌ها");
+  desk.Write("Data/عكس‌ها/گل.jpg", "a rose");
+  const std::string script = ScriptOf(
+      {{"كتاب"}, {"عكس‌ها => كتاب\\عكس‌ها"}, {"main.exe => root\\كتاب"}});
+  EXPECT_EQ(ExportBy(platform::EncodeMachineCodePage(platform::FromUtf8(script))),
+            (Tree{{"كتاب", "/"},
+                  {"كتاب/main.exe", "the viewer"},
+                  {"كتاب/عكس‌ها", "/"},
+                  {"كتاب/عكس‌ها/گل.jpg", "a rose"}}));
+  EXPECT_THAT(boxes, ElementsAre(BoxText(29)));
+}
+
 TEST_F(ExportScriptOnDisk, RootIsAWordOnTheRightOfACopiedFileAlone) {
   const Tree tree = ExportBy(ScriptOf({{"root", "folder"},
                                        {"IMG => root\\IMG"},
@@ -142,6 +155,57 @@ TEST_F(ExportScriptOnDisk, AFolderWithoutFilesGivesItsTargetAlone) {
   std::filesystem::remove(desk.HostPath("Data/FlashIMG/Back.jpg"));
   desk.MakeFolders("Data/Nothing/Below");
   EXPECT_EQ(ExportBy(ScriptOf({{}, {"Nothing => Out"}, {}})), (Tree{{"Out", "/"}}));
+}
+
+TEST_F(ExportScriptOnDisk, ALoneCarriageReturnStaysInsideItsLine) {
+  desk.MakeFolders("Data/In\rside");
+  desk.Write("Data/In\rside/file", "a file");
+  desk.Write("Resources/a\rb", "a resource");
+  EXPECT_EQ(ExportBy(ScriptOf({{"One\rTwo"}, {"In\rside => Out\r"}, {"a\rb => root\\One\rTwo"}})),
+            (Tree{{"One\rTwo", "/"},
+                  {"One\rTwo/a\rb", "a resource"},
+                  {"Out\r", "/"},
+                  {"Out\r/file", "a file"}}));
+  EXPECT_THAT(boxes, ElementsAre(BoxText(29)));
+}
+
+TEST_F(ExportScriptOnDisk, ALoneLineFeedStaysInsideItsLine) {
+  EXPECT_EQ(ExportBy(ScriptOf({{"One\nTwo"}, {}, {}})), (Tree{{"One\nTwo", "/"}}));
+}
+
+TEST_F(ExportScriptOnDisk, AnEmptyLeftSideIsTheProjectFolderItself) {
+  desk.MakeFolders("Data");
+  desk.Write("Data/beside.txt", "beside the folders");
+  EXPECT_EQ(ExportBy(ScriptOf({{}, {"=> Out"}, {}})),
+            (Tree{{"Out", "/"}, {"Out/beside.txt", "beside the folders"}}));
+  EXPECT_THAT(boxes, ElementsAre(BoxText(29)));
+}
+
+TEST_F(ExportScriptOnDisk, AnEmptyRightSideOfACopiedFileIsTheRoot) {
+  EXPECT_EQ(ExportBy(ScriptOf({{}, {}, {"main.exe =>"}})), (Tree{{"main.exe", "the viewer"}}));
+  EXPECT_THAT(boxes, ElementsAre(BoxText(29)));
+}
+
+TEST_F(ExportScriptOnDisk, ACopiedFileReplacesTheFileOfItsName) {
+  desk.Write("Resources/picture.jpg", "another picture, which is longer");
+  desk.MakeFolders("Data/IMG");
+  desk.Write("Data/IMG/long.jpg", "a long picture");
+  desk.Write("Resources/long.jpg", "short");
+  EXPECT_EQ(ExportBy(ScriptOf(
+                {{}, {"IMG => IMG"}, {"picture.jpg => root\\IMG", "long.jpg => root\\IMG"}})),
+            (Tree{{"IMG", "/"},
+                  {"IMG/long.jpg", "short"},
+                  {"IMG/picture.jpg", "another picture, which is longer"}}));
+  EXPECT_EQ(desk.Read("Data/IMG/picture.jpg"), "a picture");
+}
+
+TEST_F(ExportScriptOnDisk, ALineThatStandsTwiceReplacesItsFileInTheRoot) {
+  desk.files.onOperation = [&](const std::string& name) {
+    if (name.ends_with("img.bin")) desk.Write("Resources/main.exe", "a new one");
+  };
+  EXPECT_EQ(ExportBy(ScriptOf({{}, {}, {"main.exe=>root", "img.bin=>root", "main.exe=>root"}})),
+            (Tree{{"img.bin", desk.Read("Resources/img.bin")}, {"main.exe", "a new one"}}));
+  EXPECT_THAT(boxes, ElementsAre(BoxText(29)));
 }
 
 // Failures.
@@ -182,6 +246,27 @@ TEST_F(ExportScriptOnDisk, AnEmptyLineInACopySectionStopsThere) {
             (Tree{{"Data", "/"}, {"Data/IMG", "/"}, {"Data/IMG/picture.jpg", "a picture"}}));
 }
 
+TEST_F(ExportScriptOnDisk, AnEmptyLineAmongTheCopiedFilesStopsThere) {
+  EXPECT_EQ(FailBy("[ Make Folder ]\r\nData\r\n\r\n[ Copy Folder ]\r\n\r\n[ Copy File ]\r\n"
+                   "main.exe => root\r\n\r\nimg.bin => root\r\n\r\n[ End ]"),
+            (Tree{{"Data", "/"}, {"main.exe", "the viewer"}}));
+}
+
+TEST_F(ExportScriptOnDisk, AnEmptyRightSideOfACopiedFolderStopsAtTheRootThatIsThere) {
+  EXPECT_EQ(FailBy(ScriptOf({{"Data"}, {"IMG =>", "TXT => Data\\TXT"}, {}})),
+            (Tree{{"Data", "/"}}));
+  EXPECT_EQ(desk.Names("Export"), std::vector<std::string>{"Export 1"});
+}
+
+TEST_F(ExportScriptOnDisk, TheSignAloneStopsACopySection) {
+  EXPECT_EQ(FailBy(ScriptOf({{"Data"}, {"=>"}, {}})), (Tree{{"Data", "/"}}));
+}
+
+TEST_F(ExportScriptOnDisk, AnEmptyLeftSideOfACopiedFileStopsThere) {
+  EXPECT_EQ(FailBy(ScriptOf({{}, {}, {"main.exe => root", "=> root", "img.bin => root"}})),
+            (Tree{{"main.exe", "the viewer"}}));
+}
+
 TEST_F(ExportScriptOnDisk, ACopiedFoldersTargetThatIsThereStopsAtItsLine) {
   EXPECT_EQ(FailBy(ScriptOf({{"Data"}, {"IMG => Data"}, {}})), (Tree{{"Data", "/"}}));
 }
@@ -202,135 +287,8 @@ TEST_F(ExportScriptOnDisk, AMissingResourceLeavesTheFilesCopiedBefore) {
 }
 
 TEST_F(ExportScriptOnDisk, AFileThatCanNotBeReplacedStopsTheCopy) {
-  desk.MakeFolders("Resources/In/Data");
   EXPECT_EQ(FailBy(ScriptOf({{"Data", "img.bin"}, {}, {"main.exe=>root", "img.bin=>root"}})),
             (Tree{{"Data", "/"}, {"img.bin", "/"}, {"main.exe", "the viewer"}}));
-}
-
-// Print pages.
-
-class ExportedPages : public ExportScriptOnDisk {
- protected:
-  static constexpr platform::TextView kTemplate = u"<t>%Title%</t>%Title%<b>%Matn%</b>";
-
-  void Tick(const std::string& script = ScriptOf({{"Data"}, {"TXT => Data\\TXT"}, {}})) {
-    desk.OpenProject(script);
-    desk.Write("Resources/Default.html", PageBytes(kTemplate));
-    Robot::Click("Form1", "Pcheck");
-  }
-  std::string Exported(const std::string& name) {
-    return desk.Read("Export/Export 1/Data/TXT/" + name);
-  }
-};
-
-TEST_F(ExportedPages, EachPageGetsAPrintPageBesideIt) {
-  Tick();
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_THAT(desk.Names("Export/Export 1/Data/TXT"),
-              ElementsAre("A.htm", "A.html", "CDProperty.xml"));
-  EXPECT_EQ(Exported("A.html"),
-            PageBytes(u"<t>الف</t>الف<b>\r\n\r\n<p align=\"right\">متن</p></b>"));
-  EXPECT_EQ(Exported("A.htm"), desk.Read("Data/TXT/A.htm"));
-  EXPECT_FALSE(desk.Has("Data/TXT/A.html"));
-}
-
-TEST_F(ExportedPages, WithoutTheTickTheTemplateIsNotOpened) {
-  desk.OpenProject(ScriptOf({{"Data"}, {"TXT => Data\\TXT"}, {}}));
-  std::filesystem::remove(desk.HostPath("Resources/Default.html"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/A.html"));
-}
-
-TEST_F(ExportedPages, AMissingTemplateFailsAfterTheWholeScript) {
-  Tick();
-  std::filesystem::remove(desk.HostPath("Resources/Default.html"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(28)));
-  EXPECT_TRUE(desk.Has("Export/Export 1/Data/TXT/A.htm"));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/A.html"));
-}
-
-TEST_F(ExportedPages, TheTickMakesThePageFolderARequirement) {
-  Tick(ScriptOf({{"Data"}, {}, {}}));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(28)));
-}
-
-TEST_F(ExportedPages, WithoutPagesNoPrintPageIsWritten) {
-  Tick();
-  std::filesystem::remove(desk.HostPath("Data/TXT/A.htm"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_THAT(desk.Names("Export/Export 1/Data/TXT"), ElementsAre("CDProperty.xml"));
-}
-
-TEST_F(ExportedPages, NamesAreTakenByTheirLastExtensionInAnyLetterCase) {
-  Tick();
-  for (const char* name : {"PAGE.HTM", "a.b.htm", "htm", "x.html", "y.txt", "z.htm.bak"}) {
-    desk.Write(std::string("Data/TXT/") + name, PageBytes(u"<pgTitle>t</pgTitle>body"));
-  }
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  for (const char* name : {"PAGE.HTMl", "a.b.html", "html"}) {
-    EXPECT_EQ(Exported(name), PageBytes(u"<t>t</t>t<b>body</b>")) << name;
-  }
-  EXPECT_EQ(Exported("x.html"), PageBytes(u"<pgTitle>t</pgTitle>body"));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/y.txtl"));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/z.htm.bakl"));
-}
-
-TEST_F(ExportedPages, ATemplateWithoutABodyGivesPagesWithoutOne) {
-  Tick();
-  desk.Write("Resources/Default.html", PageBytes(u"<t>%Title%</t>"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_EQ(Exported("A.html"), PageBytes(u"<t>الف</t>"));
-}
-
-TEST_F(ExportedPages, ATitlesMarksGoInUnchanged) {
-  Tick();
-  desk.Write("Data/TXT/A.htm", PageBytes(u"ahead<pgTitle>a & b < c</pgTitle>body"));
-  desk.Export();
-  EXPECT_EQ(Exported("A.html"), PageBytes(u"<t>a & b < c</t>a & b < c<b>body</b>"));
-}
-
-TEST_F(ExportedPages, ATitleThatHoldsTheBodysPlaceIsFilledToo) {
-  Tick();
-  desk.Write("Data/TXT/A.htm", PageBytes(u"<pgTitle>%Matn%</pgTitle>x"));
-  desk.Export();
-  EXPECT_EQ(Exported("A.html"), PageBytes(u"<t>x</t>x<b>x</b>"));
-}
-
-TEST_F(ExportedPages, PicturesAreFoundFromThePagesFolder) {
-  Tick();
-  desk.Write("Data/TXT/A.htm",
-             PageBytes(u"<pgTitle>t</pgTitle><IMG src=\"Data/IMG/a.jpg\">DATA/IMG/b.jpg"));
-  desk.Export();
-  EXPECT_EQ(Exported("A.html"),
-            PageBytes(u"<t>t</t>t<b><IMG src=\"../IMG/a.jpg\">DATA/IMG/b.jpg</b>"));
-}
-
-TEST_F(ExportedPages, ATitleThatNeverEndsIsLoggedAndThePassGoesOn) {
-  Tick();
-  desk.Write("Data/TXT/A.htm", PageBytes(u"<pgTitle>title"));
-  desk.Write("Data/TXT/B.htm", PageBytes(u"<pgTitle>t</pgTitle>x"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_EQ(desk.LoggedFailures(41), 1);
-  EXPECT_EQ(Exported("A.html"), PageBytes(u"<t></t><b>title</b>"));
-  EXPECT_EQ(Exported("B.html"), PageBytes(u"<t>t</t>t<b>x</b>"));
-}
-
-TEST_F(ExportedPages, APageWithoutATitleBeginsAtItsTenthCharacter) {
-  Tick();
-  desk.Write("Data/TXT/A.htm", PageBytes(u"123456789abc"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
-  EXPECT_EQ(Exported("A.html"), PageBytes(u"<t></t><b>abc</b>"));
-  EXPECT_EQ(desk.LoggedFailures(41), 0);
-}
-
-TEST_F(ExportedPages, AnEmptyPageEndsThePassAndKeepsThePagesBefore) {
-  Tick();
-  desk.Write("Data/TXT/B.htm", "");
-  desk.Write("Data/TXT/C.htm", PageBytes(u"<pgTitle>t</pgTitle>x"));
-  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(28)));
-  EXPECT_TRUE(desk.Has("Export/Export 1/Data/TXT/A.html"));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/B.html"));
-  EXPECT_FALSE(desk.Has("Export/Export 1/Data/TXT/C.html"));
 }
 
 }  // namespace

@@ -69,6 +69,45 @@ TEST_F(ExportWindow, AnEmptyTargetIsTheProgramFolder) {
   EXPECT_TRUE(desk.Has("Export 1/main.exe"));
 }
 
+TEST_F(ExportWindow, ATargetThatStartsWithTwoBackslashesIsRelative) {
+  desk.OpenProject(kScript);
+  desk.Fill("ExBox", R"(\\server\books)");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(26)));
+  EXPECT_EQ(desk.Field("ExBox"), desk.ToolPath(u"\\\\server\\books"));
+  desk.MakeFolders("server/books");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
+  EXPECT_EQ(desk.Field("ExBox"), desk.ToolPath(u"\\\\server\\books"));
+  EXPECT_TRUE(desk.Has("server/books/Export 1/main.exe"));
+}
+
+TEST_F(ExportWindow, ATargetIsAbsoluteByItsSecondCharacterAlone) {
+  desk.OpenProject(kScript);
+  desk.Fill("ExBox", "1:\\books");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(26)));
+  EXPECT_EQ(desk.Field("ExBox"), "1:\\books");
+}
+
+TEST_F(ExportWindow, ATargetWithItsBackslashGetsNoSecondOne) {
+  desk.OpenProject(kScript);
+  desk.MakeFolders("Out");
+  desk.Fill("ExBox", "Out\\");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
+  EXPECT_THAT(desk.launcher.opened, ElementsAre(OpenedIn(u"Out\\Export 1")));
+}
+
+TEST_F(ExportWindow, AnEmptyProjectFolderIsTheProgramFolder) {
+  desk.OpenProject(kScript);
+  desk.Fill("idir", "");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(28)));
+  EXPECT_EQ(desk.Field("idir"), desk.ToolPath() + "\\");
+  desk.MakeFolders("TXT");
+  desk.Write("TXT/page.htm", "a page beside the program");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
+  EXPECT_THAT(desk.Names("Export/Export 2/Data/TXT"), ElementsAre("CDProperty.xml", "page.htm"));
+  EXPECT_EQ(desk.Read("Export/Export 2/Data/TXT/page.htm"), "a page beside the program");
+  EXPECT_FALSE(desk.Has("Data/TXT/CDProperty.xml"));
+}
+
 TEST_F(ExportWindow, TheTargetIsTestedBeforeTheProject) {
   desk.OpenProject(kScript);
   desk.Fill("ExBox", "Out");
@@ -96,6 +135,16 @@ TEST_F(ExportWindow, SavesTheSettingsIntoTheBookFirst) {
   EXPECT_EQ(desk.Read("Data/FlashIMG/Back.jpg"), desk.Read("Resources/MyBack.jpg"));
 }
 
+// Only the two folders are made absolute; Next does it for the rest.
+TEST_F(ExportWindow, RelativeMediaAreTakenFromTheCurrentFolder) {
+  desk.OpenProject(kScript);
+  ASSERT_EQ(desk.Field("Back"), "Resources\\MyBack.jpg");
+  desk.WriteCurrent("Resources/MyBack.jpg", "the current folder's picture");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(29)));
+  EXPECT_EQ(desk.Read("Data/FlashIMG/Back.jpg"), "the current folder's picture");
+  EXPECT_FALSE(desk.Has("Data/FlashIMG/Sound1.mp3"));
+}
+
 TEST_F(ExportWindow, TakesTheFirstFreeNumber) {
   desk.OpenProject(kScript);
   desk.MakeFolders("Export/Export 1");
@@ -104,6 +153,17 @@ TEST_F(ExportWindow, TakesTheFirstFreeNumber) {
   EXPECT_THAT(desk.Names("Export/Export 2"), ElementsAre("Data", "main.exe"));
   EXPECT_THAT(desk.Names("Export/Export 1"), IsEmpty());
   EXPECT_THAT(desk.Names("Export/Export 3"), IsEmpty());
+}
+
+TEST_F(ExportWindow, AFileWithTheNameOfTheNextFolderIsNoFolderAndStandsInItsWay) {
+  desk.OpenProject(kScript);
+  desk.MakeFolders("Export");
+  desk.Write("Export/Export 1", "a file");
+  desk.MakeFolders("Export/Export 2");
+  EXPECT_THAT(desk.Export(), ElementsAre(BoxText(28)));
+  EXPECT_EQ(desk.Read("Export/Export 1"), "a file");
+  EXPECT_THAT(desk.Names("Export"), ElementsAre("Export 1", "Export 2"));
+  EXPECT_THAT(desk.Names("Export/Export 2"), IsEmpty());
 }
 
 TEST_F(ExportWindow, AHalfMadeRootCountsAsTaken) {
