@@ -45,6 +45,13 @@ QPalette ReadableWhenOff() {
   return palette;
 }
 
+// Absolute, since the toolkit turns sides by the text in the box (Qt 6.4, QLineEdit) and a Latin
+// title would jump to the left.
+Qt::Alignment AlignmentOf(const ControlRow& row) {
+  if (row.centred) return Qt::AlignCenter;
+  return (row.leftToRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignAbsolute | Qt::AlignVCenter;
+}
+
 int Bounded(Position value, qsizetype highest) {
   if (value < 0) throw Failure(u"Invalid property value");
   return static_cast<int>(std::min<Position>(value, highest));
@@ -60,7 +67,7 @@ std::unique_ptr<Control::Peer> MakeTextBox(const ControlRow& row, QWidget* paren
   edit->setMaxLength(std::numeric_limits<int>::max());
   edit->setText(ToQString(row.text));
   edit->setLayoutDirection(row.leftToRight ? Qt::LeftToRight : Qt::RightToLeft);
-  edit->setAlignment(row.centred ? Qt::AlignCenter : Qt::AlignLeading | Qt::AlignVCenter);
+  edit->setAlignment(AlignmentOf(row));
   edit->setCursorPosition(0);
   peer->widget = edit;
   if (control != nullptr) {

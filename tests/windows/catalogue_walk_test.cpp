@@ -34,6 +34,7 @@
 
 namespace {
 
+using platform::Artwork;
 using platform::WindowDefinition;
 using testing::ElementsAreArray;
 using testing_support::FormatDesk;
@@ -159,9 +160,11 @@ QString TextOn(const QWidget& widget) {
 QStringList AlignmentOf(const QWidget& widget) {
   const auto* edit = qobject_cast<const QLineEdit*>(&widget);
   if (edit == nullptr) return {};
-  const auto shown = QStyle::visualAlignment(edit->layoutDirection(), edit->alignment());
-  if (shown.testFlag(Qt::AlignHCenter)) return {QStringLiteral("centred")};
-  return shown.testFlag(Qt::AlignRight) ? QStringList{QStringLiteral("right")} : QStringList{};
+  const Qt::Alignment sides = edit->alignment();
+  if (sides.testFlag(Qt::AlignHCenter)) return {QStringLiteral("centred")};
+  // Any other side would be turned by the text in the box.
+  EXPECT_TRUE(sides.testFlag(Qt::AlignAbsolute));
+  return sides.testFlag(Qt::AlignRight) ? QStringList{QStringLiteral("right")} : QStringList{};
 }
 
 void ExpectPlace(const QWidget& widget, const Line& line) {
@@ -328,6 +331,40 @@ TEST_P(CatalogueAsDesigned, TimersImagesAndTheDefaultButtonAreThoseOfTheTable) {
     const bool pictured = line.kind == "picture" || line.notes.contains(u"picture");
     EXPECT_EQ(row.artwork != platform::Artwork::kNone, pictured);
   }
+}
+
+// All buttons without a caption show one and the same picture; three buttons have their own.
+TEST_P(CatalogueAsDesigned, ButtonsShowTheirPictures) {
+  const std::map<std::string, Artwork> own = {{"Command10", Artwork::kExportButton},
+                                              {"Command3", Artwork::kNextButton},
+                                              {"Command4", Artwork::kHelpButton}};
+  for (const platform::ControlRow& row : DefinitionOf(GetParam()).rows) {
+    if (row.kind != platform::ControlKind::kButton || row.artwork == Artwork::kNone) continue;
+    const Artwork wanted = row.text.empty() ? Artwork::kChooserButton : own.at(NameOf(row));
+    EXPECT_EQ(row.artwork, wanted) << NameOf(row);
+  }
+}
+
+// The lines divide the project window into groups; each has the icon that stands for it.
+TEST(CatalogueIcons, EachMarksItsGroup) {
+  std::vector<platform::Twips> lines;
+  std::map<platform::Twips, Artwork> icons;  // by their place
+  for (const platform::ControlRow& row : DefinitionOf("Form1").rows) {
+    if (row.kind == platform::ControlKind::kLine) lines.push_back(row.top);
+    if (row.kind == platform::ControlKind::kPicture && !row.parent.empty()) {
+      icons[row.top] = row.artwork;
+    }
+  }
+  std::ranges::sort(lines);
+  std::map<std::ptrdiff_t, Artwork> ofGroup;
+  for (const auto& [top, artwork] : icons) {
+    ofGroup[std::ranges::lower_bound(lines, top) - lines.begin()] = artwork;
+  }
+  EXPECT_EQ(ofGroup, (std::map<std::ptrdiff_t, Artwork>{{0, Artwork::kTextsIcon},
+                                                        {1, Artwork::kCollectionIcon},
+                                                        {2, Artwork::kMusicIcon},
+                                                        {3, Artwork::kPatternIcon},
+                                                        {4, Artwork::kExportIcon}}));
 }
 
 // The real windows, each opened on the editor's way to it.

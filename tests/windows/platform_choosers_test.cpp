@@ -277,6 +277,23 @@ TEST_F(PlatformChoosers, PicturesOfTheKnownKindsAreShownWhatsoeverTheirNameSays)
   }
 }
 
+// Whatever its shape, a picture fills the whole control.
+TEST_F(PlatformChoosers, PicturesAreStretched) {
+  window.ShowActive();
+  for (const QSize size : {QSize(200, 10), QSize(10, 200), QSize(3, 3)}) {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    ASSERT_TRUE(picture.save(QString::fromStdString(folder.HostPath("shape.bmp"))));
+    image.LoadPicture(folder.Path(u"shape.bmp"));
+    const QImage shown = Robot::Find("Pick", "image").grab().toImage();
+    for (const int x : {3, shown.width() - 4}) {
+      for (const int y : {3, shown.height() - 4}) {
+        EXPECT_EQ(shown.pixelColor(x, y), QColor(Qt::red)) << x << "," << y;
+      }
+    }
+  }
+}
+
 TEST_F(PlatformChoosers, WhatIsNoPictureIsAFailureAndLeavesTheOldOne) {
   folder.Write(u"good.jpg", PictureFile("JPG"));
   folder.Write(u"damaged.jpg", "\xFF\xD8\xFF\xE0 no picture");

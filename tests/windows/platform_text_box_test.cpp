@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
+#include <algorithm>
 #include <array>
 
 #include "platform/controls.h"
@@ -81,6 +82,39 @@ TEST_F(PlatformTextBox, TextWrittenByCodeRunsTheChangeHandlerBeforeItReturns) {
   EXPECT_THAT(seen, ElementsAre(u"سلام"));
   first.SetText(u"سلام");
   EXPECT_EQ(seen.size(), 1U);
+}
+
+// A box for titles and a box for paths, whatever is in them: the side doesn't change with it.
+TEST(PlatformTextBoxSide, StaysWhateverTheTextRuns) {
+  static constexpr std::array kSides = std::to_array<ControlRow>(
+      {{.name = u"title", .kind = ControlKind::kTextBox, .width = 3000, .height = 315},
+       {.name = u"path",
+        .kind = ControlKind::kTextBox,
+        .top = 450,
+        .width = 3000,
+        .height = 315,
+        .leftToRight = true}});
+  static constexpr WindowDefinition kSided = {
+      .name = u"Fields", .title = u"", .width = 3000, .height = 2250, .rows = kSides};
+  SmallWindow window(kSided);
+  TextBox title(window, u"title");
+  TextBox path(window, u"path");
+  window.Show();
+  constexpr int kInset = 12;  // pixels of frame and margin
+  for (const platform::TextView text : {u"", u"Head of a page", u"عنوان", u"عنوان (Head)"}) {
+    title.SetText(text);
+    path.SetText(text);
+    const auto caretAt = [](const char* name, int position) {
+      auto& edit = Robot::FindAs<QLineEdit>("Fields", name);
+      edit.setCursorPosition(position);
+      edit.grab();  // a box scrolls to its caret when it is painted
+      return edit.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+    };
+    const int end = static_cast<int>(text.size());
+    EXPECT_GT(std::max(caretAt("title", 0), caretAt("title", end)), 200 - kInset)
+        << platform::ToUtf8(text);
+    EXPECT_LT(std::min(caretAt("path", 0), caretAt("path", end)), kInset) << platform::ToUtf8(text);
+  }
 }
 
 TEST_F(PlatformTextBox, AFailureOfTheChangeHandlerReachesTheWriter) {
