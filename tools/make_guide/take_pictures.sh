@@ -4,7 +4,7 @@
 #
 #     take_pictures.sh SAMPLE_SESSION RESOURCES
 #
-# as in: take_pictures.sh build/release/tools/sample_session/sample_session build/zorvand/Resources
+# as in: take_pictures.sh build/default/tools/sample_session/sample_session build/zorvand/Resources
 set -euo pipefail
 
 if [ $# -ne 2 ]; then
