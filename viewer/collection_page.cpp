@@ -1,10 +1,11 @@
 #include "viewer/collection_page.h"
 
 #include <QPainter>
-#include <QTextCursor>
+#include <QProgressDialog>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "viewer/made_page.h"
 #include "viewer/print_page.h"
 
 namespace viewer {
@@ -50,7 +51,9 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
   sections_.hide();
   bar_.onStep = [this](int step) { Step(step); };
   bar_.onZoom = [this](int pixels) { Zoom(pixels); };
-  bar_.onPrint = [this] { Print(); };
+  bar_.onPrint = [this] {
+    surroundings_.outside.print([this](QPrinter& printer) { Print(printer); }, window());
+  };
 }
 
 void CollectionPage::Load(const Collection& collection) {
@@ -70,6 +73,7 @@ void CollectionPage::Open(const Collection& collection) {
     page_.ShowNotice(QStringLiteral("در این مجموعه نوشته\u200Cای پیدا نشد."));
     sheets_.setCurrentWidget(&page_);
     bar_.ShowEntry({}, false, false);
+    bar_.AllowPrinting(false);
   }
   ShowText(first < 0);
   contents_.setFocus();
@@ -114,10 +118,12 @@ void CollectionPage::ShowEntry(int node, const QString& words) {
   }
   const ContentsModel& model = contents_.Model();
   bar_.ShowEntry(entry, model.NextEntry(node, -1) >= 0, model.NextEntry(node, 1) >= 0);
+  bar_.AllowPrinting(!page_.IsNotice());
 }
 
 void CollectionPage::ShowPage(const Node& node, const QString& words) {
   std::optional<Page> page = ReadPage(surroundings_.book, node.source);
+  if (!page) page = ReadMadePage(surroundings_.book, node);
   sheets_.setCurrentWidget(&page_);
   if (!page) {
     page_.ShowNotice(QStringLiteral("این نوشته در کتاب پیدا نشد.\n") + AsPath(node.source));
@@ -179,19 +185,20 @@ void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
   if (!IsApart()) painter.fillRect(QRect(list.left() - 2, 0, 1, height()), look.edge);
 }
 
-void CollectionPage::Print() {
-  const std::vector<Node>& nodes = contents_.Model().Nodes();
-  if (current_ < 0 || static_cast<std::size_t>(current_) >= nodes.size()) return;
-  const Node& node = nodes[static_cast<std::size_t>(current_)];
-  std::unique_ptr<QTextDocument> document = MadePrintPage(surroundings_.book, node);
-  if (!document) {
-    if (page_.SectionCount() > 1) {
-      Tell(window(), QStringLiteral("این نوشته بلند است؛ همین بخش آن چاپ می\u200Cشود."));
-    }
-    document =
-        PageForPrint(surroundings_.book, page_.Shown(), page_.SectionStart(), page_.SectionEnd());
-  }
-  surroundings_.outside.print(*document, window());
+void CollectionPage::Print(QPrinter& printer) {
+  // It comes up only where printing goes on for a while.
+  QProgressDialog progress(QStringLiteral("چاپ ..."), QStringLiteral("انصراف"), 0, 0, window());
+  progress.setObjectName(QStringLiteral("printing"));
+  progress.setWindowModality(Qt::WindowModal);
+  const bool printed =
+      PrintPage(printer, surroundings_.book, page_.Shown(), [&](int section, int count) {
+        progress.setMaximum(count);
+        progress.setValue(section);
+        return !progress.wasCanceled();
+      });
+  if (printed || progress.wasCanceled()) return;
+  progress.reset();
+  Tell(window(), QStringLiteral("این نوشته چاپ نشد."));
 }
 
 }  // namespace viewer

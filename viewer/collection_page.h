@@ -42,7 +42,7 @@ class CollectionPage : public QWidget {
   void ShowEntry(int node, const QString& words = {});
   void ShowPage(const Node& node, const QString& words);
   void ShowText(bool text);
-  void Print();
+  void Print(QPrinter& printer);
   bool IsApart() const { return surroundings_.look.dark; }
   QRect CoverBox() const;
   void Arrange();

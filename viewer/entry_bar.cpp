@@ -144,8 +144,10 @@ void EntryBar::Silence() {
 
 void EntryBar::ShowFilm() {
   if (!IsThere(media_.film, QStringLiteral("فیلم"), kAnyEnding)) return;
+  surroundings_.hushMusic(true);
   Silence();
-  surroundings_.outside.showFilm(media_.film, AsCaption(node_.label), window());
+  surroundings_.outside.showFilm(media_.film, AsCaption(node_.label), window(),
+                                 [&hush = surroundings_.hushMusic] { hush(false); });
 }
 
 }  // namespace viewer

@@ -22,6 +22,8 @@ class EntryBar : public QWidget {
 
   // What sounds is silenced.
   void ShowEntry(const Node& node, bool hasPrevious, bool hasNext);
+  // Where printing isn't offered at all it makes no difference.
+  void AllowPrinting(bool allowed) { print_.setEnabled(allowed); }
   void Silence();
 
  private:

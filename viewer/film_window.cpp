@@ -1,9 +1,11 @@
 #include "viewer/film_window.h"
 
+#include <QCloseEvent>
 #include <QDebug>
 #include <QKeyEvent>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "viewer/look.h"
 
@@ -44,6 +46,14 @@ void FilmWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QWidget::keyPressEvent(event);
+}
+
+// Silent before anything else sounds again.
+void FilmWindow::closeEvent(QCloseEvent* event) {
+  player_.stop();
+  const std::function<void()> closed = std::exchange(onClosed, nullptr);
+  if (closed) closed();
+  QWidget::closeEvent(event);
 }
 
 void FilmWindow::mouseDoubleClickEvent(QMouseEvent* /*event*/) { SwitchFullScreen(); }

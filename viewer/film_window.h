@@ -6,6 +6,7 @@
 #include <QMediaPlayer>
 #include <QVideoWidget>
 #include <QWidget>
+#include <functional>
 
 namespace viewer {
 
@@ -14,7 +15,10 @@ class FilmWindow : public QWidget {
  public:
   FilmWindow(const QString& path, const QString& title, QWidget* parent);
 
+  std::function<void()> onClosed;
+
  protected:
+  void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 

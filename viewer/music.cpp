@@ -11,20 +11,20 @@ void Music::SwitchOn() {
   if (on_ || tracks_.isEmpty()) return;
   on_ = true;
   failures_ = 0;
-  if (hushed_) return;
+  if (IsHushed()) return;
   begun_ ? player_->Resume() : PlayCurrent();
 }
 
 void Music::SwitchOff() {
-  if (on_ && player_ && !hushed_) player_->Pause();
+  if (on_ && player_ && !IsHushed()) player_->Pause();
   on_ = false;
 }
 
 void Music::Hush(bool hushed) {
-  if (hushed_ == hushed) return;
-  hushed_ = hushed;
-  if (!on_) return;
-  if (hushed_) {
+  const bool before = IsHushed();
+  hushing_ += hushed ? 1 : -1;
+  if (!on_ || before == IsHushed()) return;
+  if (IsHushed()) {
     if (player_) player_->Pause();
   } else {
     begun_ ? player_->Resume() : PlayCurrent();
@@ -50,7 +50,7 @@ void Music::OnEnd(bool played) {
     if (onGivenUp) onGivenUp();
     return;
   }
-  if (on_ && !hushed_) PlayCurrent();
+  if (on_ && !IsHushed()) PlayCurrent();
 }
 
 }  // namespace viewer

@@ -23,10 +23,12 @@ class Music {
   void SwitchOn();
   void SwitchOff();
 
-  // A sound or a film of the book itself silences the music for its time.
+  // A sound or a film of the book itself silences the music for its time: told once with true, once
+  // with false by each of them.
   void Hush(bool hushed);
 
  private:
+  bool IsHushed() const { return hushing_ > 0; }
   void PlayCurrent();
   void OnEnd(bool played);
 
@@ -36,7 +38,7 @@ class Music {
   qsizetype current_ = 0;
   qsizetype failures_ = 0;  // in a row
   bool on_ = false;
-  bool hushed_ = false;
+  int hushing_ = 0;  // how many of them sound
   bool begun_ = false;
 };
 

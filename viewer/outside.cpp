@@ -3,7 +3,6 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QProcess>
 #include <QUrl>
 
@@ -20,20 +19,23 @@ bool StartProgram(const QString& path) {
   return QProcess::startDetached(path, {}, QFileInfo(path).absolutePath());
 }
 
-void ShowFilm(const QString& path, const QString& title, QWidget* parent) {
+void ShowFilm(const QString& path, const QString& title, QWidget* parent,
+              std::function<void()> onClosed) {
   // The toolkit's player wants a sound card for a film, too.
   if (!CanPlaySounds()) {
-    return Tell(parent, QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد."));
+    Tell(parent, QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد."));
+    return onClosed();
   }
   auto* const film = new FilmWindow(path, title, parent);  // deletes itself when closed
+  film->onClosed = std::move(onClosed);
   film->show();
 }
 
-void Print(QTextDocument& document, QWidget* parent) {
+void Print(const std::function<void(QPrinter&)>& draw, QWidget* parent) {
   QPrinter printer(QPrinter::HighResolution);
   QPrintDialog dialog(&printer, parent);
   dialog.setObjectName(QStringLiteral("printDialog"));
-  if (dialog.exec() == QDialog::Accepted) document.print(&printer);
+  if (dialog.exec() == QDialog::Accepted) draw(printer);
 }
 
 }  // namespace

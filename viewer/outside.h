@@ -1,8 +1,8 @@
 // What the viewer asks of the machine beyond its own windows. Tests put their own functions here.
 #pragma once
 
+#include <QPrinter>
 #include <QString>
-#include <QTextDocument>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -27,10 +27,13 @@ struct Outside {
   std::function<bool(const QString& path)> openFile;
   // Starts it in its own folder and doesn't wait for it.
   std::function<bool(const QString& path)> startProgram;
-  std::function<void(const QString& path, const QString& title, QWidget* parent)> showFilm;
+  // Calls onClosed once: when the reader closes the film, or there is nothing to see.
+  std::function<void(const QString& path, const QString& title, QWidget* parent,
+                     std::function<void()> onClosed)>
+      showFilm;
   std::function<std::unique_ptr<Player>()> makePlayer;
-  // Asks for a printer first.
-  std::function<void(QTextDocument& document, QWidget* parent)> print;
+  // Asks for a printer, and draws on the one that the reader has chosen.
+  std::function<void(const std::function<void(QPrinter&)>& draw, QWidget* parent)> print;
 };
 
 Outside TheMachine();

@@ -1,9 +1,11 @@
 #include "viewer/page_document.h"
 
+#include <QTextBlock>
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
 #include <QTextCursor>
-#include <QTextFrameFormat>
+#include <QTextFragment>
+#include <QTextImageFormat>
 #include <QUrl>
 
 #include "viewer/look.h"
@@ -12,16 +14,28 @@
 namespace viewer {
 namespace {
 
-constexpr int kHighestPicture = 1200;
 constexpr qsizetype kLongestTitle = 2'000;
 
-QTextBlockFormat BlockOf(Qt::Alignment alignment) {
+// Measures of the page, as parts of the height of its letters.
+constexpr double kTitleHeight = 1.3;
+constexpr double kNoteHeight = 0.88;
+constexpr double kParagraphGap = 0.4;
+constexpr double kTitleGap = 0.95;
+constexpr double kTopGap = 0.6;
+
+int Part(const PageStyle& style, double part) { return qRound(style.pixels * part); }
+
+QTextBlockFormat BlockOf(Qt::Alignment alignment, int lineHeight, int bottomMargin) {
   QTextBlockFormat block;
   block.setLayoutDirection(Qt::RightToLeft);
   block.setAlignment(alignment);
-  block.setLineHeight(165, QTextBlockFormat::ProportionalHeight);
-  block.setBottomMargin(7);
+  block.setLineHeight(lineHeight, QTextBlockFormat::ProportionalHeight);
+  block.setBottomMargin(bottomMargin);
   return block;
+}
+
+QTextBlockFormat BlockOf(Qt::Alignment alignment, const PageStyle& style) {
+  return BlockOf(alignment, 165, Part(style, kParagraphGap));
 }
 
 QTextCharFormat Letters(const PageStyle& style) {
@@ -32,40 +46,84 @@ QTextCharFormat Letters(const PageStyle& style) {
 }
 
 void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& style) {
-  cursor.insertBlock(BlockOf(Qt::AlignLeft), Letters(style));  // left: where the line starts
+  // Left is where the line starts.
+  cursor.insertBlock(BlockOf(Qt::AlignLeft, style), Letters(style));
   cursor.insertText(text);
+}
+
+QSizeF SizeShown(QSize decoded, const PageStyle& style) {
+  const QSizeF natural = QSizeF(decoded) * style.pictureScale;
+  const QSizeF box = style.pictureBox;
+  if (natural.width() <= box.width() && natural.height() <= box.height()) return natural;
+  return natural.scaled(box, Qt::KeepAspectRatio);
+}
+
+void InsertPicture(QTextCursor& cursor, const QImage& image, const PageStyle& style) {
+  QTextDocument& document = *cursor.document();
+  QTextImageFormat format;
+  format.setName(QStringLiteral("picture%1").arg(cursor.position()));
+  document.addResource(QTextDocument::ImageResource, QUrl(format.name()), image);
+  const QSizeF size = SizeShown(image.size(), style);
+  format.setWidth(size.width());
+  format.setHeight(size.height());
+  cursor.insertImage(format);
 }
 
 void AppendPicture(QTextCursor& cursor, const BookFolder& book, const QString& pathInBook,
                    const PageStyle& style) {
-  const QImage image =
-      DecodePicture(book.Needed(pathInBook), {style.pictureWidth, kHighestPicture}, Fit::kInside);
-  cursor.insertBlock(BlockOf(Qt::AlignHCenter), Letters(style));
+  const QImage image = DecodePicture(book.Needed(pathInBook), style.decodeBox, Fit::kInside);
   if (image.isNull()) {
+    cursor.insertBlock(BlockOf(Qt::AlignHCenter, style), Letters(style));
     QTextCharFormat note = Letters(style);
-    note.setFont(ViewerFont(kCaptionPixels));
+    note.setFont(ViewerFont(Part(style, kNoteHeight)));
     note.setForeground(Qt::gray);
     cursor.insertText(QStringLiteral("[این تصویر در کتاب پیدا نشد: ") + AsPath(pathInBook) + u']',
                       note);
-  } else {
-    cursor.insertImage(image);
+    return;
   }
+  cursor.insertBlock(BlockOf(Qt::AlignHCenter, 100, Part(style, kTitleGap)), Letters(style));
+  InsertPicture(cursor, image, style);
+}
+
+// The pictures of the block; it holds one, or letters.
+void FitPicture(const QTextBlock& block, const PageStyle& style) {
+  if (block.begin().atEnd()) return;
+  const QTextFragment fragment = block.begin().fragment();
+  if (!fragment.charFormat().isImageFormat()) return;
+  QTextImageFormat format = fragment.charFormat().toImageFormat();
+  const QVariant image =
+      block.document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
+  const QSizeF size = SizeShown(image.value<QImage>().size(), style);
+  if (size.isEmpty() || format.width() == size.width()) return;
+  format.setWidth(size.width());
+  format.setHeight(size.height());
+  QTextCursor cursor(block);
+  cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+  cursor.setCharFormat(format);
 }
 
 }  // namespace
+
+void FitPictures(QTextDocument& document, const PageStyle& style) {
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    FitPicture(block, style);
+  }
+}
 
 void BeginPage(QTextDocument& document, const QString& title, const PageStyle& style) {
   document.clear();
   document.setUndoRedoEnabled(false);
   document.setDefaultFont(ViewerFont(style.pixels));
   QTextCursor cursor(&document);
-  QTextBlockFormat block = BlockOf(Qt::AlignHCenter);
-  block.setTopMargin(10);
-  block.setBottomMargin(16);
-  block.setLineHeight(140, QTextBlockFormat::ProportionalHeight);
+  // A document always has a first line; without a title it takes no room.
+  QTextBlockFormat block = BlockOf(Qt::AlignHCenter, 1, 0);
+  if (!title.isEmpty()) {
+    block = BlockOf(Qt::AlignHCenter, 140, Part(style, kTitleGap));
+    block.setTopMargin(Part(style, kTopGap));
+  }
   cursor.setBlockFormat(block);
   QTextCharFormat letters = Letters(style);
-  letters.setFont(ViewerFont(style.pixels + 5, true));
+  letters.setFont(ViewerFont(Part(style, kTitleHeight), true));
   cursor.insertText(title.left(kLongestTitle), letters);
 }
 

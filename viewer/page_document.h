@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QSize>
 #include <QString>
 #include <QTextDocument>
 
@@ -12,10 +13,15 @@
 namespace viewer {
 
 struct PageStyle {
-  int pixels = 17;
-  int pictureWidth = 600;  // the widest that a picture is shown
+  int pixels = 17;              // the height of the letters
+  double pictureScale = 1;      // pixels of the document to one of a picture
+  QSize pictureBox{600, 1200};  // the most that a picture takes, in pixels of the document
+  QSize decodeBox{600, 1200};   // larger pictures are made as small as this
   QColor ink = Qt::black;
 };
+
+// Makes the pictures as large as the style wants them, where it wants them otherwise by now.
+void FitPictures(QTextDocument& document, const PageStyle& style);
 
 // Empties the document and writes the title of the page.
 void BeginPage(QTextDocument& document, const QString& title, const PageStyle& style);

@@ -14,6 +14,7 @@ namespace viewer {
 namespace {
 
 constexpr int kColumnWidth = 780;
+constexpr int kHighestPicture = 1200;
 constexpr int kNarrowMargin = 26;
 constexpr int kMostMarks = 500;
 
@@ -32,18 +33,21 @@ PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures,
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   viewport()->setAutoFillBackground(false);
   style_.ink = look.ink;
+  style_.decodeBox = {kColumnWidth, kHighestPicture};
   QObject::connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
                    [this] { AppendWhileNear(); });
 }
 
 void PageView::ShowPage(Page page, const QString& background, const QString& words) {
   background_ = background;
+  isNotice_ = false;
   words_ = WordsOf(words);
   SetPage(std::move(page));
 }
 
 void PageView::ShowNotice(const QString& text) {
   background_.clear();
+  isNotice_ = true;
   words_.clear();
   Page page;
   page.parts.push_back({PagePart::Kind::kParagraph, text});
@@ -153,7 +157,7 @@ void PageView::MarkWords(int fromBlock) {
 // Long lines are hard to read: the column is as wide as a book's, in the middle.
 void PageView::FitColumn() {
   const int margin = std::max(kNarrowMargin, (viewport()->width() - kColumnWidth) / 2);
-  style_.pictureWidth = std::max(100, viewport()->width() - 2 * margin);
+  style_.pictureBox = {std::max(100, viewport()->width() - 2 * margin), kHighestPicture};
   QTextFrameFormat format = document()->rootFrame()->frameFormat();
   if (format.leftMargin() == margin && format.bottomMargin() == kNarrowMargin) return;
   format.setLeftMargin(margin);
@@ -165,7 +169,9 @@ void PageView::FitColumn() {
 
 void PageView::resizeEvent(QResizeEvent* event) {
   const int top = PlaceAtTop();
+  const QSize before = style_.pictureBox;
   FitColumn();
+  if (before != style_.pictureBox) FitPictures(*document(), style_);
   QTextEdit::resizeEvent(event);
   ScrollTo(top);
   AppendWhileNear();

@@ -30,6 +30,7 @@ class PageView : public QTextEdit {
   // A notice in place of a page.
   void ShowNotice(const QString& text);
   const Page& Shown() const { return page_; }
+  bool IsNotice() const { return isNotice_; }
 
   // Another section is shown, or another page.
   std::function<void()> onSection;
@@ -73,6 +74,7 @@ class PageView : public QTextEdit {
   PagePlace next_;  // what isn't laid out yet
   PageStyle style_;
   QString background_;
+  bool isNotice_ = false;
   QStringList words_;
   QList<ExtraSelection> marks_;
   bool appending_ = false;

@@ -1,20 +1,18 @@
-// What is printed of an entry.
+// An entry on paper.
 #pragma once
 
-#include <QTextDocument>
-#include <memory>
+#include <QPrinter>
+#include <functional>
 
-#include "viewer/book/contents.h"
 #include "viewer/book/folder.h"
 #include "viewer/book/page.h"
 
 namespace viewer {
 
-// The page made for printing; null where the book has none, or one of thousands of sheets.
-std::unique_ptr<QTextDocument> MadePrintPage(const BookFolder& book, const Node& node);
-
-// What stands between the places of the page itself, under its title, in black on white.
-std::unique_ptr<QTextDocument> PageForPrint(const BookFolder& book, const Page& page,
-                                            PagePlace from, PagePlace until);
+// The whole page, under its title, black on white, with numbered sheets: of them those that the
+// printer is told to print. A long page takes its time: before each of its `count` sections
+// `goesOn` is asked whether to go on. False where it said no, or the printer takes nothing.
+bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
+               const std::function<bool(int section, int count)>& goesOn);
 
 }  // namespace viewer

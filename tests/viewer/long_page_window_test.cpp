@@ -260,17 +260,6 @@ TEST_F(LongPage, AWiderWindowStaysWhereTheReaderIs) {
   EXPECT_EQ(FirstLineSeen(), before);
 }
 
-TEST_F(LongPage, TheSectionThatIsReadIsPrintedAndTheReaderIsToldSo) {
-  Open(Paragraphs(20'000), {.print = true});
-  Click(*window_, u"nextSection"_s);
-  const auto notice = AnswerNextBox({});
-  Click(*window_, u"print"_s);
-  EXPECT_TRUE(notice->contains(u"همین بخش"_s));
-  ScrollToTheEndOfTheSection();
-  ASSERT_EQ(asked_->printed.size(), 1);
-  EXPECT_EQ(asked_->printed.front(), Text());
-}
-
 TEST_F(LongPage, MillionsOfStrayLinesStayFewPieces) {
   OpenText(u"x\n"_s.repeated(3'000'000) + u"پايان"_s);
   Press(Qt::Key_End);

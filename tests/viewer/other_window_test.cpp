@@ -143,6 +143,46 @@ TEST_F(Viewing, MusicIsSilentWhileAnEntrySounds) {
   EXPECT_EQ(asked_->sounds.last(), u"resume"_s);
 }
 
+TEST_F(Viewing, MusicIsSilentUntilTheFilmIsClosed) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  Click(*window_, u"a1"_s);
+  ClickRow(ListOf(*window_), 2);
+  asked_->sounds.clear();
+  Click(*window_, u"film"_s);
+  EXPECT_EQ(asked_->sounds, QStringList{u"pause"_s});
+  asked_->closeLastFilm();
+  EXPECT_EQ(asked_->sounds, (QStringList{u"pause"_s, u"resume"_s}));
+}
+
+TEST_F(Viewing, MusicStaysSilentWhereAFilmTakesOverFromASound) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  Click(*window_, u"a1"_s);
+  ClickRow(ListOf(*window_), 2);
+  Click(*window_, u"sound"_s);
+  asked_->sounds.clear();
+  Click(*window_, u"film"_s);
+  EXPECT_EQ(asked_->sounds, QStringList{u"stop"_s});
+  Click(*window_, u"sound"_s);  // while the film runs
+  Click(*window_, u"sound"_s);
+  EXPECT_FALSE(asked_->sounds.contains(u"resume"_s));
+  asked_->closeLastFilm();
+  EXPECT_EQ(asked_->sounds.last(), u"resume"_s);
+}
+
+TEST_F(Viewing, MusicThatIsOffStaysOffBehindAFilm) {
+  Open({.music = true});
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  Click(*window_, u"music"_s);
+  Click(*window_, u"a1"_s);
+  ClickRow(ListOf(*window_), 2);
+  asked_->sounds.clear();
+  Click(*window_, u"film"_s);
+  asked_->closeLastFilm();
+  EXPECT_TRUE(asked_->sounds.isEmpty());
+}
+
 TEST_F(Viewing, WithoutABookTheWindowSaysSo) {
   Show();
   EXPECT_FALSE(window_->HasBook());

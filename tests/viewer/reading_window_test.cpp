@@ -209,23 +209,6 @@ TEST_F(Reading, PrintingIsOfferedOnlyWhereTheBookAllowsIt) {
   EXPECT_FALSE(IsSeen(*window_, u"print"_s));
 }
 
-TEST_F(Reading, ThePageItselfIsPrintedWhereThereIsNoPrintPage) {
-  Open({.print = true});
-  OpenCollection();
-  Click(*window_, u"print"_s);
-  ASSERT_EQ(asked_->printed.size(), 1);
-  EXPECT_TRUE(asked_->printed.front().contains(u"متن نخست"_s));
-}
-
-TEST_F(Reading, ThePrintPageIsPrintedWhereThereIsOne) {
-  MakeBook(maker_, {.print = true});
-  maker_.Write(u"Data/TXT/ONE.html"_s, u"<html><body><p>برای چاپ</p></body></html>"_s);
-  Show();
-  OpenCollection();
-  Click(*window_, u"print"_s);
-  EXPECT_EQ(asked_->printed, QStringList{u"برای چاپ"_s});
-}
-
 TEST_F(Reading, BackAndHomeLeadToTheIndex) {
   Open();
   OpenCollection();

@@ -147,12 +147,22 @@ viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked) {
     asked->started << QFileInfo(path).fileName();
     return true;
   };
-  outside.showFilm = [asked](const QString& path, const QString&, QWidget*) {
+  outside.showFilm = [asked](const QString& path, const QString&, QWidget*,
+                             std::function<void()> onClosed) {
     asked->films << QFileInfo(path).fileName();
+    asked->closeLastFilm = std::move(onClosed);
   };
   outside.makePlayer = [asked] { return std::make_unique<SilentPlayer>(asked); };
-  outside.print = [asked](QTextDocument& document, QWidget*) {
-    asked->printed << document.toPlainText();
+  outside.print = [asked](const std::function<void(QPrinter&)>& draw, QWidget*) {
+    const QString file =
+        asked->folder.filePath(QStringLiteral("%1.pdf").arg(asked->printed.size()));
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    if (asked->chosenInDialog) asked->chosenInDialog(printer);
+    draw(printer);
+    asked->printed << file;
   };
   return outside;
 }

@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -20,9 +21,12 @@ struct Asked {
   QStringList opened;
   QStringList started;
   QStringList films;
-  QStringList printed;  // the texts
+  std::function<void()> closeLastFilm;
+  QStringList printed;  // the files that a printer made of them
   QStringList sounds;   // "play x.mp3", "pause", "resume", "stop"
   std::function<void(bool)> endOfLastSound;
+  std::function<void(QPrinter&)> chosenInDialog;  // what the reader sets up before printing
+  QTemporaryDir folder;
 };
 viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked);
 

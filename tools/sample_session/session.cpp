@@ -44,9 +44,9 @@ class SilentPlayer : public viewer::Player {
 viewer::Outside StillMachine() {
   return {.openFile = [](const QString&) { return true; },
           .startProgram = [](const QString&) { return true; },
-          .showFilm = [](const QString&, const QString&, QWidget*) {},
+          .showFilm = [](const QString&, const QString&, QWidget*, std::function<void()>) {},
           .makePlayer = [] { return std::make_unique<SilentPlayer>(); },
-          .print = [](QTextDocument&, QWidget*) {}};
+          .print = [](const std::function<void(QPrinter&)>&, QWidget*) {}};
 }
 
 // The viewer's pictures come one by one once the window is there.

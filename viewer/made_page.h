@@ -1,0 +1,17 @@
+// The page that was made for printing in a browser, read back as a page.
+#pragma once
+
+#include <optional>
+
+#include "viewer/book/contents.h"
+#include "viewer/book/folder.h"
+#include "viewer/book/page.h"
+
+namespace viewer {
+
+// For a book that has lost the page itself: its texts and pictures, without the button and without
+// the look that its template gives it. Nothing where there is none, or one too long to be taken
+// apart.
+std::optional<Page> ReadMadePage(const BookFolder& book, const Node& node);
+
+}  // namespace viewer
