@@ -25,6 +25,7 @@ namespace platform {
 namespace {
 
 constexpr int kFirstFunctionKeyCode = 112;
+constexpr int kDesignTextPoints = 10;
 
 // The code of a key as handlers know it: F1 is 112, Enter 13, letters and digits their capital's
 // character, 0 for what has none. Characters whose own number is a function key's ("{" is 123) must
@@ -254,9 +255,11 @@ void ShowDesignText(RichTextEdit& edit, const ControlRow& row) {
   QTextBlockFormat paragraph;
   paragraph.setAlignment(ToolkitAlignment(rtf::Alignment::kRight));
   paragraph.setLayoutDirection(Qt::RightToLeft);
+  QTextCharFormat letters;
+  letters.setFontPointSize(kDesignTextPoints);
   Replace(edit, [&](QTextCursor& cursor) {
     cursor.setBlockFormat(paragraph);
-    cursor.insertText(ToQString(ShownCaption(row.text)));
+    cursor.insertText(ToQString(ShownCaption(row.text)), letters);
   });
 }
 

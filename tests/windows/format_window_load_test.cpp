@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QListWidget>
+#include <QTextCursor>
+#include <QTextEdit>
 #include <filesystem>
 
 #include "tests/support/format_desk.h"
@@ -54,6 +56,20 @@ TEST_F(FormatWindowLoad, TellsTheEditorHowToWorkUntilATextIsOpened) {
   EXPECT_EQ(std::ranges::count(shown, '\n'), 3);
   EXPECT_TRUE(shown.starts_with("متن در اين محل نمايش داده مي"));
   EXPECT_TRUE(shown.ends_with("تبديل نماييد.\u200F"));
+}
+
+TEST_F(FormatWindowLoad, TellsItInTenPointAndShowsTextsInTheBoxsOwnLetters) {
+  desk.AddText("One.txt", u"alpha");
+  desk.Open();
+  const auto& box = Robot::FindAs<QTextEdit>("Form3", "matn");
+  const auto pointsOfFirstLetter = [&box] {
+    QTextCursor letter(box.document());
+    letter.setPosition(1);
+    return letter.charFormat().fontPointSize();
+  };
+  EXPECT_EQ(pointsOfFirstLetter(), 10);
+  FormatDesk::OpenBook("One.txt");
+  EXPECT_EQ(pointsOfFirstLetter(), 0);
 }
 
 TEST_F(FormatWindowLoad, StartsWithTheMembersOfAFreshPass) {
