@@ -9,12 +9,14 @@
 #include <functional>
 
 #include "tests/book/book_desk.h"
+#include "tests/support/gallery_desk.h"
 
 namespace {
 
 using book::BookDesk;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing_support::GalleryDesk;
 using testing_support::Robot;
 
 class DeskBook : public testing::Test {
@@ -24,13 +26,8 @@ class DeskBook : public testing::Test {
     desk.Open();
     BookDesk::OpenBook("desk.txt");
   }
-  // Opens the row in the paragraph window, works on it and keeps the changes.
   void Edit(int row, const std::function<void()>& work) {
-    desk.robot.WhenShown("Form6", [work] {
-      work();
-      Robot::Click("Form6", "btn(4)");
-    });
-    Robot::ClickLine("Form3", "bindex", row);
+    desk.Edit(row, work);
     EXPECT_FALSE(desk.form6.IsLoaded());
   }
   // Picks a file below the folder Resources, when the file chooser comes up.
@@ -60,10 +57,6 @@ class DeskBook : public testing::Test {
       Robot::Click("Form2", "btn(0)");
     });
     Robot::Click(window, button);
-  }
-  static void Tick(const QString& window, int row, const QString& title = {}) {
-    if (!title.isEmpty()) Robot::Type(window, QStringLiteral("IMN(%1)").arg(row), title);
-    Robot::Click(window, QStringLiteral("IMC(%1)").arg(row));
   }
   static void TypeOver(const QString& passage, const QString& text) {
     Robot::Select("Form6", "matn", passage);
@@ -105,21 +98,20 @@ class DeskBook : public testing::Test {
     Edit(3, [this] {
       Robot::Click("Form6", "btn(5)");
       OpenPictureFolder("Form6", "Command3");
-      Tick("Form6", 0, "گره");
-      Tick("Form6", 2);
+      GalleryDesk::Tick("Form6", 0, "گره");
+      GalleryDesk::Tick("Form6", 2);
       Pick("Image1", {}, "MyBook.jpg");
     });
     Edit(4, [this] {
       Robot::Click("Form6", "btn(5)");
       OpenPictureFolder("Form6", "Command3");
-      Tick("Form6", 0, "گره");
-      Tick("Form6", 1, "حوض");
-      Tick("Form6", 0);
+      GalleryDesk::Tick("Form6", 0, "گره");
+      GalleryDesk::Tick("Form6", 1, "حوض");
+      GalleryDesk::Tick("Form6", 0);
     });
   }
   void Delete(int row) {
-    desk.robot.WhenShown("Form6", [] { Robot::Click("Form6", "btn(0)"); });
-    Robot::ClickLine("Form3", "bindex", row);
+    desk.InEntry(row, [] { Robot::Click("Form6", "btn(0)"); });
   }
 
   BookDesk desk;
@@ -138,14 +130,14 @@ TEST_F(DeskBook, HoldsWhatWasDoneToItsEntriesAndACollectionOfPictures) {
   Robot::Type("Form3", "bname", "نگاره");
   Robot::Click("Form3", "Com(12)");
   OpenPictureFolder("Form3", "Command1");
-  Tick("Form3", 0, "يكم");
-  Tick("Form3", 1, "دوم");
-  Tick("Form3", 2, "سوم");
-  Tick("Form3", 1);
+  GalleryDesk::Tick("Form3", 0, "يكم");
+  GalleryDesk::Tick("Form3", 1, "دوم");
+  GalleryDesk::Tick("Form3", 2, "سوم");
+  GalleryDesk::Tick("Form3", 1);
   Robot::PressKey("Form3", "VSC", Qt::Key_PageDown);
-  Tick("Form3", 0, "پرنده");
+  GalleryDesk::Tick("Form3", 0, "پرنده");
   Robot::PressKey("Form3", "VSC", Qt::Key_PageUp);
-  Tick("Form3", 0);
+  GalleryDesk::Tick("Form3", 0);
   EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
   Robot::Click("Form3", "Com(13)");
   EXPECT_THAT(desk.robot.TakeBoxes(), SizeIs(1));

@@ -62,6 +62,21 @@ void FormatDesk::FileHeading(const QString& title, const QString& text) {
   Mark(Qt::Key_F3, text);
 }
 
+void FormatDesk::InEntry(int row, const std::function<void()>& act) {
+  robot.WhenShown("Form6", [this, act] {
+    act();
+    if (form6.IsLoaded()) Robot::CloseWindow("Form6");
+  });
+  Robot::ClickLine("Form3", "bindex", row);
+}
+
+void FormatDesk::Edit(int row, const std::function<void()>& act) {
+  InEntry(row, [act] {
+    act();
+    Robot::Click("Form6", "btn(4)");
+  });
+}
+
 std::string FormatDesk::Shown(const QString& control) {
   QWidget& widget = Robot::Find("Form3", control);
   QString shown;

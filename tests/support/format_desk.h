@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,12 @@ class FormatDesk : public Desk {
   static void Command(int command, const QString& passage = {});
   // A heading with its text, by the keys F2 and F3.
   static void FileHeading(const QString& title, const QString& text);
+
+  // Opens row `row` of the entry list, does `act` with the paragraph window, and closes that by its
+  // own button if it is still there.
+  void InEntry(int row, const std::function<void()>& act);
+  // The same, and keeps the changes.
+  void Edit(int row, const std::function<void()>& act);
 
   // What a control of the format window shows, in UTF-8; of a text box of many paragraphs its plain
   // text with "\n" between them.

@@ -11,6 +11,8 @@
 namespace testing_support {
 namespace {
 
+constexpr std::size_t kStem = 14;  // letters of a random name
+
 QString Cell(const char* control, int row) {
   return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(row);
 }
@@ -41,7 +43,7 @@ void GalleryDesk::AddPicture(const std::string& name, const std::string& place, 
 // The head of a small grey picture, with another size written into it, and then for each block of 8
 // by 8 the six bits that say "as grey as the last one" in the standard's own tables; four blocks
 // make three bytes.
-void GalleryDesk::AddHugePicture(const std::string& name, const std::string& place) const {
+std::string GalleryDesk::HugeJpeg() {
   constexpr int kSide = 20'000;
   QImage image(8, 8, QImage::Format_Grayscale8);
   image.fill(Qt::gray);
@@ -55,8 +57,12 @@ void GalleryDesk::AddHugePicture(const std::string& name, const std::string& pla
   jpeg.resize(scan + 2 + static_cast<std::size_t>(jpeg[scan + 3]));
   constexpr int kBlocks = (kSide / 8) * (kSide / 8);
   for (int i = 0; i < kBlocks / 4; ++i) jpeg += "\x28\xA2\x8A";
+  return jpeg + "\xFF\xD9";
+}
+
+void GalleryDesk::AddHugePicture(const std::string& name, const std::string& place) const {
   MakeFolders(place);
-  Write(place + "/" + name, jpeg + "\xFF\xD9");
+  Write(place + "/" + name, HugeJpeg());
 }
 
 void GalleryDesk::AddPictures(int count) const {
@@ -102,12 +108,12 @@ bool GalleryDesk::TitleIsOpen(const QString& window, int row) {
   return Robot::Find(window, Cell("IMN", row)).isEnabled();
 }
 
-void GalleryDesk::InEntry(int row, const std::function<void()>& act) {
-  robot.WhenShown("Form6", [this, act] {
-    act();
-    if (form6.IsLoaded()) Robot::CloseWindow("Form6");
-  });
-  Robot::ClickLine("Form3", "bindex", row);
+std::vector<std::string> GalleryDesk::BuiltGalleries() const {
+  std::vector<std::string> galleries;
+  for (const std::string& name : BookNames("_xml", ".xml")) {
+    if (name.size() == kStem + 4) galleries.push_back(Unnamed("_xml/" + name));
+  }
+  return galleries;
 }
 
 platform::Text GalleryDesk::Picture(platform::TextView name, platform::TextView place) const {

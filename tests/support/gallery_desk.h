@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,8 @@ class GalleryDesk : public FormatDesk {
   void AddPicture(const std::string& name, const std::string& place = "Pictures", int width = 40,
                   int height = 30) const;
   void AddPictures(int count) const;  // p1.jpg, p2.jpg ...; at most 9
-  // A grey one of 20,000 by 20,000, in 5 MB.
+  // The bytes of a grey one of 20,000 by 20,000, in 5 MB.
+  static std::string HugeJpeg();
   void AddHugePicture(const std::string& name, const std::string& place = "Pictures") const;
 
   // Opens a folder of the program folder in the window's browser, through the folder chooser.
@@ -30,9 +30,8 @@ class GalleryDesk : public FormatDesk {
   static std::string TitleOf(const QString& window, int row);
   static bool TitleIsOpen(const QString& window, int row);
 
-  // Opens row `row` of the entry list, does `act` with the window, and closes it by its own button
-  // if it is still there.
-  void InEntry(int row, const std::function<void()>& act);
+  // The gallery files that builds made of entries, random names written as "S".
+  std::vector<std::string> BuiltGalleries() const;
 
   // The path of a picture as the galleries hold it.
   platform::Text Picture(platform::TextView name, platform::TextView place = u"Pictures") const;

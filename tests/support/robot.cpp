@@ -23,6 +23,12 @@ namespace {
 
 [[noreturn]] void Complain(const QString& what) { throw std::runtime_error(what.toStdString()); }
 
+// What takes the clicks: of what scrolls only the part that shows it.
+QWidget& Clickable(QWidget& widget) {
+  auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
+  return area == nullptr ? widget : *area->viewport();
+}
+
 QPoint ClickPoint(const QWidget& widget) {
   // Tick boxes and options react on their mark and caption, which stand on the right.
   const bool tickable = widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
@@ -72,14 +78,14 @@ void Robot::Click(const QString& window, const QString& control) {
   if (!widget.isVisible() || !widget.isEnabled()) {
     Complain(QStringLiteral("Can't click %1 of %2").arg(control, window));
   }
-  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, ClickPoint(widget));
+  QWidget& clicked = Clickable(widget);
+  QTest::mouseClick(&clicked, Qt::LeftButton, Qt::NoModifier, ClickPoint(clicked));
   Settle();
 }
 
 void Robot::RightClick(const QString& window, const QString& control) {
-  QWidget* widget = &Find(window, control);
-  if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) widget = area->viewport();
-  QTest::mouseClick(widget, Qt::RightButton, Qt::NoModifier, widget->rect().center());
+  QWidget& clicked = Clickable(Find(window, control));
+  QTest::mouseClick(&clicked, Qt::RightButton, Qt::NoModifier, clicked.rect().center());
   Settle();
 }
 
@@ -121,6 +127,14 @@ std::vector<std::string> Robot::Lines(const QString& window, const QString& list
     lines[static_cast<std::size_t>(i)] = widget.item(i)->text().toStdString();
   }
   return lines;
+}
+
+std::string Robot::BoldLine(const QString& window, const QString& list) {
+  const QListWidget& widget = ListOf(window, list);
+  for (int i = 0; i < widget.count(); ++i) {
+    if (widget.item(i)->font().bold()) return widget.item(i)->text().trimmed().toStdString();
+  }
+  Complain(QStringLiteral("No bold line in ") + list);
 }
 
 void Robot::ClickLine(const QString& window, const QString& list, int line) {

@@ -51,6 +51,8 @@ class Robot : public QObject {
                        Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   // What a list shows.
   static std::vector<std::string> Lines(const QString& window, const QString& list);
+  // The line in bold, which in a list of folders is the one that is open; an error if none is.
+  static std::string BoldLine(const QString& window, const QString& list);
   // A line of a list, by number or by its text (-1 lines: an error).
   static void ClickLine(const QString& window, const QString& list, int line);
   static void ClickLine(const QString& window, const QString& list, const QString& text);

@@ -149,6 +149,20 @@ TEST_F(FormatWindowGalleryPictures, LeavingTheModeAndComingBackShowsTheProgramsO
   EXPECT_EQ(Robot::FindAs<QScrollBar>("Form3", "VSC").value(), 1);
 }
 
+// A folder of six or more pictures leaves the scroll bar where it is, beside rows from the top.
+TEST_F(FormatWindowGalleryPictures, ComingBackToSixOrMoreShowsTheTopWhileTheScrollBarStays) {
+  for (int i = 1; i <= 9; ++i) desk.AddPicture("own" + std::to_string(i) + ".jpg", ".");
+  Robot::Click("Form3", "Com(12)");
+  Scroll(Qt::Key_End);
+  EXPECT_THAT(Names(), ElementsAre("own7.jpg", "own8.jpg", "own9.jpg"));
+  Robot::Click("Form3", "Com(12)");
+  Robot::Click("Form3", "Com(12)");
+  EXPECT_EQ(Names().front(), "own1.jpg");
+  EXPECT_EQ(Robot::FindAs<QScrollBar>("Form3", "VSC").value(), 7);
+  Scroll(Qt::Key_Up);
+  EXPECT_EQ(Names().front(), "own6.jpg");
+}
+
 // Ten thousand pictures of which all can't be decoded but those that are seen: one more that was
 // decoded would end the test.
 class ManyPictures : public FormatWindowGalleryPictures {

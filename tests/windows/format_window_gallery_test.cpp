@@ -187,6 +187,17 @@ TEST_F(FormatWindowGallery, UntickingTakesItOutWithItsTitle) {
   EXPECT_EQ(GalleryDesk::TitleOf("Form3", 0), "");
 }
 
+TEST_F(FormatWindowGallery, TheSpaceKeyOnATickAddsThePictureAndTakesItOut) {
+  OpenPictures(2);
+  Robot::Type("Form3", "IMN(1)", "title");
+  Robot::PressKey("Form3", "IMC(1)", Qt::Key_Space);
+  EXPECT_THAT(Slots(), ElementsAre("*p2.jpg|title"));
+  EXPECT_FALSE(GalleryDesk::TitleIsOpen("Form3", 1));
+  Robot::PressKey("Form3", "IMC(1)", Qt::Key_Space);
+  EXPECT_THAT(Slots(), ElementsAre("Removed|"));
+  EXPECT_TRUE(GalleryDesk::TitleIsOpen("Form3", 1));
+}
+
 TEST_F(FormatWindowGallery, AnotherPictureTakesTheFirstSlotWhileTheLaterOnesStay) {
   OpenPictures(3);
   Tick(0);
@@ -302,7 +313,7 @@ TEST_F(FormatWindowGallery, TheButtonBelowBuildsAndPassesOverTombstones) {
   EXPECT_TRUE(desk.form3.galleryMode);
 }
 
-TEST_F(FormatWindowGallery, AVanishedFolderIsToldInTheLogAndTheWindowGoesOn) {
+TEST_F(FormatWindowGallery, AFolderThatVanishedIsNotMissedByTheNextChoice) {
   OpenPictures(2);
   std::filesystem::remove_all(desk.HostPath("Pictures"));
   desk.MakeFolders("Others");
@@ -325,15 +336,41 @@ TEST_F(FormatWindowGallery, AnEmptyPictureFailsInTheChoice) {
   EXPECT_EQ(desk.LoggedFailures(44), 1);
 }
 
-TEST_F(FormatWindowGallery, AFolderWithoutRightsFailsInTheChoice) {
+TEST_F(FormatWindowGallery, AFolderThatLosesItsRightsInTheChooserFailsInTheChoice) {
   OpenPictures(1);
-  desk.MakeFolders("Others");
-  std::filesystem::permissions(desk.HostPath("Others"), std::filesystem::perms::owner_exec);
+  desk.AddPicture("q.jpg", "Others");
   const OrdinaryUser user(desk.folder.HostPath());
   if (!user.IsOrdinary()) GTEST_SKIP() << "nobody refuses this user anything";
-  desk.form1.Catching(44, [&] { desk.form3.SetGalFol(desk.Path(u"Others"), 0); });
+  desk.robot.WhenShown("Form2", [this] {
+    Robot::DoubleClickLine("Form2", "Dir1", "Others");
+    std::filesystem::permissions(desk.HostPath("Others"), std::filesystem::perms::owner_exec);
+    Robot::Click("Form2", "btn(0)");
+  });
+  Robot::Click("Form3", "Command1");
   EXPECT_EQ(desk.LoggedFailures(44), 1);
-  EXPECT_THAT(Names(), ElementsAre("p1.jpg"));
+  EXPECT_THAT(Names(), ElementsAre(""));
+  std::filesystem::permissions(desk.HostPath("Others"), std::filesystem::perms::owner_all);
+  desk.OpenFolder("Form3", "Others");
+  EXPECT_THAT(Names(), ElementsAre("q.jpg"));
+  EXPECT_EQ(desk.AllLoggedFailures(), 1);
+}
+
+TEST_F(FormatWindowGallery, AChoiceThatFailsLeavesTheRowsBlankInTheirPlacesAndATitleFrozen) {
+  OpenPictures(2);
+  Tick(0, "title");
+  desk.MakeFolders("Others");
+  desk.files.FailWhere("FileNames", "Others");
+  desk.OpenFolder("Form3", "Others");
+  EXPECT_EQ(desk.LoggedFailures(44), 1);
+  EXPECT_THAT(Names(), ElementsAre("", ""));
+  for (const int row : {0, 1}) {
+    EXPECT_FALSE(desk.form3.IMG(row).HasPicture()) << row;
+    EXPECT_EQ(GalleryDesk::TitleOf("Form3", row), "") << row;
+  }
+  EXPECT_THAT(Ticked(), IsEmpty());
+  EXPECT_FALSE(GalleryDesk::TitleIsOpen("Form3", 0));
+  EXPECT_TRUE(GalleryDesk::TitleIsOpen("Form3", 1));
+  EXPECT_THAT(Slots(), ElementsAre("*p1.jpg|title"));
 }
 
 TEST_F(FormatWindowGallery, ADamagedPictureBesideTheProgramFailsAtTheOpening) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QTextBlock>
 #include <QTextEdit>
 
@@ -151,6 +152,22 @@ TEST_F(FormatWindowParagraphs, NineThirtyOneAndLettersBecome22OnLeavingTheField)
     EXPECT_EQ(desk.form3.wordLimit, 22) << words;
   }
   EXPECT_EQ(desk.AllLoggedFailures(), 0);
+}
+
+// By clicks, behind which the toolkit's own fields select nothing.
+TEST_F(FormatWindowParagraphs, TheFieldIsSelectedWhenItGetsTheFocusAndSoIsA22ThatWasPutBack) {
+  desk.OpenOn(u"alpha");
+  const auto selected = [] { return Robot::FindAs<QLineEdit>("Form3", "chnd").selectedText(); };
+  Robot::Click("Form3", "matn");
+  EXPECT_EQ(selected(), "");
+  Robot::Click("Form3", "chnd");
+  EXPECT_EQ(selected(), "22");
+  EXPECT_EQ(WordsAfterTyping("15"), "15");
+  EXPECT_EQ(selected(), "");
+  EXPECT_EQ(WordsAfterTyping("abc"), "22");
+  Robot::Click("Form3", "chnd");
+  EXPECT_EQ(selected(), "22");
+  EXPECT_EQ(FormatDesk::Shown("chnd"), "22");
 }
 
 TEST_F(FormatWindowParagraphs, TenAndThirtyStayInTheField) {

@@ -2,8 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-#include <QImage>
 #include <QLineEdit>
 #include <QTextEdit>
 #include <filesystem>
@@ -20,26 +18,6 @@ using testing_support::Robot;
 using testing_support::Utf8;
 
 constexpr int kHugeSide = 20'000;
-
-// A grey JPEG of 20,000 by 20,000 pixels in less than 5 MB: the head of a small one with another
-// size, and behind it for each block "no difference from the one before" (00) and "no more" (1010).
-std::string HugeJpeg() {
-  QImage grey(8, 8, QImage::Format_Grayscale8);
-  grey.fill(128);
-  QByteArray small;
-  QBuffer buffer(&small);
-  buffer.open(QIODevice::WriteOnly);
-  grey.save(&buffer, "JPG");
-  const char side[] = {static_cast<char>(kHugeSide >> 8), static_cast<char>(kHugeSide & 0xFF)};
-  const qsizetype frame = small.indexOf(QByteArray("\xFF\xC0"));
-  for (const qsizetype at : {frame + 5, frame + 7}) small.replace(at, 2, QByteArray(side, 2));
-  const qsizetype scan = small.indexOf(QByteArray("\xFF\xDA"));
-  const int headLength = small.at(scan + 2) << 8 | small.at(scan + 3);
-  std::string bytes = small.first(scan + 2 + headLength).toStdString();
-  constexpr int kBlocks = kHugeSide / 8 * (kHugeSide / 8);
-  for (int i = 0; i < kBlocks / 4; ++i) bytes += "\x28\xA2\x8A";
-  return bytes + "\xFF\xD9";
-}
 
 // The head of a bitmap of 20,000 by 20,000 pixels without the pixels.
 std::string HugeBitmapHead() {
@@ -84,7 +62,7 @@ class ParagraphBadInput : public testing::Test {
 };
 
 TEST_F(ParagraphBadInput, AHugeBackgroundIsShown) {
-  desk.Write("media/huge.jpg", HugeJpeg());
+  desk.AddHugePicture("huge.jpg", "media");
   InEntry([this] {
     PickBackground("huge.jpg");
     EXPECT_TRUE(desk.form6.Image1.HasPicture());
@@ -97,7 +75,7 @@ TEST_F(ParagraphBadInput, AHugeBackgroundIsShown) {
 TEST_F(ParagraphBadInput, BackgroundsThatCanNotBeShownKeepTheirPathAndTheWindowItsRow) {
   desk.Write("media/empty.jpg", "");
   desk.Write("media/huge.bmp", HugeBitmapHead());
-  desk.Write("media/cut.jpg", HugeJpeg().substr(0, 30));
+  desk.Write("media/cut.jpg", GalleryDesk::HugeJpeg().substr(0, 30));
   int failures = 0;
   for (const char* name : {"empty.jpg", "huge.bmp", "cut.jpg"}) {
     SCOPED_TRACE(name);

@@ -30,12 +30,7 @@ class ParagraphFormats : public testing::Test {
   }
   void InEntry(int row, const std::function<void()>& act) { desk.InEntry(row, act); }
   // The changes are kept at the end.
-  void Edit(int row, const std::function<void()>& act) {
-    InEntry(row, [act] {
-      act();
-      Robot::Click("Form6", "btn(4)");
-    });
-  }
+  void Edit(int row, const std::function<void()>& act) { desk.Edit(row, act); }
   static QTextEdit& Matn() { return Robot::FindAs<QTextEdit>("Form6", "matn"); }
   static std::string Text() { return Matn().toPlainText().toStdString(); }
   static QTextCharFormat FormatAt(const QString& passage) {

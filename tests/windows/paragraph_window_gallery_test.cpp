@@ -71,11 +71,7 @@ class ParagraphGallery : public testing::Test {
   // The gallery files that a build leaves.
   std::vector<std::string> BuiltGalleries() {
     Robot::PressKey("Form3", "matn", Qt::Key_F12);
-    std::vector<std::string> galleries;
-    for (const std::string& name : desk.BookNames("_xml", ".xml")) {
-      if (name.size() == 14 + 4) galleries.push_back(desk.Unnamed("_xml/" + name));
-    }
-    return galleries;
+    return desk.BuiltGalleries();
   }
 
   GalleryDesk desk;
@@ -130,6 +126,18 @@ TEST_F(ParagraphGallery, UntickingTakesItOutWithItsTitle) {
     EXPECT_EQ(GalleryDesk::TitleOf("Form6", 0), "");
   });
   EXPECT_THAT(Slots(), ElementsAre("Removed|"));
+}
+
+TEST_F(ParagraphGallery, TheSpaceKeyOnATickAddsThePictureAndTakesItOut) {
+  InGalleryOf(2, [this] {
+    Robot::Type("Form6", "IMN(1)", "title");
+    Robot::PressKey("Form6", "IMC(1)", Qt::Key_Space);
+    EXPECT_THAT(Slots(), ElementsAre("*p2.jpg|title"));
+    EXPECT_FALSE(GalleryDesk::TitleIsOpen("Form6", 1));
+    Robot::PressKey("Form6", "IMC(1)", Qt::Key_Space);
+    EXPECT_THAT(Slots(), ElementsAre("Removed|"));
+    EXPECT_TRUE(GalleryDesk::TitleIsOpen("Form6", 1));
+  });
 }
 
 TEST_F(ParagraphGallery, AnotherPictureTakesTheFirstSlotWhileTheLaterOnesStay) {
@@ -189,6 +197,22 @@ TEST_F(ParagraphGallery, AnotherFolderIsShownFromItsTopAndTheFirstOnesPicturesSt
               ElementsAre("*p1.jpg|", Utf8(desk.Picture(u"q.jpg", u"Others")) + "|another"));
 }
 
+// A folder of six or more pictures leaves the scroll bar where it is, beside rows from the top.
+TEST_F(ParagraphGallery, SwitchedOffAndOnItShowsTheTopWhileTheScrollBarStays) {
+  for (int i = 1; i <= 9; ++i) desk.AddPicture("own" + std::to_string(i) + ".jpg", ".");
+  desk.InEntry(0, [] {
+    Robot::Click("Form6", "btn(5)");
+    Scroll(Qt::Key_End);
+    EXPECT_THAT(Names(), ElementsAre("own7.jpg", "own8.jpg", "own9.jpg"));
+    Robot::Click("Form6", "btn(5)");
+    Robot::Click("Form6", "btn(5)");
+    EXPECT_EQ(Names().front(), "own1.jpg");
+    EXPECT_EQ(Bar().value(), 7);
+    Scroll(Qt::Key_Up);
+    EXPECT_EQ(Names().front(), "own6.jpg");
+  });
+}
+
 TEST_F(ParagraphGallery, EachEntryHasItsOwnAndTheBuildWritesBoth) {
   InGalleryOf(2, [] { Tick(0, "one"); });
   InGallery([] { Tick(1, "two"); }, 1);
@@ -245,17 +269,45 @@ TEST_F(ParagraphGallery, ADamagedAndAnEmptyPictureFailInTheChoiceAndTheWindowSta
   EXPECT_EQ(desk.LoggedFailures(44), 2);
 }
 
-TEST_F(ParagraphGallery, AFolderWithoutRightsFailsInTheChoice) {
+TEST_F(ParagraphGallery, AFolderThatLosesItsRightsInTheChooserFailsInTheChoice) {
   desk.AddPictures(1);
-  desk.MakeFolders("Others");
-  fs::permissions(desk.HostPath("Others"), fs::perms::owner_exec);
+  desk.AddPicture("q.jpg", "Others");
   const OrdinaryUser user(desk.folder.HostPath());
   if (!user.IsOrdinary()) GTEST_SKIP() << "nobody refuses this user anything";
   InGallery([this] {
-    desk.form1.Catching(44, [&] { desk.form3.SetGalFol(desk.Path(u"Others"), 1); });
-    EXPECT_THAT(Names(), ElementsAre("p1.jpg"));
+    desk.robot.WhenShown("Form2", [this] {
+      Robot::DoubleClickLine("Form2", "Dir1", "Others");
+      fs::permissions(desk.HostPath("Others"), fs::perms::owner_exec);
+      Robot::Click("Form2", "btn(0)");
+    });
+    Robot::Click("Form6", "Command3");
+    EXPECT_TRUE(desk.form6.IsVisible());
+    EXPECT_EQ(desk.LoggedFailures(44), 1);
+    EXPECT_THAT(Names(), ElementsAre(""));
+    fs::permissions(desk.HostPath("Others"), fs::perms::owner_all);
+    desk.OpenFolder("Form6", "Others");
+    EXPECT_THAT(Names(), ElementsAre("q.jpg"));
   });
-  EXPECT_EQ(desk.LoggedFailures(44), 1);
+  EXPECT_EQ(desk.AllLoggedFailures(), 1);
+}
+
+TEST_F(ParagraphGallery, AChoiceThatFailsLeavesTheRowsBlankInTheirPlacesAndATitleFrozen) {
+  desk.MakeFolders("Others");
+  InGalleryOf(2, [this] {
+    Tick(0, "title");
+    desk.files.FailWhere("FileNames", "Others");
+    desk.OpenFolder("Form6", "Others");
+    EXPECT_EQ(desk.LoggedFailures(44), 1);
+    EXPECT_THAT(Names(), ElementsAre("", ""));
+    for (const int row : {0, 1}) {
+      EXPECT_FALSE(desk.form6.IMG(row).HasPicture()) << row;
+      EXPECT_EQ(GalleryDesk::TitleOf("Form6", row), "") << row;
+    }
+    EXPECT_THAT(Ticked(), IsEmpty());
+    EXPECT_FALSE(GalleryDesk::TitleIsOpen("Form6", 0));
+    EXPECT_TRUE(GalleryDesk::TitleIsOpen("Form6", 1));
+  });
+  EXPECT_THAT(Slots(), ElementsAre("*p1.jpg|title"));
 }
 
 TEST_F(ParagraphGallery, AVanishedPictureEndsTheBuild) {

@@ -5,6 +5,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 #include <filesystem>
+#include <utility>
 
 #include "tests/support/gallery_desk.h"
 
@@ -283,11 +284,18 @@ TEST_F(ParagraphImages, TheNextCollectionCountsFromZeroAndKnowsTheLastChoiceStil
   EXPECT_EQ(desk.form3.table.inlineImage(0), desk.Picture(u"b.jpg"));
 }
 
-TEST_F(ParagraphImages, Failure56AMarkThatIsNoRichText) {
-  desk.form3.imageMark = u"no rich text";
-  desk.InEntry(1, [this] { Insert("a.jpg"); });
-  EXPECT_EQ(desk.LoggedFailures(56), 1);
+TEST_F(ParagraphImages, Failure56AMarkThatIsNoRichTextLeavesWhatWasTypedSoFar) {
+  const Text mark = std::exchange(desk.form3.imageMark, u"no rich text");
+  EXPECT_EQ(After(1, 7, [this] { Insert("a.jpg"); }), "alpha\r\n\r\nbeta\r\ngamma");
+  EXPECT_EQ(After(0, 2, [this] { Insert("b.jpg"); }), "Line \r\n");
+  EXPECT_EQ(desk.LoggedFailures(56), 2);
+  EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
+  // The number is still free, though the table knows the picture.
   EXPECT_EQ(desk.form3.imageCount, 0);
+  EXPECT_EQ(desk.form3.table.inlineImage(0), desk.Picture(u"b.jpg"));
+  desk.form3.imageMark = mark;
+  EXPECT_EQ(After(1, 0, [this] { Insert("a.jpg"); }), " {0}\r\nalpha\r\n\r\nbeta\r\ngamma");
+  EXPECT_EQ(desk.form3.table.inlineImage(0), desk.Picture(u"a.jpg"));
 }
 
 }  // namespace

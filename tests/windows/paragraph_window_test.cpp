@@ -1,4 +1,4 @@
-// The paragraph window on real rows: what it shows, what goes back, what is deleted.
+// The paragraph window on real rows: what it shows and what goes back.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextEdit>
+#include <array>
 
 #include "tests/support/gallery_desk.h"
 
@@ -37,12 +38,7 @@ class ParagraphWindow : public testing::Test {
   }
   void InEntry(int row, const std::function<void()>& act) { desk.InEntry(row, act); }
   // The changes are kept at the end.
-  void Edit(int row, const std::function<void()>& act) {
-    InEntry(row, [act] {
-      act();
-      Robot::Click("Form6", "btn(4)");
-    });
-  }
+  void Edit(int row, const std::function<void()>& act) { desk.Edit(row, act); }
   static QTextEdit& Matn() { return Robot::FindAs<QTextEdit>("Form6", "matn"); }
   static QString Shown(const QString& field) {
     return Robot::FindAs<QLineEdit>("Form6", field).text();
@@ -59,7 +55,15 @@ class ParagraphWindow : public testing::Test {
   Text AddFile(const std::string& name) {
     desk.MakeFolders("media");
     desk.Write("media/" + name, "bytes");
-    return desk.Path(u"media\\" + platform::FromUtf8(name));
+    return Medium(platform::FromUtf8(name));
+  }
+  Text Medium(const Text& name) const { return desk.Path(u"media\\" + name); }
+  // Of the attached file, the sound and the film.
+  void TypePaths(const std::array<Text, 3>& names) const {
+    const std::array<const char*, 3> fields = {"picB", "soutB", "filmB"};
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      Robot::Type("Form6", fields[i], Q(Medium(names[i])));
+    }
   }
   static QString Q(const Text& text) { return QString::fromStdString(Utf8(text)); }
 
@@ -150,12 +154,40 @@ TEST_F(ParagraphWindow, ATitleOfTwentyCharactersIsShownWholeAndOfTwentyOneCut) {
 }
 
 TEST_F(ParagraphWindow, ClosingItByItsButtonDropsTheEdits) {
-  InEntry(1, [] {
+  desk.AddPicture("back.jpg");
+  Table().entryBack.Set(1, desk.Picture(u"back.jpg"));
+  for (const char* name : {"a.pdf", "a.mp3", "a.flv"}) AddFile(name);
+  Edit(1, [this] { TypePaths({u"a.pdf", u"a.mp3", u"a.flv"}); });
+  const std::string line = Line(1);
+  const Text text = Table().entryText(1);
+  InEntry(1, [this] {
     Robot::Type("Form6", "bname", "Heading");
-    Robot::Type("Form6", "soutB", "C:\\x.mp3");
+    TypeOver("Text", "Other text");
+    TypePaths({u"b.pdf", u"b.mp3", u"b.flv"});
+    Robot::Click("Form6", "Image1");
+    Robot::Click("Form6", "btn(5)");
   });
   EXPECT_EQ(Table().entryTitle(1), u"Head");
-  EXPECT_EQ(Table().entrySound(1), u"");
+  EXPECT_EQ(Table().entryText(1), text);
+  EXPECT_EQ(Table().entryAttach(1), Medium(u"a.pdf"));
+  EXPECT_EQ(Table().entrySound(1), Medium(u"a.mp3"));
+  EXPECT_EQ(Table().entryFilm(1), Medium(u"a.flv"));
+  EXPECT_EQ(Table().entryBack(1), desk.Picture(u"back.jpg"));
+  EXPECT_FALSE(Table().entryGallery(1));
+  EXPECT_EQ(Line(1), line);
+}
+
+TEST_F(ParagraphWindow, ALockedRowClosedByItsButtonLeavesTheNextOneOpen) {
+  const auto locked = [] { return Robot::FindAs<QLineEdit>("Form6", "bname").isReadOnly(); };
+  for (const int row : {0, 2}) {
+    InEntry(row, [&] { EXPECT_TRUE(locked()); });
+    EXPECT_FALSE(desk.form6.IsLoaded());
+    Edit(1, [&] {
+      EXPECT_FALSE(locked());
+      Robot::Type("Form6", "bname", "row " + QString::number(row));
+    });
+    EXPECT_EQ(Table().entryTitle(1), u"row " + platform::FromNumber(row));
+  }
 }
 
 TEST_F(ParagraphWindow, AMainTitleStaysPlainThroughAnEdit) {
@@ -240,58 +272,6 @@ TEST_F(ParagraphWindow, WhatAWordProcessorCopiedKeepsItsFormatThroughTheSystemsP
   });
 }
 
-TEST_F(ParagraphWindow, DeletingMovesFiveColumnsAndLeavesTheOthers) {
-  for (int row = 0; row < 5; ++row) {
-    const Text number = platform::FromNumber(row);
-    Table().entryAttach.Set(row, u"attach " + number);
-    Table().entrySound.Set(row, u"sound " + number);
-    Table().entryFilm.Set(row, u"film " + number);
-    Table().entryBack.Set(row, u"back " + number);
-    Table().entryGalPath.Set(row, 0, u"picture " + number);
-  }
-  Table().entryGallery.Set(3, true);
-  InEntry(1, [] { Robot::Click("Form6", "btn(0)"); });
-  EXPECT_FALSE(desk.form6.IsLoaded());
-  EXPECT_EQ(desk.form3.entryCount, 4);
-  EXPECT_EQ(desk.form3.mainOpen, 0);
-  EXPECT_THAT(FormatDesk::Lines("bindex"), SizeIs(4));
-  EXPECT_EQ(Table().entryTitle(1), u">>> تيتر اصلي");
-  EXPECT_EQ(Table().entryTitle(2), u"Other");
-  EXPECT_EQ(Table().entryFilm(2), u"film 3");
-  EXPECT_EQ(Table().entryBack(2), u"back 2");
-  EXPECT_EQ(Table().entryGalPath(2, 0), u"picture 2");
-  EXPECT_FALSE(Table().entryGallery(2));
-  EXPECT_TRUE(Table().entryGallery(3));
-  EXPECT_EQ(Table().entryTitle(4), u"");
-  EXPECT_EQ(desk.AllLoggedFailures(), 0);
-}
-
-TEST_F(ParagraphWindow, DeletingTheLastRowLeavesItEmpty) {
-  InEntry(3, [] { Robot::Click("Form6", "btn(0)"); });
-  desk.form3.editIndex = 3;
-  desk.robot.WhenShown("Form6", [] { Robot::Click("Form6", "btn(0)"); });
-  desk.form6.ShowModal(nullptr);
-  EXPECT_EQ(desk.form3.entryCount, 3);
-  EXPECT_EQ(Table().entryTitle(3), u"");
-  EXPECT_EQ(Table().entryText(3), u"");
-  EXPECT_EQ(desk.AllLoggedFailures(), 0);
-}
-
-TEST_F(ParagraphWindow, ARowDeletedWhileItIsAGalleryLosesThePicturesAtItsNumber) {
-  desk.AddPictures(1);
-  Edit(1, [this] {
-    Robot::Click("Form6", "btn(5)");
-    desk.OpenFolder("Form6");
-    GalleryDesk::Tick("Form6", 0);
-  });
-  EXPECT_TRUE(Table().entryGallery(1));
-  EXPECT_EQ(Table().entryGalPath(1, 0), desk.Picture(u"p1.jpg"));
-  InEntry(1, [] { Robot::Click("Form6", "btn(0)"); });
-  EXPECT_TRUE(Table().entryGallery(1));
-  EXPECT_EQ(Table().entryGalPath(1, 0), u"");
-  EXPECT_EQ(desk.AllLoggedFailures(), 0);
-}
-
 TEST_F(ParagraphWindow, AHeadingWithoutTextYetIsShownEmpty) {
   desk.OpenOn(u"Lone");
   FormatDesk::Mark(Qt::Key_F2, "Lone");
@@ -347,13 +327,18 @@ TEST_F(ParagraphWindow, AButtonEmptiesItsFieldAloneUntilTheChangesAreKept) {
   EXPECT_EQ(Table().entryAttach(1), desk.Path(u"media\\a.pdf"));
 }
 
+// By a click, behind which the toolkit's own fields select nothing.
 TEST_F(ParagraphWindow, APathFieldIsSelectedWhenItGetsTheFocus) {
-  Table().entrySound.Set(1, AddFile("a.mp3"));
-  InEntry(1, [] {
-    Robot::Find("Form6", "soutB").setFocus(Qt::TabFocusReason);
-    Robot::Settle();
-    EXPECT_EQ(Robot::FindAs<QLineEdit>("Form6", "soutB").selectedText(), Shown("soutB"));
-    EXPECT_FALSE(Shown("soutB").isEmpty());
+  InEntry(1, [this] {
+    TypePaths({u"a.pdf", u"a.mp3", u"a.flv"});
+    for (const char* field : {"picB", "soutB", "filmB"}) {
+      Robot::Find("Form6", "bname").setFocus();
+      auto& box = Robot::FindAs<QLineEdit>("Form6", field);
+      EXPECT_EQ(box.selectedText(), "") << field;
+      Robot::Click("Form6", field);
+      EXPECT_EQ(box.selectedText(), Shown(field)) << field;
+      EXPECT_FALSE(Shown(field).isEmpty()) << field;
+    }
   });
 }
 
@@ -378,15 +363,6 @@ TEST_F(ParagraphWindow, ARichTextUnderAMainTitlesWordIsShownAndBecomesPlain) {
   Edit(1, [] { EXPECT_EQ(Matn().toPlainText(), "Text"); });
   EXPECT_EQ(Table().entryText(1), u"Text");
   EXPECT_EQ(Line(1), ">>> تيتر اصلي   =>   Text");
-}
-
-TEST_F(ParagraphWindow, DeletingAnOpenMainTitleLeavesTheCountOfOpenOnes) {
-  desk.OpenBook("One.txt");
-  FormatDesk::Mark(Qt::Key_F1, "Main");
-  EXPECT_EQ(desk.form3.mainOpen, 1);
-  InEntry(5, [] { Robot::Click("Form6", "btn(0)"); });
-  EXPECT_EQ(desk.form3.mainOpen, 1);
-  EXPECT_EQ(FormatDesk::Shown("Com(9)"), "تيتر اصلي (1)\u200F");
 }
 
 TEST_F(ParagraphWindow, EachStepIsTold) {
@@ -415,13 +391,6 @@ TEST_F(ParagraphWindow, Failure53NobodyShowsRows) {
   alone.bindex.SetListIndex(0);
   alone.bindex_MouseUp();
   EXPECT_EQ(desk.LoggedFailures(53), 1);
-}
-
-TEST_F(ParagraphWindow, Failure54NoSuchLineToDelete) {
-  desk.form3.editIndex = 40;
-  desk.form3.Ohazf();
-  EXPECT_EQ(desk.LoggedFailures(54), 1);
-  EXPECT_EQ(desk.form3.entryCount, 5);
 }
 
 TEST_F(ParagraphWindow, Failure70ADamagedPictureBesideTheProgram) {
