@@ -11,7 +11,7 @@
 namespace viewer {
 namespace {
 
-constexpr int kContentsWidth = 310;
+constexpr int kWidestContentsBeside = 310;
 constexpr int kWidestContents = 620;
 constexpr int kMargin = 20;
 constexpr int kTitleHeight = 74;
@@ -144,9 +144,9 @@ void CollectionPage::ShowText(bool text) {
 
 void CollectionPage::Arrange() {
   if (!IsApart()) {
-    contents_.setGeometry(width() - kContentsWidth, kTitleHeight, kContentsWidth - 6,
-                          height() - kTitleHeight - 6);
-    reader_.setGeometry(0, 0, width() - kContentsWidth - 4, height());
+    const int beside = std::min(kWidestContentsBeside, width() / 3);
+    contents_.setGeometry(width() - beside, kTitleHeight, beside - 6, height() - kTitleHeight - 6);
+    reader_.setGeometry(0, 0, width() - beside - 4, height());
     return;
   }
   reader_.setGeometry(rect());

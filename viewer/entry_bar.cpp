@@ -5,8 +5,13 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include "viewer/book/known_files.h"
+
 namespace viewer {
 namespace {
+
+constexpr int kSideMargin = 12;
+constexpr int kGap = 8;
 
 // The contents don't tell the extension of a sound or a film.
 const QString kAnyEnding = QStringLiteral(".*");
@@ -14,21 +19,6 @@ const QString kAnyEnding = QStringLiteral(".*");
 const QString& SoundCaption() {
   static const QString kCaption = QStringLiteral("صدا");
   return kCaption;
-}
-
-// Files that a machine runs when it opens them.
-bool RunsWhenOpened(const QString& path) {
-  static const QStringList kExtensions = {
-      QStringLiteral("exe"),      QStringLiteral("com"), QStringLiteral("bat"),
-      QStringLiteral("cmd"),      QStringLiteral("msi"), QStringLiteral("scr"),
-      QStringLiteral("pif"),      QStringLiteral("vbs"), QStringLiteral("js"),
-      QStringLiteral("jse"),      QStringLiteral("wsf"), QStringLiteral("ps1"),
-      QStringLiteral("lnk"),      QStringLiteral("hta"), QStringLiteral("jar"),
-      QStringLiteral("sh"),       QStringLiteral("run"), QStringLiteral("desktop"),
-      QStringLiteral("appimage"), QStringLiteral("reg"), QStringLiteral("cpl"),
-      QStringLiteral("py")};
-  const QFileInfo file(path);
-  return kExtensions.contains(file.suffix().toLower()) || file.isExecutable();
 }
 
 }  // namespace
@@ -54,8 +44,8 @@ EntryBar::EntryBar(const Surroundings& surroundings, QWidget* parent)
               FlatButton::Place::kPage, this) {
   setObjectName(QStringLiteral("entryBar"));
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(12, 7, 12, 7);
-  row->setSpacing(8);
+  row->setContentsMargins(kSideMargin, 7, kSideMargin, 7);
+  row->setSpacing(kGap);
   row->addWidget(&previous_);
   row->addStretch(1);
   for (FlatButton* button : {&attachment_, &sound_, &film_, &print_, &smaller_, &larger_}) {
@@ -84,10 +74,24 @@ void EntryBar::ShowEntry(const Node& node, bool hasPrevious, bool hasNext) {
   sound_.setVisible(isPage && node.hasSound);
   film_.setVisible(isPage && node.hasFilm);
   print_.setVisible(isPage && surroundings_.settings.print);
-  smaller_.setVisible(isPage);
-  larger_.setVisible(isPage);
   previous_.setEnabled(hasPrevious);
   next_.setEnabled(hasNext);
+  ShowWhatFits();
+}
+
+void EntryBar::resizeEvent(QResizeEvent* /*event*/) { ShowWhatFits(); }
+
+// In a narrow window the size of the text is changed by keys alone; captions stay whole.
+void EntryBar::ShowWhatFits() {
+  int needed = 2 * kSideMargin - kGap;
+  for (const FlatButton* button :
+       {&previous_, &attachment_, &sound_, &film_, &print_, &smaller_, &larger_, &next_}) {
+    const bool isZoom = button == &smaller_ || button == &larger_;
+    if (isZoom || !button->isHidden()) needed += button->sizeHint().width() + kGap;
+  }
+  for (FlatButton* zoom : {&smaller_, &larger_}) {
+    zoom->setVisible(!node_.isGallery && needed <= width());
+  }
 }
 
 // Else says which file is missing.
@@ -101,15 +105,29 @@ bool EntryBar::IsThere(const QString& path, const QString& what, const QString& 
 
 void EntryBar::OpenAttachment() {
   if (!IsThere(media_.attachment, QStringLiteral("پیوست"), node_.attachmentExtension)) return;
-  if (node_.attachmentIsProgram || RunsWhenOpened(media_.attachment)) return StartProgram();
-  if (!surroundings_.outside.openFile(media_.attachment)) {
-    Tell(window(), QStringLiteral("برنامه\u200Cای برای باز کردن این پیوست پیدا نشد."));
-  }
+  const bool isDocument = IsKnownDocument(media_.attachment);
+  const bool isExecutable = QFileInfo(media_.attachment).isExecutable();
+  if (node_.attachmentIsProgram || (isExecutable && !isDocument)) return StartProgram();
+  // On some disks everything may be executed.
+  if ((isDocument && !isExecutable) || MayOpen()) OpenWithItsProgram();
+}
+
+QString EntryBar::AttachmentName() const {
+  return AsPath(WithoutTurns(QFileInfo(media_.attachment).fileName()));
+}
+
+bool EntryBar::MayOpen() {
+  return Ask(window(), QStringLiteral("باز کردن این پیوست شاید برنامه\u200Cای را اجرا کند:\n") +
+                           AttachmentName() + QStringLiteral("\n\nآیا باز شود؟"));
+}
+
+void EntryBar::OpenWithItsProgram() {
+  if (surroundings_.outside.openFile(media_.attachment)) return;
+  Tell(window(), QStringLiteral("برنامه\u200Cای برای باز کردن این پیوست پیدا نشد."));
 }
 
 void EntryBar::StartProgram() {
-  const QString question = QStringLiteral("پیوست این نوشته یک برنامه است:\n") +
-                           QFileInfo(media_.attachment).fileName() +
+  const QString question = QStringLiteral("پیوست این نوشته یک برنامه است:\n") + AttachmentName() +
                            QStringLiteral("\n\nآیا اجرا شود؟");
   if (!Ask(window(), question)) return;
   if (!surroundings_.outside.startProgram(media_.attachment)) {

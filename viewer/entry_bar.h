@@ -26,8 +26,15 @@ class EntryBar : public QWidget {
   void AllowPrinting(bool allowed) { print_.setEnabled(allowed); }
   void Silence();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void ShowWhatFits();
   void OpenAttachment();
+  QString AttachmentName() const;
+  bool MayOpen();
+  void OpenWithItsProgram();
   void StartProgram();
   void SwitchSound();
   void ShowFilm();

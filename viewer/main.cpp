@@ -1,4 +1,5 @@
-// main.exe [folder]: shows the book in the folder, in its working folder, or beside itself.
+// main.exe [folder]: shows the book in the folder, or else that beside itself, or else that in its
+// working folder, which may be another's.
 #include <QApplication>
 #include <QDir>
 
@@ -13,7 +14,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments();
   const QStringList candidates =
       arguments.size() > 1 ? QStringList{arguments[1]}
-                           : QStringList{QDir::currentPath(), QApplication::applicationDirPath()};
+                           : QStringList{QApplication::applicationDirPath(), QDir::currentPath()};
   viewer::Window window(viewer::BookFolder::Find(candidates).value_or(candidates.front()));
   window.show();
   return QApplication::exec();

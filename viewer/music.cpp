@@ -1,11 +1,12 @@
 #include "viewer/music.h"
 
 #include <QDebug>
+#include <utility>
 
 namespace viewer {
 
-Music::Music(const QStringList& tracks, std::function<std::unique_ptr<Player>()> makePlayer)
-    : tracks_(tracks), makePlayer_(std::move(makePlayer)) {}
+Music::Music(QStringList tracks, std::function<std::unique_ptr<Player>()> makePlayer)
+    : tracks_(std::move(tracks)), makePlayer_(std::move(makePlayer)) {}
 
 void Music::SwitchOn() {
   if (on_ || tracks_.isEmpty()) return;

@@ -13,7 +13,7 @@ namespace viewer {
 class Music {
  public:
   // The tracks that are there, and how to come by a player once one is needed.
-  Music(const QStringList& tracks, std::function<std::unique_ptr<Player>()> makePlayer);
+  Music(QStringList tracks, std::function<std::unique_ptr<Player>()> makePlayer);
 
   // It has gone off by itself: nothing can be played.
   std::function<void()> onGivenUp;

@@ -193,7 +193,7 @@ void Window::OpenCollection(const Collection& collection) {
   last_ = collection;
   fromSearch_ = false;
   setWindowTitle(AsCaption(collection.title));
-  if (collection.isGallery) {
+  if (HoldsGallery(book_, collection)) {
     Show(GalleryPage());
     galleryPage_->ShowGallery(ReadGallery(book_, FileOf(collection)));
     galleryPage_->setFocus();

@@ -54,8 +54,42 @@ TEST(Fold, OtherLettersStayApart) {
 
 TEST(Fold, FoldingTwiceIsFoldingOnce) {
   for (int c = 1; c < 0x10000; ++c) {
-    const char16_t once = FoldedCharacter(static_cast<char16_t>(c));
-    EXPECT_EQ(FoldedCharacter(once), once) << c;
+    const QString once = Folded(QString(QChar(c)));
+    EXPECT_EQ(Folded(once), once) << c;
+  }
+}
+
+TEST(Fold, TheShapesOfALetterAreTheLetter) {
+  ExpectSame("\uFB56\uFB57\uFB58\uFB59", "پپپپ");
+  ExpectSame("\uFEE3\uFEEC\uFEAE\uFE8E\uFEE5", "مهران");
+  ExpectSame("\uFB8E\uFB90 \uFED9\uFEDA", "کک كك");
+  ExpectSame("\uFBFC \uFBFD \uFEF1 \uFEEF", "ی ی ي ى");
+  ExpectSame("\uFE81 \uFE83 \uFE8B", "آ أ ئ");
+}
+
+TEST(Fold, LigaturesAreTheirLetters) {
+  ExpectSame("س\uFEFCم", "سلام");
+  ExpectSame("\uFEFB \uFEF5 \uFEF7 \uFEF9", "لا لآ لأ لإ");
+  ExpectSame("\uFDF2", "الله");
+  ExpectSame("\uFDFC", "ریال");
+  ExpectSame("\uFC21", "صم");
+}
+
+TEST(Fold, VowelSignsOfTheirOwnShapeArePassedOver) {
+  for (const char* sign : {"\uFE70", "\uFE77", "\uFC60", "\uFCF2", "\uFE7F"}) {
+    ExpectSame(QByteArray("كتا").append(sign).append("ب").constData(), "کتاب");
+  }
+}
+
+TEST(Fold, WhatIsNoCharacterIsPassedOver) { EXPECT_EQ(Folded(QString(QChar(0xFFFF))), QString()); }
+
+TEST(Fold, EachFoldedCharacterKnowsWhereItCameFrom) {
+  const QString text = QStringLiteral("س\u064E\uFEFCم");
+  std::vector<qsizetype> origins;
+  EXPECT_EQ(Folded(text, origins), QStringLiteral("سلام"));
+  EXPECT_EQ(origins, (std::vector<qsizetype>{0, 2, 2, 3}));
+  for (std::size_t i = 0; i < origins.size(); ++i) {
+    EXPECT_EQ(OriginOf(text, static_cast<qsizetype>(i)), origins[i]);
   }
 }
 

@@ -40,7 +40,8 @@ TEST(Gallery, WithoutPictures) { EXPECT_TRUE(Read(kHead + kEnd).isEmpty()); }
 
 TEST(Gallery, ATitleMayHoldAnything) {
   for (const char* each : {"say \"so\"", "a < b", "x>y", "\">", "a\">b", "&", "two\r\nlines",
-                           "<img dtl=\"x", "</img> x", "</gallery>"}) {
+                           "<img dtl=\"x", "</img> x", "</gallery>", "</img>", "x</img>\r\ny",
+                           "</img>\r\n</img>\r\nx", "a\">b</img>\r\nx"}) {
     const QString title = QString::fromLatin1(each);
     EXPECT_EQ(
         Read(kHead + PictureLine(title, "A") + PictureLine(QStringLiteral("next"), "B") + kEnd),

@@ -105,11 +105,82 @@ TEST(Index, AClosedFileIsReadToo) {
   EXPECT_EQ(index.collections[0].title, QStringLiteral("one"));
 }
 
+TEST(Index, ATagThatDoesntEndInItsLineIsNone) {
+  const Index index =
+      ParseIndex(QStringLiteral("<aTitle1 \r\n") + LineOf("aTitle2", "txt", QStringLiteral("two")));
+  EXPECT_EQ(Keys(index), QStringList{QStringLiteral("a2")});
+}
+
 TEST(Index, StrangeKeysAreNoCollections) {
   const QString title = QStringLiteral("t");
   for (const char* key :
        {"dTitle1", "aTitle", "aTitle-1", "aTitlex", "aTitle99999999999", "ATitle1"}) {
     EXPECT_TRUE(ParseIndex(kHead + LineOf(key, "txt", title)).collections.empty()) << key;
+  }
+}
+
+// With these collection files beside it.
+QStringList KeysBeside(const QString& lines, std::initializer_list<const char*> files) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
+  for (const char* file : files) {
+    maker.Write(QStringLiteral("Data/_xml/") + QString::fromLatin1(file),
+                QStringLiteral("<?xml version=\"1.0\"?>\r\n<Tree>\r\n</Tree>\r\n"));
+  }
+  return Keys(ReadIndex(maker.Book()));
+}
+
+TEST(Index, ACollectionWithoutALineIsTheLastOfItsRow) {
+  const QString lines = LineOf("aTitle9", "txt", QStringLiteral("nine")) +
+                        LineOf("bTitle1", "txt", QStringLiteral("b")) +
+                        LineOf("cTitle4", "txt", QStringLiteral("c"));
+  EXPECT_EQ(KeysBeside(lines, {"aTitle9.xml", "aTitle10.xml", "aTitle2.xml", "BTITLE7.XML"}),
+            (QStringList{QStringLiteral("a9"), QStringLiteral("a2"), QStringLiteral("a10"),
+                         QStringLiteral("b1"), QStringLiteral("b7"), QStringLiteral("c4")}));
+}
+
+TEST(Index, OtherFilesAreNoCollections) {
+  EXPECT_TRUE(KeysBeside({}, {"GAL.xml", "dTitle1.xml", "aTitle0.xml", "aTitle01.xml", "aTitle.xml",
+                              "aTitle1.xml.bak", "xaTitle1.xml", "aTitle9999999999.xml"})
+                  .isEmpty());
+}
+
+TEST(Index, AFolderOrAFileOfSomethingElseIsNoCollection) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead);
+  maker.MakeFolder(QStringLiteral("Data/_xml/aTitle1.xml"));
+  maker.WriteBytes(QStringLiteral("Data/_xml/aTitle2.xml"), "nothing of the kind");
+  maker.WriteBytes(QStringLiteral("Data/_xml/aTitle3.xml"), {});
+  EXPECT_TRUE(ReadIndex(maker.Book()).collections.empty());
+}
+
+TEST(Index, ACollectionWithoutALineHasTheKindOfItsFile) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead);
+  maker.Write(QStringLiteral("Data/_xml/aTitle1.xml"), QStringLiteral("<gallery>\r\n"));
+  maker.Write(QStringLiteral("Data/_xml/aTitle2.xml"), QStringLiteral("<Tree>\r\n"));
+  const Index index = ReadIndex(maker.Book());
+  ASSERT_EQ(index.collections.size(), 2U);
+  EXPECT_TRUE(index.collections[0].isGallery);
+  EXPECT_FALSE(index.collections[1].isGallery);
+  EXPECT_FALSE(index.collections[0].title.isEmpty());
+}
+
+TEST(Index, TheFileOfACollectionTellsItsKindWhateverTheIndexSays) {
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/aTitle1.xml"),
+              QStringLiteral("<?xml version=\"1.0\"?>\r\n<gallery>\r\n<img dtl=\"<Tree>\">"));
+  maker.Write(QStringLiteral("Data/_xml/aTitle2.xml"),
+              QStringLiteral("<Tree>\r\n<node label=\"<gallery>\">"));
+  maker.WriteBytes(QStringLiteral("Data/_xml/aTitle3.xml"), "x");
+  const auto holds = [&](int number, bool said) {
+    return HoldsGallery(maker.Book(), {u'a', number, said, {}});
+  };
+  EXPECT_TRUE(holds(1, false));
+  EXPECT_FALSE(holds(2, true));
+  for (const int untold : {3, 4}) {
+    EXPECT_TRUE(holds(untold, true));
+    EXPECT_FALSE(holds(untold, false));
   }
 }
 

@@ -92,6 +92,41 @@ TEST_F(MediaOfNode, AnUnknownExtensionIsTakenWhereNothingElseIsLeft) {
   EXPECT_EQ(Names(), QStringLiteral("- S.xyz S.avi -"));
 }
 
+TEST_F(MediaOfNode, ASoundOfItsOwnComesBeforeAnAttachedSound) {
+  Add({"S.mp3", "S.xyz"});
+  Attach(".mp3");
+  node_.hasSound = true;
+  EXPECT_EQ(Names(), QStringLiteral("S.mp3 S.xyz - -"));
+}
+
+TEST_F(MediaOfNode, AFilmOfItsOwnComesBeforeAnAttachedFilm) {
+  Add({"S.avi", "S.xyz", "S.wav"});
+  Attach(".avi");
+  node_.hasSound = node_.hasFilm = true;
+  EXPECT_EQ(Names(), QStringLiteral("S.avi S.wav S.xyz -"));
+}
+
+TEST_F(MediaOfNode, WithAFileTooFewTheAttachmentIsTheMediumOfItsKind) {
+  Add({"S.mp3", "S.xyz"});
+  Attach(".mp3");
+  node_.hasSound = node_.hasFilm = true;
+  EXPECT_EQ(Names(), QStringLiteral("S.mp3 S.mp3 S.xyz -"));
+}
+
+TEST_F(MediaOfNode, AnAttachedFilmDoesntKeepASoundFromItsFile) {
+  Add({"S.avi", "S.xyz"});
+  Attach(".avi");
+  node_.hasSound = node_.hasFilm = true;
+  EXPECT_EQ(Names(), QStringLiteral("S.avi S.xyz S.avi -"));
+}
+
+TEST_F(MediaOfNode, AFilmWithoutASoundIsNotTheSound) {
+  Add({"S.pdf", "S.avi"});
+  Attach(".pdf");
+  node_.hasSound = node_.hasFilm = true;
+  EXPECT_EQ(Names(), QStringLiteral("S.pdf - S.avi -"));
+}
+
 TEST_F(MediaOfNode, MissingFiles) {
   Attach(".pdf");
   SetBack(".jpg");

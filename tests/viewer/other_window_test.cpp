@@ -203,6 +203,27 @@ TEST_F(Viewing, AHalfCopiedBookShowsWhatIsThere) {
   EXPECT_TRUE(RowsOf(ListOf(*window_, u"galleryPage"_s)).isEmpty());
 }
 
+TEST_F(Viewing, ACollectionOpensAsWhatItsFileIs) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/_xml/aTitle2.xml"_s,
+               u"<?xml version=\"1.0\"?>\r\n<gallery>\r\n"
+               "\t<img dtl=\"نخست\">Data/IMG/P1.jpg</img>\r\n</gallery>\r\n"_s);
+  Show();
+  Click(*window_, u"a2"_s);
+  EXPECT_EQ(RowsOf(ListOf(*window_, u"galleryPage"_s)).size(), 1);
+}
+
+TEST_F(Viewing, ACollectionWithoutALineInTheIndexIsThere) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/_xml/bTitle5.xml"_s,
+               u"<?xml version=\"1.0\"?>\r\n<Tree>\r\n\t<node label=\"یکم\""
+               " src=\"DATA/TXT/ONE.htm\" mediaStatus=\"000\" pic=\"0\" />\r\n</Tree>\r\n"_s);
+  Show();
+  EXPECT_FALSE(Find(*window_, u"b5"_s).accessibleName().isEmpty());
+  Click(*window_, u"b5"_s);
+  EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
+}
+
 TEST_F(Viewing, FoldersInPlaceOfFilesAreMissingFiles) {
   MakeBook(maker_);
   for (const QString& path :

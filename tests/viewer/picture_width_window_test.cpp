@@ -46,7 +46,7 @@ class PictureWidth : public testing::Test {
       for (auto each = block.begin(); !each.atEnd(); ++each) {
         const QTextCharFormat format = each.fragment().charFormat();
         if (!format.isImageFormat()) continue;
-        sizes.push_back({format.toImageFormat().width(), format.toImageFormat().height()});
+        sizes.emplace_back(format.toImageFormat().width(), format.toImageFormat().height());
       }
     }
     return sizes;

@@ -188,6 +188,28 @@ TEST_F(Reading, WhatTheSystemWouldRunIsAskedForWhateverItsName) {
   Click(*window_, u"attachment"_s);
   EXPECT_TRUE(asked->contains(u"TWO.pdf"_s));
   EXPECT_TRUE(asked_->opened.isEmpty());
+  AnswerNextBox(u"yes"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_EQ(asked_->opened, QStringList{u"TWO.pdf"_s});  // a disk may say so of every file
+  EXPECT_TRUE(asked_->started.isEmpty());
+}
+
+TEST_F(Reading, WhatIsNoKnownDocumentIsOpenedOnlyAfterYes) {
+  MakeBook(maker_);
+  maker_.WriteBytes(u"Data/TXT/EXE.desktop"_s, "bytes");
+  maker_.Write(u"Data/_xml/aTitle1.xml"_s,
+               u"<Tree>\r\n\t<node label=\"x\" src=\"DATA/TXT/EXE.htm\" mediaStatus=\"100\""
+               " snd=\"0\" pas=\".desktop\" pic=\"0\" />\r\n</Tree>\r\n"_s);
+  Show();
+  OpenCollection();
+  const auto asked = AnswerNextBox(u"no"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(asked->contains(u"EXE.desktop"_s));
+  EXPECT_TRUE(asked_->opened.isEmpty());
+  AnswerNextBox(u"yes"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_EQ(asked_->opened, QStringList{u"EXE.desktop"_s});
+  EXPECT_TRUE(asked_->started.isEmpty());
 }
 
 TEST_F(Reading, AToolTipShowsATitleAsItIs) {
@@ -228,6 +250,27 @@ TEST_F(Reading, TheTextGrowsAndShrinks) {
   EXPECT_GT(page->document()->defaultFont().pixelSize(), before);
   Click(*window_, u"smaller"_s);
   EXPECT_EQ(page->document()->defaultFont().pixelSize(), before);
+}
+
+TEST_F(Reading, InTheSmallestWindowNoCaptionIsCut) {
+  for (const int layout : {1, 2}) {
+    Open({.layout = layout, .print = true});
+    OpenCollection();
+    ClickRow(ListOf(*window_), 2);
+    window_->resize(window_->minimumSize());
+    QCoreApplication::processEvents();
+    int seen = 0;
+    for (const char* name : {"previous", "attachment", "sound", "film", "print", "smaller",
+                             "larger", "next", "home", "back", "find"}) {
+      const QWidget& button = Find(*window_, QString::fromLatin1(name));
+      if (!button.isVisible()) continue;
+      ++seen;
+      EXPECT_GE(button.width(), button.sizeHint().width()) << name;
+    }
+    EXPECT_GE(seen, 9);
+    window_->resize(1040, 720);
+    EXPECT_TRUE(IsSeen(*window_, u"larger"_s));
+  }
 }
 
 TEST_F(Reading, TheSecondTemplateShowsTheContentsBeforeTheText) {

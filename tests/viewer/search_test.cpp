@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "tests/viewer/book_maker.h"
+#include "viewer/book/fold.h"
+#include "viewer/book/marks.h"
 
 namespace viewer {
 namespace {
@@ -81,6 +83,40 @@ TEST_F(BookSearch, WhateverKeyboardAndMarks) {
   for (const char* words : {"میشود", "مي‌شود", "می شود", "کتابی", "كتـابى"}) {
     EXPECT_EQ(Titles(words), QStringLiteral("t0")) << words;
   }
+}
+
+TEST_F(BookSearch, ShapesAndLigaturesOfOldFontsAreFoundAtTheirPlace) {
+  AddCollection(u'a', {QStringLiteral("گفت س\uFEFCم و رفت"), QStringLiteral("\uFEB3\uFEFC\uFEE1")});
+  const std::vector<Hit> hits = Hits("سلام");
+  ASSERT_EQ(hits.size(), 2U);
+  EXPECT_EQ(hits[0].offset, 4);
+  EXPECT_EQ(hits[0].snippet.sliced(hits[0].matchStart, hits[0].matchLength),
+            QStringLiteral("س\uFEFCم"));
+  EXPECT_EQ(hits[1].snippet.sliced(hits[1].matchStart, hits[1].matchLength).size(), 3);
+  EXPECT_EQ(Hits("لام").size(), 2U);
+  EXPECT_EQ(Hits("رفت")[0].offset, 10);
+  EXPECT_EQ(Hits("\uFEB3\uFEFC\uFEE1").size(), 2U);
+}
+
+TEST_F(BookSearch, MarksStandAtTheirPlaceBehindLigatures) {
+  const QString text = QStringLiteral("\uFDF2 س\uFEFCم رفت \uFEFB");
+  const auto marked = [&](const char* words) {
+    QStringList found;
+    for (const Mark& mark : MarksIn(text, WordsOf(QString::fromUtf8(words)))) {
+      found += text.sliced(mark.start, mark.length);
+    }
+    return found.join(u'|');
+  };
+  EXPECT_EQ(marked("رفت"), QStringLiteral("رفت"));
+  EXPECT_EQ(marked("الله سلام"), QStringLiteral("\uFDF2|س\uFEFCم"));
+  EXPECT_EQ(marked("ل ا"), QStringLiteral("\uFDF2|\uFEFC|\uFEFB"));  // each once
+}
+
+TEST_F(BookSearch, AGalleryThatTheIndexTakesForTextHoldsNoPages) {
+  AddCollection(u'a', {QStringLiteral("سيب")});
+  AddCollection(u'b', {QStringLiteral("سيب")});
+  maker_.Write(QStringLiteral("Data/_xml/bTitle1.xml"), QStringLiteral("<gallery>\r\n"));
+  EXPECT_EQ(Titles("سيب"), QStringLiteral("t0"));
 }
 
 TEST_F(BookSearch, TagsAreNoText) {

@@ -1,6 +1,7 @@
 #include "viewer/book/fold.h"
 
 #include <QChar>
+#include <QHash>
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -52,37 +53,120 @@ void PassOverMarks(Table& table) {
   PassOver(table, u'\uFEFF', u'\uFEFF');
 }
 
-std::unique_ptr<const Table> MakeTable() {
-  auto table = std::make_unique<Table>();
-  for (std::size_t c = 0; c < table->size(); ++c) {
-    (*table)[c] = QChar::toCaseFolded(static_cast<char32_t>(c)) & 0xFFFFU;
+// What old programs and fonts write: a character for each shape of an Arabic letter, and for two or
+// more that are joined (Unicode, Arabic Presentation Forms-A and -B).
+using Ligatures = QHash<char16_t, QString>;
+
+bool IsShape(char16_t character) {
+  return (character >= u'\uFB50' && character <= u'\uFDFF') ||
+         (character >= u'\uFE70' && character <= u'\uFEFC');
+}
+
+QString FoldedBy(const Table& table, const QString& letters) {
+  QString folded;
+  for (const QChar letter : letters) {
+    const char16_t as = table[letter.unicode()];
+    if (as != 0) folded += QChar(as);
   }
-  FoldLetters(*table);
-  SameRange(*table, u'\u0660', u'\u0669', u'0');
-  SameRange(*table, u'\u06F0', u'\u06F9', u'0');
-  Same(*table, u' ', u"\t\r\n\u00A0\u2002\u2003\u2009\u202F\u2028\u2029");
-  PassOverMarks(*table);
-  return table;
+  return folded;
+}
+
+void FoldShapes(Table& table, Ligatures& ligatures) {
+  for (std::size_t c = u'\uFB50'; c <= u'\uFEFC'; ++c) {
+    const auto shape = static_cast<char16_t>(c);
+    if (!IsShape(shape)) continue;
+    const QString letters = QString(QChar(shape)).normalized(QString::NormalizationForm_KD);
+    if (letters == QChar(shape)) continue;
+    const QString folded = FoldedBy(table, letters);
+    if (folded.trimmed().isEmpty()) {
+      table[c] = 0;  // a vowel sign, alone on a blank or on a tatweel
+    } else if (folded.size() == 1) {
+      table[c] = folded.front().unicode();
+    } else {
+      table[c] = kSeveral;
+      ligatures.insert(shape, folded);
+    }
+  }
+}
+
+struct Folding {
+  Table table;
+  Ligatures ligatures;
+};
+
+std::unique_ptr<const Folding> MakeFolding() {
+  auto folding = std::make_unique<Folding>();
+  Table& table = folding->table;
+  for (std::size_t c = 0; c < table.size(); ++c) {
+    table[c] = QChar::toCaseFolded(static_cast<char32_t>(c)) & 0xFFFFU;
+  }
+  FoldLetters(table);
+  SameRange(table, u'\u0660', u'\u0669', u'0');
+  SameRange(table, u'\u06F0', u'\u06F9', u'0');
+  Same(table, u' ', u"\t\r\n\u00A0\u2002\u2003\u2009\u202F\u2028\u2029");
+  PassOverMarks(table);
+  PassOver(table, kSeveral, kSeveral);  // no character at all
+  FoldShapes(table, folding->ligatures);
+  return folding;
+}
+
+const Folding& TheFolding() {
+  static const std::unique_ptr<const Folding> kFolding = MakeFolding();
+  return *kFolding;
+}
+
+// Calls take(folded character, place in the text).
+template <typename Take>
+void FoldEach(QStringView text, const Take& take) {
+  const char16_t* const table = FoldTable();
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const char16_t as = table[text[i].unicode()];
+    if (as == 0) continue;
+    if (as != kSeveral) {
+      take(QChar(as), i);
+      continue;
+    }
+    for (const QChar each : SeveralFor(text[i].unicode())) take(each, i);
+  }
 }
 
 }  // namespace
 
-const char16_t* FoldTable() {
-  static const std::unique_ptr<const Table> table = MakeTable();
-  return table->data();
+const char16_t* FoldTable() { return TheFolding().table.data(); }
+
+QStringView SeveralFor(char16_t ligature) {
+  const Ligatures& ligatures = TheFolding().ligatures;
+  const auto found = ligatures.constFind(ligature);
+  return found == ligatures.cend() ? QStringView() : QStringView(*found);
 }
 
-char16_t FoldedCharacter(char16_t character) { return FoldTable()[character]; }
-
 QString Folded(QStringView text) {
-  const char16_t* const table = FoldTable();
   QString folded;
   folded.reserve(text.size());
-  for (const QChar character : text) {
-    const char16_t as = table[character.unicode()];
-    if (as != 0) folded += QChar(as);
-  }
+  FoldEach(text, [&](QChar as, qsizetype) { folded += as; });
   return folded;
+}
+
+QString Folded(QStringView text, std::vector<qsizetype>& origins) {
+  QString folded;
+  folded.reserve(text.size());
+  origins.clear();
+  FoldEach(text, [&](QChar as, qsizetype from) {
+    folded += as;
+    origins.push_back(from);
+  });
+  return folded;
+}
+
+qsizetype OriginOf(QStringView text, qsizetype place) {
+  const char16_t* const table = FoldTable();
+  qsizetype origin = -1;
+  for (qsizetype folded = -1; folded < place;) {
+    const char16_t character = text[++origin].unicode();
+    const char16_t as = table[character];
+    folded += as == kSeveral ? SeveralFor(character).size() : as != 0 ? 1 : 0;
+  }
+  return origin;
 }
 
 QStringList WordsOf(const QString& typed) {

@@ -145,6 +145,18 @@ QString BookFolder::Needed(const QString& pathInBook) const {
   return path;
 }
 
+QStringList BookFolder::NamesIn(const QString& folderInBook, const QString& pattern) const {
+  const QString folder = ResolveFolder(folderInBook);
+  QStringList names;
+  if (folder.isEmpty()) return names;
+  QDirIterator files(folder, {pattern}, QDir::AllEntries | QDir::Hidden | QDir::System);
+  while (files.hasNext()) {
+    files.next();
+    names += files.fileName();
+  }
+  return names;
+}
+
 QStringList BookFolder::AllWithStem(const QString& stem) const {
   const QString path = WithSlashes(stem);
   const qsizetype start = NameStart(path);

@@ -36,6 +36,10 @@ class BookFolder {
   // The same for a folder: "Data/TXT".
   QString ResolveFolder(const QString& pathInBook) const;
 
+  // What lies in the folder ("Data/_xml") under names of this pattern ("?Title*.xml"), whatever
+  // their letter case; in no order, without a look at the files themselves.
+  QStringList NamesIn(const QString& folderInBook, const QString& pattern) const;
+
   // Of the files with this path up to their last dot ("DATA/TXT/x"), the first that has one of the
   // extensions (".mp3"), in the order of the extensions; empty if there is none.
   QString WithStem(const QString& stem, const QStringList& extensions) const;

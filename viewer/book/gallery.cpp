@@ -36,17 +36,25 @@ class Reader {
       const bool starts = content.startsWith(kOpen);
       if (starts || EndsPicture(content)) Take(line.start);
       if (starts) start_ = text_.indexOf(kOpen, line.start) + kOpen.size();
-      // A title may be of several lines, of which one may look like a picture's start.
-      if (content.endsWith(kClose)) Take(line.end);
+      // A title may be of several lines, of which one may look like a picture's start, or end.
+      if (content.endsWith(kClose) && IsWhole(line.end)) Take(line.end);
     }
     Take(text_.size());
     return std::move(pictures_);
   }
 
  private:
+  std::optional<Picture> PictureUntil(qsizetype end) const {
+    return start_ < 0 ? std::nullopt : PictureIn(text_.sliced(start_, end - start_));
+  }
+
+  bool IsWhole(qsizetype end) const {
+    const std::optional<Picture> picture = PictureUntil(end);
+    return picture && picture->path.startsWith(QLatin1String("Data/"), Qt::CaseInsensitive);
+  }
+
   void Take(qsizetype end) {
-    if (start_ < 0) return;
-    std::optional<Picture> picture = PictureIn(text_.sliced(start_, end - start_));
+    std::optional<Picture> picture = PictureUntil(end);
     if (picture) pictures_.push_back(std::move(*picture));
     start_ = -1;
   }

@@ -1,5 +1,7 @@
 #include "viewer/book/index.h"
 
+#include <QFile>
+#include <QRegularExpression>
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -17,9 +19,9 @@ struct OpenTag {
   qsizetype end = -1;  // just behind it; -1 if there is none
 };
 
-OpenTag OpenTagAt(QStringView text, qsizetype at) {
+OpenTag OpenTagAt(QStringView text, qsizetype at, qsizetype lineEnd) {
   static constexpr QStringView kWord = u"Title";
-  const QStringView tag = text.sliced(at, std::min<qsizetype>(text.size() - at, 64));
+  const QStringView tag = text.sliced(at, std::min<qsizetype>(lineEnd - at, 64));
   if (tag.size() < 9 || tag[0] != u'<' || tag[1] < u'a' || tag[1] > u'c') return {};
   if (!tag.sliced(2).startsWith(kWord)) return {};
   const qsizetype close = tag.indexOf(u'>');
@@ -54,7 +56,7 @@ class Reader {
   Index Read() {
     for (Line line = LineAt(text_, 0); line.start < text_.size(); line = LineAt(text_, line.next)) {
       const qsizetype at = SkipIndent(text_, line);
-      OpenTag tag = OpenTagAt(text_, at);
+      OpenTag tag = OpenTagAt(text_, at, line.end);
       // Written by hand, the file may have been closed after all.
       const bool ends = text_.sliced(at).startsWith(u"</strings>");
       if (tag.end < 0 && !ends) continue;
@@ -94,13 +96,69 @@ QString NameOf(const Collection& collection) {
   return QStringLiteral("%1Title%2").arg(collection.row).arg(collection.number);
 }
 
+// By the file's head; nothing where it is neither a gallery nor a table of contents.
+std::optional<bool> IsGalleryFile(const BookFolder& book, const Collection& collection) {
+  constexpr qint64 kHead = 4096;  // bytes
+  const QString path = book.Resolve(FileOf(collection));
+  QFile file(path);
+  if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
+  const QString head = DecodeText(file.read(kHead));
+  const qsizetype gallery = head.indexOf(QLatin1String("<gallery>"));
+  const qsizetype tree = head.indexOf(QLatin1String("<Tree>"));
+  if (gallery < 0 && tree < 0) return std::nullopt;
+  return tree < 0 || (gallery >= 0 && gallery < tree);
+}
+
+std::optional<Collection> CollectionOf(const QString& fileName) {
+  static const QRegularExpression kName(QStringLiteral("^([abc])title([1-9][0-9]{0,8})\\.xml$"));
+  const QRegularExpressionMatch match = kName.match(fileName.toLower());
+  if (!match.hasMatch()) return std::nullopt;
+  return Collection{match.captured(1).front(), match.captured(2).toInt(), false, {}};
+}
+
+bool Stands(const Index& index, const Collection& collection) {
+  return std::ranges::any_of(index.collections, [&](const Collection& each) {
+    return each.row == collection.row && each.number == collection.number;
+  });
+}
+
+// What only the folder tells of, by number.
+std::vector<Collection> Unlisted(const BookFolder& book, const Index& index) {
+  std::vector<Collection> found;
+  const QStringList names =
+      book.NamesIn(QStringLiteral("Data/_xml"), QStringLiteral("?Title*.xml"));
+  for (const QString& name : names) {
+    std::optional<Collection> collection = CollectionOf(name);
+    if (!collection || Stands(index, *collection)) continue;
+    const std::optional<bool> isGallery = IsGalleryFile(book, *collection);
+    if (!isGallery) continue;
+    collection->isGallery = *isGallery;
+    collection->title = QStringLiteral("بدون عنوان");
+    found.push_back(std::move(*collection));
+  }
+  std::ranges::sort(found, {}, &Collection::number);
+  return found;
+}
+
 }  // namespace
 
 Index ParseIndex(QStringView text) { return Reader(text).Read(); }
 
 Index ReadIndex(const BookFolder& book) {
   const std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
-  return text ? ParseIndex(*text) : Index{};
+  if (!text) return {};
+  Index index = ParseIndex(*text);
+  for (Collection& collection : Unlisted(book, index)) {
+    if (Stands(index, collection)) continue;  // of two files whose names differ in letter case
+    const auto behind =
+        std::ranges::upper_bound(index.collections, collection.row, {}, &Collection::row);
+    index.collections.insert(behind, std::move(collection));
+  }
+  return index;
+}
+
+bool HoldsGallery(const BookFolder& book, const Collection& collection) {
+  return IsGalleryFile(book, collection).value_or(collection.isGallery);
 }
 
 QString FileOf(const Collection& collection) {

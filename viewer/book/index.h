@@ -19,13 +19,18 @@ struct Collection {
 
 struct Index {
   QString credit;
-  std::vector<Collection> collections;  // by row, then by number, each once
+  std::vector<Collection> collections;  // by row, in it by number, each once
 };
 
 // A collection that stands there twice has the title that was written last.
 Index ParseIndex(QStringView text);
-// Empty, with a warning, where the file isn't there.
+// Empty, with a warning, where the file isn't there. A collection whose file lies in the book
+// without a line here is the last of its row.
 Index ReadIndex(const BookFolder& book);
+
+// What the collection's own file holds, whatever the index says of it. The index alone counts where
+// the file doesn't tell.
+bool HoldsGallery(const BookFolder& book, const Collection& collection);
 
 // "Data/_xml/aTitle1.xml": the contents of a text collection, the pictures of a gallery.
 QString FileOf(const Collection& collection);

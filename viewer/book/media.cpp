@@ -38,28 +38,33 @@ QString FirstOf(const QStringList& paths, const QStringList& extensions) {
 // The files of the stem that may be sound or film.
 class Shelf {
  public:
-  Shelf(QStringList files, const QStringList& taken) : files_(std::move(files)) {
+  Shelf(QStringList files, const QStringList& taken, int media) : files_(std::move(files)) {
     for (const QString& path : taken) files_.removeAll(path);
     files_.removeIf([](const QString& path) {
       return HasExtension(path, {QStringLiteral(".htm"), QStringLiteral(".html")});
     });
+    isShared_ = files_.size() < media;
   }
 
-  // By its extension; else the attachment, which a medium with the same extension has replaced;
-  // else whatever is left that doesn't look like the other kind.
+  // By its extension; else whatever doesn't look like the other kind. A medium with the extension
+  // of the attachment has replaced it: it is that where there are fewer files than media, or where
+  // nothing else is left.
   QString Take(const QStringList& extensions, const QStringList& others,
                const QString& attachment) {
     QString path = FirstOf(files_, extensions);
-    if (path.isEmpty() && HasExtension(attachment, extensions)) return attachment;
+    const bool mayBeAttachment = HasExtension(attachment, extensions);
+    if (path.isEmpty() && mayBeAttachment && isShared_) return attachment;
     for (qsizetype i = 0; path.isEmpty() && i < files_.size(); ++i) {
       if (!HasExtension(files_[i], others)) path = files_[i];
     }
+    if (path.isEmpty() && mayBeAttachment) return attachment;
     files_.removeAll(path);
     return path;
   }
 
  private:
   QStringList files_;
+  bool isShared_ = false;
 };
 
 }  // namespace
@@ -78,7 +83,8 @@ Media MediaOf(const BookFolder& book, const Node& node) {
   const QString stem = StemOf(node);
   if (node.hasAttachment) media.attachment = book.Resolve(stem + node.attachmentExtension);
   if (!node.hasSound && !node.hasFilm) return media;
-  Shelf shelf(book.AllWithStem(stem), {media.attachment, media.background});
+  const int wanted = (node.hasSound ? 1 : 0) + (node.hasFilm ? 1 : 0);
+  Shelf shelf(book.AllWithStem(stem), {media.attachment, media.background}, wanted);
   const QStringList& sounds = SoundExtensions();
   const QStringList& films = FilmExtensions();
   if (node.hasSound) media.sound = shelf.Take(sounds, films, media.attachment);

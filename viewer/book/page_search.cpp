@@ -23,15 +23,6 @@ bool IsLittleEndian(QByteArrayView bytes) {
   return !bytes.startsWith("\xFE\xFF") && !bytes.startsWith("\xEF\xBB\xBF");
 }
 
-// Where the character stands that is the text's folded one at `place`.
-qsizetype OriginOf(const QString& text, qsizetype place) {
-  qsizetype origin = -1;
-  for (qsizetype folded = -1; folded < place;) {
-    if (FoldedCharacter(text[++origin].unicode()) != 0) ++folded;
-  }
-  return origin;
-}
-
 qsizetype BlankBefore(const QString& text, qsizetype at) {
   if (at <= 0) return 0;
   const qsizetype blank = text.indexOf(u' ', at);
@@ -106,11 +97,22 @@ std::u16string_view PageSearch::Fold(QByteArrayView bytes) {
   if (folded_.size() < count) folded_.resize(count);
   const char* from = bytes.data();
   char16_t* to = folded_.data();
+  unsigned ligatures = 0;  // a branch in the loop would cost a sixth of it
   for (std::size_t i = 0; i < count; ++i, from += 2) {
     *to = table[qFromLittleEndian<char16_t>(from)];
+    ligatures += *to == kSeveral ? 1U : 0U;
     if (*to != 0) ++to;
   }
+  if (ligatures > 0) return FoldWithLigatures(bytes);
   return {folded_.data(), static_cast<std::size_t>(to - folded_.data())};
+}
+
+// The same for a page that holds some, which takes its time.
+std::u16string_view PageSearch::FoldWithLigatures(QByteArrayView bytes) {
+  const QString folded = Folded(DecodeText(bytes));
+  const std::u16string_view view = ViewOf(folded);
+  folded_.assign(view.begin(), view.end());
+  return {folded_.data(), folded_.size()};
 }
 
 // Tags and all: a page in which a word doesn't occur here doesn't hold it, and nearly all pages are

@@ -31,6 +31,7 @@ class PageSearch {
 
  private:
   std::u16string_view Fold(QByteArrayView bytes);
+  std::u16string_view FoldWithLigatures(QByteArrayView bytes);
   bool MayHoldAll(QByteArrayView bytes);
 
   QStringList words_;

@@ -58,7 +58,7 @@ void SearchBook(const BookFolder& book, const QString& words,
   Searcher searcher(book, std::move(search), onHit, goesOn);
   const Index index = ReadIndex(book);
   for (const Collection& collection : index.collections) {
-    if (!collection.isGallery && !searcher.SearchCollection(collection)) return;
+    if (!HoldsGallery(book, collection) && !searcher.SearchCollection(collection)) return;
   }
 }
 

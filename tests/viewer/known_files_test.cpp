@@ -1,0 +1,39 @@
+#include "viewer/book/known_files.h"
+
+#include <gtest/gtest.h>
+
+namespace viewer {
+namespace {
+
+TEST(KnownFiles, DocumentsPicturesSoundsAndFilms) {
+  for (const char* name : {"a.pdf", "a.TXT", "a.b.docx", "a.Jpg", "a.mp3", "a.avi", "/x.y/a.mp4"}) {
+    EXPECT_TRUE(IsKnownDocument(QString::fromLatin1(name))) << name;
+  }
+}
+
+TEST(KnownFiles, WhatRunsOrMayRunIsNone) {
+  for (const char* name :
+       {"a.exe", "a.EXE", "a.com",  "a.bat",  "a.cmd",    "a.scr",   "a.pif", "a.msi",
+        "a.msc", "a.cpl", "a.hta",  "a.reg",  "a.lnk",    "a.url",   "a.vbs", "a.vbe",
+        "a.js",  "a.jse", "a.wsf",  "a.wsh",  "a.ps1",    "a.jar",   "a.sh",  "a.py",
+        "a.pyw", "a.pl",  "a.rb",   "a.bash", "a.zsh",    "a.bin",   "a.out", "a.run",
+        "a.deb", "a.rpm", "a.chm",  "a.dll",  "a.html",   "a.xhtml", "a.svg", "a.appimage",
+        "a.swf", "a.iso", "a.docm", "a.xyz",  "a.desktop"}) {
+    EXPECT_FALSE(IsKnownDocument(QString::fromLatin1(name))) << name;
+  }
+}
+
+TEST(KnownFiles, NamesThatHideTheirEndAreNone) {
+  for (const char* name : {"a", "pdf", "a.pdf.exe", "a.pdf.", "a.pdf ", "a.exe.", "a.exe ", "a.",
+                           "a.pdf/b", "", "a. pdf"}) {
+    EXPECT_FALSE(IsKnownDocument(QString::fromLatin1(name))) << name;
+  }
+}
+
+TEST(KnownFiles, ANameIsShownAsItRuns) {
+  EXPECT_EQ(WithoutTurns(QStringLiteral("a\u202Efdp.\u200Fexe\u2069")), QStringLiteral("afdp.exe"));
+  EXPECT_EQ(WithoutTurns(QStringLiteral("كتاب.pdf")), QStringLiteral("كتاب.pdf"));
+}
+
+}  // namespace
+}  // namespace viewer
