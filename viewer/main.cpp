@@ -1,11 +1,33 @@
 // main.exe [folder]: shows the book in the folder, or else that beside itself, or else that in its
-// working folder, which may be another's.
+// working folder, which may be another's. Without a book it asks for a folder.
 #include <QApplication>
 #include <QDir>
+#include <memory>
 
 #include "viewer/book/folder.h"
 #include "viewer/look.h"
 #include "viewer/window.h"
+
+namespace {
+
+class Reader : public QObject {
+ public:
+  void Open(const QString& root) {
+    auto window = std::make_unique<viewer::Window>(root);
+    // By the next event: the window that asked is still at it.
+    window->onFolderChosen = [this](const QString& folder) {
+      QMetaObject::invokeMethod(
+          this, [this, folder] { Open(folder); }, Qt::QueuedConnection);
+    };
+    window->show();
+    window_ = std::move(window);
+  }
+
+ private:
+  std::unique_ptr<viewer::Window> window_;
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
@@ -15,7 +37,7 @@ int main(int argc, char** argv) {
   const QStringList candidates =
       arguments.size() > 1 ? QStringList{arguments[1]}
                            : QStringList{QApplication::applicationDirPath(), QDir::currentPath()};
-  viewer::Window window(viewer::BookFolder::Find(candidates).value_or(candidates.front()));
-  window.show();
+  Reader reader;
+  reader.Open(viewer::BookFolder::Find(candidates).value_or(candidates.front()));
   return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "viewer/outside.h"
 
 #include <QDesktopServices>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QProcess>
@@ -38,8 +39,14 @@ void Print(const std::function<void(QPrinter&)>& draw, QWidget* parent) {
   if (dialog.exec() == QDialog::Accepted) draw(printer);
 }
 
+QString ChooseFolder(QWidget* parent) {
+  return QFileDialog::getExistingDirectory(parent, QStringLiteral("پوشه\u200Cی کتاب را برگزینید"));
+}
+
 }  // namespace
 
-Outside TheMachine() { return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print}; }
+Outside TheMachine() {
+  return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print, ChooseFolder};
+}
 
 }  // namespace viewer

@@ -34,6 +34,8 @@ struct Outside {
   std::function<std::unique_ptr<Player>()> makePlayer;
   // Asks for a printer, and draws on the one that the reader has chosen.
   std::function<void(const std::function<void(QPrinter&)>& draw, QWidget* parent)> print;
+  // Asks for the folder of a book; empty if the reader has none to name.
+  std::function<QString(QWidget* parent)> chooseFolder = nullptr;
 };
 
 Outside TheMachine();

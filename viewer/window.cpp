@@ -60,6 +60,16 @@ void Window::MakeNotice() {
                            "کتابی در این پوشه پیدا نشد. این برنامه باید در کنار پوشه\u200Cی Data "
                            "کتاب باشد.");
   setAccessibleDescription(notice_);
+  if (hasBook_ || !outside_.chooseFolder) return;
+  open_ = new FlatButton(QStringLiteral("open"), QStringLiteral("باز کردن کتاب"), look_,
+                         FlatButton::Place::kPage, this);
+  QObject::connect(open_, &QAbstractButton::clicked, this, [this] { ChooseFolder(); });
+  open_->setFocus();
+}
+
+void Window::ChooseFolder() {
+  const QString folder = outside_.chooseFolder(this);
+  if (!folder.isEmpty() && onFolderChosen) onFolderChosen(folder);
 }
 
 void Window::MakeIndex() {
@@ -153,6 +163,10 @@ void Window::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void Window::resizeEvent(QResizeEvent* /*event*/) {
+  if (open_ != nullptr) {
+    open_->resize(open_->sizeHint());
+    open_->move((width() - open_->width()) / 2, height() * 2 / 3);
+  }
   const auto height = find_->sizeHint().height();
   const int top = (kBarHeight - height) / 2;
   int right = width() - 14;

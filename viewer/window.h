@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QStackedWidget>
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 #include "viewer/book/folder.h"
@@ -32,6 +33,9 @@ class Window : public QWidget {
 
   bool HasBook() const { return hasBook_; }
 
+  // Without a book the reader can name a folder; this window stays as it is.
+  std::function<void(const QString& folder)> onFolderChosen;
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -40,6 +44,7 @@ class Window : public QWidget {
   void MakeBar();
   void MakeIndex();
   void MakeNotice();
+  void ChooseFolder();
   void MakeKeys();
   void AfterFirstPaint();
   void OpenCollection(const Collection& collection);
@@ -78,6 +83,7 @@ class Window : public QWidget {
   FlatButton* home_ = nullptr;
   FlatButton* musicSwitch_ = nullptr;
   FlatButton* find_ = nullptr;
+  FlatButton* open_ = nullptr;  // below the notice that there is no book
   QLineEdit* words_ = nullptr;
 };
 

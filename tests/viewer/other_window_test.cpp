@@ -191,6 +191,24 @@ TEST_F(Viewing, WithoutABookTheWindowSaysSo) {
   QTest::keyClick(window_.get(), Qt::Key_Escape);
 }
 
+TEST_F(Viewing, WithoutABookTheReaderCanNameAFolder) {
+  Show();
+  QStringList chosen;
+  window_->onFolderChosen = [&chosen](const QString& folder) { chosen << folder; };
+  Click(*window_, u"open"_s);
+  EXPECT_TRUE(chosen.isEmpty());  // the chooser was left
+  asked_->chosenFolder = u"/a book"_s;
+  Click(*window_, u"open"_s);
+  EXPECT_EQ(chosen, QStringList{u"/a book"_s});
+  const QWidget& button = Find(*window_, u"open"_s);
+  EXPECT_TRUE(window_->rect().contains(button.geometry()));
+}
+
+TEST_F(Viewing, WithABookNobodyIsAskedForAFolder) {
+  Open();
+  EXPECT_EQ(window_->findChild<QWidget*>(u"open"_s), nullptr);
+}
+
 TEST_F(Viewing, AHalfCopiedBookShowsWhatIsThere) {
   maker_.Write(u"Data/_xml/Index.xml"_s,
                u"<strings>\r\n\t<aTitle1 vol=\"txt\">تنها</aTitle1>\r\n"

@@ -152,6 +152,7 @@ viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked) {
     asked->films << QFileInfo(path).fileName();
     asked->closeLastFilm = std::move(onClosed);
   };
+  outside.chooseFolder = [asked](QWidget*) { return asked->chosenFolder; };
   outside.makePlayer = [asked] { return std::make_unique<SilentPlayer>(asked); };
   outside.print = [asked](const std::function<void(QPrinter&)>& draw, QWidget*) {
     const QString file =

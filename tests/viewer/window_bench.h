@@ -26,6 +26,7 @@ struct Asked {
   QStringList sounds;   // "play x.mp3", "pause", "resume", "stop"
   std::function<void(bool)> endOfLastSound;
   std::function<void(QPrinter&)> chosenInDialog;  // what the reader sets up before printing
+  QString chosenFolder;                           // what the reader names for a book
   QTemporaryDir folder;
 };
 viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked);
