@@ -9,8 +9,9 @@ LOGS=$ROOT/build/logs
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev
   libicu-dev libgtest-dev libgmock-dev)
 FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
-# What the viewer plays sounds and films with.
-PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav)
+# What the viewer plays sounds and films with, and its dialogs in Persian.
+PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
+  qt6-translations-l10n)
 TEST_PACKAGES=(xvfb xauth x11-utils chromium poppler-utils desktop-file-utils appstream
   libglib2.0-bin dbus at-spi2-core python3-gi gir1.2-atspi-2.0)
 

@@ -14,7 +14,7 @@ WORK=/tmp/ketab
 
 # What is kept of the session's pictures: the name of a step, the name of its picture.
 KEPT=(
-  Form1-choices-made Form1
+  Form1-project Form1
   Form2-choose-text-folder Form2
   Form3-passage-selected Form3
   Form3-gallery-chosen Form3-gallery

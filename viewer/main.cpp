@@ -2,6 +2,7 @@
 // working folder, which may be another's. Without a book it asks for a folder.
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <memory>
 
 #include "viewer/book/folder.h"
@@ -27,6 +28,14 @@ class Reader : public QObject {
   std::unique_ptr<viewer::Window> window_;
 };
 
+QIcon WindowIcon() {
+  QIcon icon;
+  for (const int side : {32, 64, 128}) {
+    icon.addFile(QStringLiteral(":/icons/%1x%1/zorvand-viewer.png").arg(side), {side, side});
+  }
+  return icon;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -37,6 +46,7 @@ int main(int argc, char** argv) {
   const QStringList candidates =
       arguments.size() > 1 ? QStringList{arguments[1]}
                            : QStringList{QApplication::applicationDirPath(), QDir::currentPath()};
+  QApplication::setWindowIcon(WindowIcon());
   Reader reader;
   reader.Open(viewer::BookFolder::Find(candidates).value_or(candidates.front()));
   return QApplication::exec();

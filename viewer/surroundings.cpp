@@ -8,6 +8,8 @@ namespace {
 
 void SetUp(QMessageBox& box, const QString& name, const QString& text) {
   box.setObjectName(name);
+  box.setWindowTitle(
+      QStringLiteral("کتاب"));  // the desktop would put the program's file name there
   box.setLayoutDirection(Qt::RightToLeft);
   box.setTextFormat(Qt::PlainText);  // a book's own words may stand in it
   box.setFont(ViewerFont(kCaptionPixels));

@@ -2,11 +2,15 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
+#include <QSpacerItem>
 #include <utility>
 
 #include "platform/caption.h"
+#include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 
 namespace platform {
@@ -23,6 +27,15 @@ void NameButtons(QMessageBox& box) {
   }
 }
 
+// A box as narrow as a short text would cut its own title.
+void KeepWideEnough(QMessageBox& box) {
+  constexpr int kNarrowest = 240;  // pixels
+  auto* grid = qobject_cast<QGridLayout*>(box.layout());
+  if (grid == nullptr) return;
+  grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
+  if (auto* buttons = box.findChild<QDialogButtonBox*>()) buttons->setCenterButtons(true);
+}
+
 QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
   // On the heap: the window that it belongs to may go away, and the box with it, while it is open.
@@ -31,6 +44,8 @@ QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Ic
                       QApplication::activeWindow());
   box->setObjectName(QStringLiteral("MessageBox"));
   box->setTextFormat(Qt::PlainText);
+  box->setWindowIcon(ArtworkIcon(Artwork::kWindowIcon));
+  KeepWideEnough(*box);
   NameButtons(*box);
   box->setLayoutDirection(Qt::RightToLeft);
   const int pressed = box->exec();
