@@ -126,6 +126,14 @@ void TextBox::SetSelLength(Position length) {
 }
 
 bool TextBox::Locked() const { return PeerOf<TextBoxPeer>(*this).Edit().isReadOnly(); }
-void TextBox::SetLocked(bool locked) { PeerOf<TextBoxPeer>(*this).Edit().setReadOnly(locked); }
+// What can't be changed stands on the window's own ground.
+void TextBox::SetLocked(bool locked) {
+  QLineEdit& edit = PeerOf<TextBoxPeer>(*this).Edit();
+  edit.setReadOnly(locked);
+  QPalette palette = ReadableWhenOff();
+  const QPalette ofWindow = edit.window()->palette();
+  if (locked) palette.setColor(QPalette::Base, ofWindow.color(QPalette::Window));
+  edit.setPalette(palette);
+}
 
 }  // namespace platform

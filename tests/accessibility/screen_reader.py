@@ -73,6 +73,8 @@ def press(top, name):
 
 
 def main(pid, act, *arguments):
+    # A loaded machine may take its time (milliseconds: of a call, of a program that starts).
+    Atspi.set_timeout(20000, 30000)
     {"list": list_objects, "focus": focus_each, "press": press}[act](program(int(pid)), *arguments)
 
 

@@ -197,6 +197,20 @@ TEST_F(PlatformTextBox, ALockedBoxTakesTextFromCodeAlone) {
   EXPECT_EQ(first.Text(), u"code");
 }
 
+TEST_F(PlatformTextBox, ALockedBoxLooksLocked) {
+  window.ShowActive();
+  const auto ground = [this] {
+    const QImage shown = Edit().grab().toImage();
+    return shown.pixelColor(shown.width() / 2, shown.height() / 2);
+  };
+  const QColor open = ground();
+  first.SetLocked(true);
+  EXPECT_EQ(ground(), window.OnScreen().palette().color(QPalette::Window));
+  EXPECT_NE(ground(), open);
+  first.SetLocked(false);
+  EXPECT_EQ(ground(), open);
+}
+
 TEST_F(PlatformTextBox, KeysAreToldBeforeTheyGoIn) {
   std::vector<std::pair<int, Text>> seen;
   first.onKeyPress = [&](int code) { seen.emplace_back(code, first.Text()); };
