@@ -7,10 +7,9 @@
 # The sample session works in the real windows, drawn in memory; no screen is needed.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
+. "$ROOT/tools/sample_session/pictures.sh"
 
 PICTURES=$ROOT/build/pictures
-# Paths can be read in some pictures, so the session works where no user's name shows.
-WORK=/tmp/ketab
 
 # What is kept of the session's pictures: the name of a step, the name of its picture.
 KEPT=(
@@ -31,22 +30,18 @@ take() {
   local desktop=$1 scale=$2 kept=$PICTURES/$1-$2x i found
   local options=()
   if [ "$desktop" = dark ]; then options=(--dark); fi
-  [ ! -e "$WORK" ] || die "$WORK is in the way."
-  trap 'rm -rf -- "$WORK"' EXIT
-  if ! QT_QPA_PLATFORM=offscreen QT_SCALE_FACTOR=$scale \
-    "$BUILD/tools/sample_session/sample_session" ${options[@]+"${options[@]}"} \
-    "$ROOT/build/zorvand/Resources" "$WORK" >"$LOGS/pictures.log" 2>&1 </dev/null; then
+  if ! QT_SCALE_FACTOR=$scale run_session "$BUILD/tools/sample_session/sample_session" \
+    "$LOGS/pictures.log" ${options[@]+"${options[@]}"} "$ROOT/build/zorvand/Resources"; then
     show_tail "$LOGS/pictures.log"
     die "The sample session failed."
   fi
   rm -rf -- "$kept"
   mkdir -p "$kept"
   for ((i = 0; i < ${#KEPT[@]}; i += 2)); do
-    found=$(find "$WORK/pictures" -name "*-${KEPT[i]}.png" | sort | head -n 1)
-    [ -n "$found" ] || die "The session took no picture '${KEPT[i]}'."
+    found=$(picture_of_step "${KEPT[i]}")
     cp "$found" "$kept/${KEPT[i + 1]}.png"
   done
-  rm -rf -- "$WORK"
+  rm -rf -- "$SESSION_FOLDER"
   say "$kept"
 }
 

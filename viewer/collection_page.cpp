@@ -130,7 +130,7 @@ void CollectionPage::ShowPage(const Node& node, const QString& words) {
     return;
   }
   if (page->title.isEmpty()) page->title = node.label;
-  page_.ShowPage(std::move(*page), MediaOf(surroundings_.book, node).background, words);
+  page_.ShowPage(std::move(*page), BackgroundOf(surroundings_.book, node), words);
 }
 
 void CollectionPage::ShowText(bool text) {

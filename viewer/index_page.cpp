@@ -199,8 +199,7 @@ void IndexPage::ShowTheRest() {
 
 void IndexPage::FocusCard(const Collection& collection) {
   for (CollectionCard* card : cards_) {
-    const Collection& shown = card->Shown();
-    if (shown.row == collection.row && shown.number == collection.number) card->setFocus();
+    if (AreSame(card->Shown(), collection)) card->setFocus();
   }
 }
 

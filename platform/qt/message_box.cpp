@@ -27,12 +27,15 @@ void NameButtons(QMessageBox& box) {
   }
 }
 
-// A box as narrow as a short text would cut its own title.
-void KeepWideEnough(QMessageBox& box) {
+// Wide enough for its title, which the desktop would cut over a short text.
+void Widen(QMessageBox& box) {
   constexpr int kNarrowest = 240;  // pixels
   auto* grid = qobject_cast<QGridLayout*>(box.layout());
   if (grid == nullptr) return;
   grid->addItem(new QSpacerItem(kNarrowest, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+void CentreButtons(QMessageBox& box) {
   if (auto* buttons = box.findChild<QDialogButtonBox*>()) buttons->setCenterButtons(true);
 }
 
@@ -45,7 +48,8 @@ QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Ic
   box->setObjectName(QStringLiteral("MessageBox"));
   box->setTextFormat(Qt::PlainText);
   box->setWindowIcon(ArtworkIcon(Artwork::kWindowIcon));
-  KeepWideEnough(*box);
+  Widen(*box);
+  CentreButtons(*box);
   NameButtons(*box);
   box->setLayoutDirection(Qt::RightToLeft);
   const int pressed = box->exec();

@@ -72,7 +72,6 @@ QPalette Paper() {
   QPalette palette;
   palette.setColor(QPalette::Base, Qt::white);
   palette.setColor(QPalette::Text, Qt::black);
-  palette.setColor(QPalette::Disabled, QPalette::Text, Qt::darkGray);
   return palette;
 }
 

@@ -47,6 +47,16 @@ void FormatDesk::OpenOn(platform::TextView text) {
   OpenBook("One.txt");
 }
 
+void FormatDesk::OpenOnFiveRows(const QString& text) {
+  OpenOn(u"identity\r\nHead\r\nText\r\nMain\r\nOther\r\n" +
+         platform::Replace(text.toStdU16String(), u"\n", u"\r\n"));
+  Mark(Qt::Key_F6, QStringLiteral("identity"));
+  FileHeading(QStringLiteral("Head"), QStringLiteral("Text"));
+  Mark(Qt::Key_F1, QStringLiteral("Main"));
+  FileHeading(QStringLiteral("Other"), text);
+  Robot::PressKey("Form3", "matn", Qt::Key_F4);
+}
+
 void FormatDesk::Mark(int functionKey, const QString& passage) {
   Robot::Select("Form3", "matn", passage);
   Robot::PressKey("Form3", "matn", functionKey);

@@ -21,6 +21,9 @@ class FormatDesk : public Desk {
   void Open();
   // The same with one input text, which is then on the screen.
   void OpenOn(platform::TextView text);
+  // The same with five rows filed: 0 identity, 1 "Head" with "Text", 2 opens the main title "Main",
+  // 3 "Other" with `text`, 4 closes it.
+  void OpenOnFiveRows(const QString& text);
   // A click on an input text.
   static void OpenBook(const QString& name) { Robot::ClickLine("Form3", "books", name); }
 

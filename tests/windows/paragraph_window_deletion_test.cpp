@@ -49,15 +49,7 @@ class ParagraphDeletion : public testing::Test {
 
 class DeletionOfFive : public ParagraphDeletion {
  protected:
-  // Row 0 identity, 1 heading, 2 opens a main title, 3 heading, 4 closes it.
-  DeletionOfFive() {
-    desk.OpenOn(u"identity\r\nHead\r\nText\r\nMain\r\nOther\r\nMore");
-    FormatDesk::Mark(Qt::Key_F6, "identity");
-    FormatDesk::FileHeading("Head", "Text");
-    FormatDesk::Mark(Qt::Key_F1, "Main");
-    FormatDesk::FileHeading("Other", "More");
-    Robot::PressKey("Form3", "matn", Qt::Key_F4);
-  }
+  DeletionOfFive() { desk.OpenOnFiveRows("More"); }
 };
 
 TEST_F(DeletionOfFive, MovesFiveColumnsAndLeavesTheOthers) {

@@ -27,15 +27,7 @@ using testing_support::Utf8;
 
 class ParagraphWindow : public testing::Test {
  protected:
-  // Row 0 identity, 1 heading, 2 opens a main title, 3 heading of two paragraphs, 4 closes it.
-  ParagraphWindow() {
-    desk.OpenOn(u"identity\r\nHead\r\nText\r\nMain\r\nOther\r\nFirst\r\nSecond");
-    FormatDesk::Mark(Qt::Key_F6, "identity");
-    FormatDesk::FileHeading("Head", "Text");
-    FormatDesk::Mark(Qt::Key_F1, "Main");
-    FormatDesk::FileHeading("Other", "First\nSecond");
-    Robot::PressKey("Form3", "matn", Qt::Key_F4);
-  }
+  ParagraphWindow() { desk.OpenOnFiveRows("First\nSecond"); }
   void InEntry(int row, const std::function<void()>& act) { desk.InEntry(row, act); }
   // The changes are kept at the end.
   void Edit(int row, const std::function<void()>& act) { desk.Edit(row, act); }

@@ -15,27 +15,8 @@ session=$(realpath "$1")
 resources=$(realpath "$2")
 here=$(cd "$(dirname "$0")" && pwd)
 
-# Paths can be read in some pictures, so the session works where no user's name shows.
-work=/tmp/ketab
-taken=$work/pictures
-if [ -e "$work" ]; then
-  echo "$work is in the way." >&2
-  exit 1
-fi
-trap 'rm -rf -- "$work"' EXIT
-QT_QPA_PLATFORM=offscreen "$session" "$resources" "$work" >/dev/null 2>&1
-
-# The first picture of that step; the numbers before it change with the session.
-step() {
-  local found
-  for found in "$taken"/*-"$1".png; do
-    [ -f "$found" ] || break
-    echo "$found"
-    return
-  done
-  echo "The session took no picture '$1'." >&2
-  exit 1
-}
+. "$here/../sample_session/pictures.sh"
+run_session "$session" /dev/null "$resources"
 
 # keep NAME COLOURS ARGUMENT...: what `convert` makes of the arguments, framed by a thin line, with
 # few colours and nothing but the image in the file.
@@ -52,27 +33,27 @@ keep() {
 page=(-filter Lanczos -resize 638x)
 gap=(-background '#efefef' -gravity center)
 
-project=$(step Form1-project)
-opened=$(step Form3-text-opened)
-edited=$(step Form3-entries-edited)
+project=$(picture_of_step Form1-project)
+opened=$(picture_of_step Form3-text-opened)
+edited=$(picture_of_step Form3-entries-edited)
 keep project 96 "$project"
-keep choosers 48 "$(step Form2-choose-text-folder)" -size 20x1 xc:'#efefef' \
-  "$(step Form5-choose-picture)" "${gap[@]}" +append
+keep choosers 48 "$(picture_of_step Form2-choose-text-folder)" -size 20x1 xc:'#efefef' \
+  "$(picture_of_step Form5-choose-picture)" "${gap[@]}" +append
 keep workbench 48 "$opened" "${page[@]}"
 keep commands 32 \( "$opened" -crop 426x40+398+156 +repage \) \
   \( "$opened" -crop 398x40+0+156 +repage \) "${gap[@]}" -append
 keep paragraphs 32 \( "$opened" -crop 385x30+442+594 +repage \) \
   \( "$opened" -crop 440x30+2+594 +repage \) "${gap[@]}" -append
-keep rebuilt 32 "$(step Form3-paragraphs-rebuilt)" -crop 638x230+189+200
-keep selected 48 "$(step Form3-passage-selected)" -crop 638x482+189+6
+keep rebuilt 32 "$(picture_of_step Form3-paragraphs-rebuilt)" -crop 638x230+189+200
+keep selected 48 "$(picture_of_step Form3-passage-selected)" -crop 638x482+189+6
 keep list 48 "$edited" -crop 638x146+3+6
-keep entry 96 "$(step Form6-entry-with-media)" -filter Lanczos -resize 560x
-keep menu 32 "$(step popM-menu)"
-keep entry-gallery 128 "$(step Form6-entry-gallery)" -filter Lanczos -resize 560x
-keep collection-gallery 128 "$(step Form3-gallery-chosen)" "${page[@]}"
-boxes=("$taken"/*-box.png)
+keep entry 96 "$(picture_of_step Form6-entry-with-media)" -filter Lanczos -resize 560x
+keep menu 32 "$(picture_of_step popM-menu)"
+keep entry-gallery 128 "$(picture_of_step Form6-entry-gallery)" -filter Lanczos -resize 560x
+keep collection-gallery 128 "$(picture_of_step Form3-gallery-chosen)" "${page[@]}"
+boxes=("$SESSION_FOLDER/pictures"/*-box.png)
 keep built 32 "${boxes[0]}"
 keep exported 32 "${boxes[-1]}"
-keep viewer-first 160 "$(step viewer-first-layout-collection)" -filter Lanczos -resize 500x
-keep viewer-second 128 "$(step viewer-second-layout-index)" -filter Lanczos -resize 560x
+keep viewer-first 160 "$(picture_of_step viewer-first-layout-collection)" -filter Lanczos -resize 500x
+keep viewer-second 128 "$(picture_of_step viewer-second-layout-index)" -filter Lanczos -resize 560x
 du -bc "$here"/pictures/*.png | tail -n 1

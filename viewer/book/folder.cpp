@@ -15,12 +15,6 @@ const QString& IndexPath() {
   return path;
 }
 
-qsizetype NameStart(const QString& pathInBook) { return pathInBook.lastIndexOf(u'/') + 1; }
-
-QString FolderPart(const QString& pathInBook) {
-  return pathInBook.left(std::max<qsizetype>(NameStart(pathInBook) - 1, 0));
-}
-
 // Backslashes came into a file by hand; they mean the same.
 QString WithSlashes(const QString& pathInBook) {
   QString path = pathInBook;
@@ -124,19 +118,20 @@ QString BookFolder::ResolveFolder(const QString& pathInBook) const {
   return folder;
 }
 
-QString BookFolder::Expected(const QString& pathInBook) const {
+BookFolder::Place BookFolder::PlaceOf(const QString& pathInBook) const {
   const QString path = WithSlashes(pathInBook);
-  const qsizetype start = NameStart(path);
-  const QString name = path.sliced(start);
-  const QString folder = start == 0 ? root_ : ResolveFolder(FolderPart(path));
+  const qsizetype slash = path.lastIndexOf(u'/');
+  return {slash < 0 ? root_ : ResolveFolder(path.first(slash)), path.sliced(slash + 1)};
+}
+
+QString BookFolder::Expected(const QString& pathInBook) const {
+  const auto [folder, name] = PlaceOf(pathInBook);
   return folder.isEmpty() || !IsSimpleName(name) ? QString() : folder + u'/' + name;
 }
 
 QString BookFolder::Resolve(const QString& pathInBook) const {
-  const QString path = WithSlashes(pathInBook);
-  const qsizetype start = NameStart(path);
-  const QString folder = start == 0 ? root_ : ResolveFolder(FolderPart(path));
-  return folder.isEmpty() ? QString() : FileIn(folder, path.sliced(start));
+  const auto [folder, name] = PlaceOf(pathInBook);
+  return folder.isEmpty() ? QString() : FileIn(folder, name);
 }
 
 QString BookFolder::Needed(const QString& pathInBook) const {
@@ -158,10 +153,7 @@ QStringList BookFolder::NamesIn(const QString& folderInBook, const QString& patt
 }
 
 QStringList BookFolder::AllWithStem(const QString& stem) const {
-  const QString path = WithSlashes(stem);
-  const qsizetype start = NameStart(path);
-  const QString folder = start == 0 ? root_ : ResolveFolder(FolderPart(path));
-  const QString name = path.sliced(start);
+  const auto [folder, name] = PlaceOf(stem);
   if (folder.isEmpty() || !IsSimpleName(name)) return {};
   const Listing& listing = ListingOf(folder);
   const QString key = name.toLower() + u'.';

@@ -55,9 +55,14 @@ class BookFolder {
     bool isLink = false;
   };
   using Listing = std::vector<Entry>;
+  struct Place {
+    QString folder;  // on the disk; empty where there is none
+    QString name;    // as the path has it
+  };
 
   static Listing List(const QString& folder);
   static bool IsSimpleName(const QString& name);
+  Place PlaceOf(const QString& pathInBook) const;
   const Listing& ListingOf(const QString& folder) const;
   const Entry* Lookup(const QString& folder, const QString& name) const;
   QString FolderIn(const QString& folder, const QString& name) const;

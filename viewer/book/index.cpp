@@ -117,30 +117,41 @@ std::optional<Collection> CollectionOf(const QString& fileName) {
 }
 
 bool Stands(const Index& index, const Collection& collection) {
-  return std::ranges::any_of(index.collections, [&](const Collection& each) {
-    return each.row == collection.row && each.number == collection.number;
-  });
+  return std::ranges::any_of(index.collections,
+                             [&](const Collection& each) { return AreSame(each, collection); });
 }
 
-// What only the folder tells of, by number.
-std::vector<Collection> Unlisted(const BookFolder& book, const Index& index) {
+// Those whose files lie in the book, by number.
+std::vector<Collection> CollectionsInFolder(const BookFolder& book) {
   std::vector<Collection> found;
   const QStringList names =
       book.NamesIn(QStringLiteral("Data/_xml"), QStringLiteral("?Title*.xml"));
   for (const QString& name : names) {
-    std::optional<Collection> collection = CollectionOf(name);
-    if (!collection || Stands(index, *collection)) continue;
-    const std::optional<bool> isGallery = IsGalleryFile(book, *collection);
-    if (!isGallery) continue;
-    collection->isGallery = *isGallery;
-    collection->title = QStringLiteral("بدون عنوان");
-    found.push_back(std::move(*collection));
+    if (std::optional<Collection> collection = CollectionOf(name)) found.push_back(*collection);
   }
   std::ranges::sort(found, {}, &Collection::number);
   return found;
 }
 
+// What only the folder tells of, each at the end of its row.
+void AddUnlisted(const BookFolder& book, Index& index) {
+  for (Collection& collection : CollectionsInFolder(book)) {
+    if (Stands(index, collection)) continue;
+    const std::optional<bool> isGallery = IsGalleryFile(book, collection);
+    if (!isGallery) continue;
+    collection.isGallery = *isGallery;
+    collection.title = QStringLiteral("بدون عنوان");
+    const auto behind =
+        std::ranges::upper_bound(index.collections, collection.row, {}, &Collection::row);
+    index.collections.insert(behind, std::move(collection));
+  }
+}
+
 }  // namespace
+
+bool AreSame(const Collection& a, const Collection& b) {
+  return a.row == b.row && a.number == b.number;
+}
 
 Index ParseIndex(QStringView text) { return Reader(text).Read(); }
 
@@ -148,12 +159,7 @@ Index ReadIndex(const BookFolder& book) {
   const std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
   if (!text) return {};
   Index index = ParseIndex(*text);
-  for (Collection& collection : Unlisted(book, index)) {
-    if (Stands(index, collection)) continue;  // of two files whose names differ in letter case
-    const auto behind =
-        std::ranges::upper_bound(index.collections, collection.row, {}, &Collection::row);
-    index.collections.insert(behind, std::move(collection));
-  }
+  AddUnlisted(book, index);
   return index;
 }
 

@@ -17,6 +17,9 @@ struct Collection {
   QString title;
 };
 
+// By their place in the book: titles and kinds may be told otherwise.
+bool AreSame(const Collection& a, const Collection& b);
+
 struct Index {
   QString credit;
   std::vector<Collection> collections;  // by row, in it by number, each once

@@ -1,26 +1,28 @@
 #include "viewer/book/known_files.h"
 
 #include <QFileInfo>
-#include <QSet>
 #include <QStringList>
+
+#include "viewer/book/media.h"
 
 namespace viewer {
 namespace {
 
-// Without those that may hold a program for the program that opens them: pages of the web, films of
-// Flash, documents with macros.
-const QSet<QString>& Extensions() {
-  static const QSet<QString> kExtensions = [] {
-    const QStringList names =
-        QStringLiteral(
-            "pdf txt rtf csv doc docx xls xlsx ppt pptx pps ppsx odt ods odp epub djvu djv "
-            "jpg jpeg jpe png gif bmp tif tiff webp "
-            "mp3 wav wma ogg oga opus m4a aac flac amr aif aiff au mid midi "
-            "avi mpg mpeg mp4 m4v mkv mov wmv asf flv webm ogv 3gp vob rm rmvb ts divx")
-            .split(u' ');
-    return QSet<QString>(names.begin(), names.end());
-  }();
+// Without those that may hold a program for the program that opens them: pages of the web,
+// documents with macros.
+const QStringList& DocumentExtensions() {
+  static const QStringList kExtensions =
+      QStringLiteral(
+          ".pdf .txt .rtf .csv .doc .docx .xls .xlsx .ppt .pptx .pps .ppsx .odt .ods .odp .epub "
+          ".djvu .djv .jpg .jpeg .jpe .png .gif .bmp .tif .tiff .webp")
+          .split(u' ');
   return kExtensions;
+}
+
+// A film of Flash is a program, and anything may be called data.
+bool IsKnownFilm(const QString& extension) {
+  return FilmExtensions().contains(extension) && extension != QLatin1String(".swf") &&
+         extension != QLatin1String(".dat");
 }
 
 bool IsTurn(QChar character) {
@@ -32,7 +34,9 @@ bool IsTurn(QChar character) {
 }  // namespace
 
 bool IsKnownDocument(const QString& fileName) {
-  return Extensions().contains(QFileInfo(fileName).suffix().toLower());
+  const QString extension = u'.' + QFileInfo(fileName).suffix().toLower();
+  return DocumentExtensions().contains(extension) || SoundExtensions().contains(extension) ||
+         IsKnownFilm(extension);
 }
 
 QString WithoutTurns(const QString& fileName) {

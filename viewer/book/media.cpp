@@ -7,23 +7,6 @@
 namespace viewer {
 namespace {
 
-const QStringList& SoundExtensions() {
-  static const QStringList extensions =
-      QStringLiteral(
-          ".mp3 .wav .wma .ogg .oga .opus .m4a .aac .flac .amr .aif .aiff .au .mid .midi")
-          .split(u' ');
-  return extensions;
-}
-
-const QStringList& FilmExtensions() {
-  static const QStringList extensions =
-      QStringLiteral(
-          ".avi .mpg .mpeg .mp4 .m4v .mkv .mov .wmv .asf .flv .webm .ogv .3gp .vob .dat .rm .rmvb "
-          ".ts .divx .swf")
-          .split(u' ');
-  return extensions;
-}
-
 bool HasExtension(const QString& path, const QStringList& extensions) {
   return extensions.contains(u'.' + QFileInfo(path).suffix(), Qt::CaseInsensitive);
 }
@@ -69,15 +52,36 @@ class Shelf {
 
 }  // namespace
 
+const QStringList& SoundExtensions() {
+  static const QStringList extensions =
+      QStringLiteral(
+          ".mp3 .wav .wma .ogg .oga .opus .m4a .aac .flac .amr .aif .aiff .au .mid .midi")
+          .split(u' ');
+  return extensions;
+}
+
+const QStringList& FilmExtensions() {
+  static const QStringList extensions =
+      QStringLiteral(
+          ".avi .mpg .mpeg .mp4 .m4v .mkv .mov .wmv .asf .flv .webm .ogv .3gp .vob .dat .rm .rmvb "
+          ".ts .divx .swf")
+          .split(u' ');
+  return extensions;
+}
+
 QString StemOf(const Node& node) {
   const QString& source = node.source;
   const qsizetype dot = source.lastIndexOf(u'.');
   return dot <= source.lastIndexOf(u'/') ? source : source.first(dot);
 }
 
+QString BackgroundOf(const BookFolder& book, const Node& node) {
+  return node.background.isEmpty() ? QString() : book.Resolve(node.background);
+}
+
 Media MediaOf(const BookFolder& book, const Node& node) {
   Media media;
-  if (!node.background.isEmpty()) media.background = book.Resolve(node.background);
+  media.background = BackgroundOf(book, node);
   // The build copies no media of a gallery entry, whatever its node says.
   if (node.isTitle || node.isGallery) return media;
   const QString stem = StemOf(node);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "viewer/book/contents.h"
 #include "viewer/book/folder.h"
@@ -20,6 +21,13 @@ struct Media {
 // The path in the book that they all share, up to their dots.
 QString StemOf(const Node& node);
 Media MediaOf(const BookFolder& book, const Node& node);
+
+// By which sounds and films are known, with the dot, in lower case.
+const QStringList& SoundExtensions();
+const QStringList& FilmExtensions();
+
+// The background of the entry alone.
+QString BackgroundOf(const BookFolder& book, const Node& node);
 
 // The page made for printing, beside the page itself; empty if there is none.
 QString PrintPageOf(const BookFolder& book, const Node& node);
