@@ -5,10 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -16,6 +12,7 @@
 
 #include "platform/rtf/rtf.h"
 #include "platform/text.h"
+#include "tests/unit/source_tree.h"
 
 namespace {
 
@@ -27,6 +24,7 @@ using platform::rtf::Paragraph;
 using platform::rtf::Picture;
 using platform::rtf::PictureKind;
 using platform::rtf::Run;
+using source_tree::Content;
 using testing::Contains;
 using testing::Each;
 using testing::IsEmpty;
@@ -34,19 +32,6 @@ using testing::StartsWith;
 
 // What the help window's box has beside its scroll bar, less the margins of the text.
 constexpr int kWidestPictureTwips = 645 * 15;
-
-const std::filesystem::path& Tree() {
-  // This file lies in tests/unit.
-  static const std::filesystem::path kTree =
-      std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-  return kTree;
-}
-
-std::string Content(const std::filesystem::path& path) {
-  std::ifstream file(Tree() / path, std::ios::binary);
-  if (!file) throw std::runtime_error("no file " + path.string());
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 const std::string& Rtf() {
   static const std::string kRtf = Content("Resources/Help.rtf");
