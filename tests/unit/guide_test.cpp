@@ -5,18 +5,26 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "core/messages.h"
+#include "platform/caption.h"
 #include "platform/rtf/rtf.h"
 #include "platform/text.h"
+#include "support/window_catalogue.h"
 #include "tests/unit/source_tree.h"
+#include "workbench/marking.h"
 
 namespace {
 
 using platform::Text;
+using platform::TextView;
 using platform::rtf::Alignment;
 using platform::rtf::Direction;
 using platform::rtf::Document;
@@ -259,10 +267,129 @@ TEST(Guide, NumbersItsSteps) {
   EXPECT_THAT(paragraphs, Contains(StartsWith("۱۰. ")));
 }
 
-TEST(Guide, NamesEveryKeyOfTheWorkbench) {
-  const std::string plain = platform::ToUtf8(platform::rtf::PlainText(Rtf()));
-  for (int key = 1; key <= 12; ++key) {
-    EXPECT_THAT(plain, testing::ContainsRegex("F" + std::to_string(key) + "[^0-9]"));
+// A caption or message as the guide quotes it: as the screen shows it, less the marks that can't be
+// seen and the count of open main titles.
+std::string Shown(TextView caption) {
+  const Text shown = platform::Replace(platform::ShownCaption(caption), u" (0)", u"");
+  return platform::ToUtf8(platform::Replace(shown, u"\u200F", u""));
+}
+
+// What a reader takes for the same words.
+std::string Loose(std::string words) {
+  for (const char* sign : {"\u200C", "\u200F", " ", ":", "!"}) words = Replaced(words, sign, "");
+  return Replaced(Replaced(words, "ی", "ي"), "ک", "ك");
+}
+
+// Everything that the windows and the numbered messages show, by its loose form.
+std::multimap<std::string, std::string> WordsOfTheScreen() {
+  std::multimap<std::string, std::string> words;
+  const auto add = [&](TextView text) { words.emplace(Loose(Shown(text)), Shown(text)); };
+  for (const auto* window :
+       {&support::Form1Definition(), &support::Form2Definition(), &support::Form3Definition(),
+        &support::Form4Definition(), &support::Form5Definition(), &support::Form6Definition()}) {
+    for (const platform::ControlRow& row : window->rows) add(row.text);
+  }
+  for (std::int16_t number = 1; number <= 29; ++number) add(core::MessageText(number));
+  return words;
+}
+
+// What stands in the text between two signs.
+std::vector<std::string> Between(const std::string& text, std::string_view open,
+                                 std::string_view close) {
+  std::vector<std::string> found;
+  for (auto at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
+    at += open.size();
+    const auto end = std::min(text.find(close, at), text.size());
+    found.push_back(text.substr(at, end - at));
+    at = end + close.size();
+  }
+  return found;
+}
+
+// What the text quotes; a quotation within another belongs to that.
+std::vector<std::string> Quotations(const std::string& text) {
+  constexpr std::string_view kOpen = "«";
+  constexpr std::string_view kClose = "»";
+  std::vector<std::string> found;
+  int depth = 0;
+  std::size_t start = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.compare(at, kOpen.size(), kOpen) == 0 && depth++ == 0) start = at + kOpen.size();
+    if (text.compare(at, kClose.size(), kClose) == 0 && --depth == 0) {
+      found.push_back(text.substr(start, at - start));
+    }
+  }
+  return found;
+}
+
+TEST(Guide, QuotesCaptionsAndMessagesToTheLetter) {
+  const auto screen = WordsOfTheScreen();
+  int quoted = 0;
+  for (const std::string& text : Quotations(Content("tools/make_guide/guide.fa.txt"))) {
+    const auto [first, last] = screen.equal_range(Loose(text));
+    if (first == last) continue;
+    ++quoted;
+    EXPECT_TRUE(std::any_of(first, last, [&](const auto& each) { return each.second == text; }))
+        << text << " is " << first->second;
+  }
+  EXPECT_GT(quoted, 100);
+}
+
+TEST(Guide, ExplainsNothingThatTheScreenDoesNotShow) {
+  // In no table: buttons of a box, and a box of a command's own.
+  const std::set<std::string> boxes = {"بله", "خير", "تيتري براي بستن وجود ندارد!"};
+  const auto screen = WordsOfTheScreen();
+  for (const std::string& bold : Between(Content("tools/make_guide/guide.fa.txt"), "**", "**")) {
+    for (const std::string& text : Quotations(bold)) {
+      EXPECT_TRUE(boxes.contains(text) || screen.contains(Loose(text))) << text;
+    }
+  }
+}
+
+TEST(Guide, PointsToSectionsThatItHas) {
+  std::vector<std::string> headings = SourceTexts("## ");
+  std::ranges::copy(SourceTexts("### "), std::back_inserter(headings));
+  const auto named = Between(Content("tools/make_guide/guide.fa.txt"), "بخش «", "»");
+  EXPECT_THAT(named, testing::SizeIs(testing::Gt(2U)));
+  for (const std::string& heading : named) EXPECT_THAT(headings, Contains(heading));
+}
+
+// What the guide's list says of a function key; empty if it has no item of its own.
+std::string ItemOfKey(int number) {
+  const std::string start = "• F" + std::to_string(number) + " ";
+  for (const std::string& text : Paragraphs()) {
+    if (text.starts_with(start)) return text;
+  }
+  return {};
+}
+
+Text CaptionOf(TextView name, int index) {
+  const auto rows = support::Form3Definition().rows;
+  const auto row = std::ranges::find_if(rows, [&](const platform::ControlRow& each) {
+    return each.name == name && each.index == index;
+  });
+  return Text(row->text);
+}
+
+TEST(Guide, TellsOfEachKeyOfTheWorkbenchWithTheCaptionOfItsCommand) {
+  constexpr int kF1 = 112;
+  int keys = 0;
+  for (int number = 1; number <= 12; ++number) {
+    const auto key = workbench::KeyMeaning(kF1 - 1 + number);
+    if (!key) continue;
+    ++keys;
+    const bool isTick = key->action == workbench::MarkingKey::Action::kToggleRemoval;
+    const Text caption = isTick ? CaptionOf(u"Chek", platform::kNoIndex)
+                                : CaptionOf(u"Com", static_cast<int>(key->command));
+    EXPECT_THAT(ItemOfKey(number), testing::HasSubstr("«" + Shown(caption) + "»")) << "F" << number;
+  }
+  EXPECT_EQ(keys, 9);
+}
+
+TEST(Guide, NamesTheKeysThatDoNothing) {
+  for (int number = 1; number <= 12; ++number) {
+    const bool isTold = !ItemOfKey(number).empty();
+    EXPECT_EQ(isTold, workbench::KeyMeaning(111 + number).has_value()) << "F" << number;
   }
 }
 
