@@ -32,6 +32,16 @@ class GuideAdvice : public testing::Test {
     EXPECT_THAT(desk.robot.TakeBoxes(), SizeIs(1));
   }
 
+  // One within the other, with an entry in it; what is left is another entry.
+  void FileTwoMainTitles() {
+    desk.OpenOn(u"A\r\nB\r\nOne\r\nText\r\nLast\r\nEnd");
+    FormatDesk::Mark(Qt::Key_F1, "A");
+    FormatDesk::Mark(Qt::Key_F1, "B");
+    FormatDesk::FileHeading("One", "Text");
+    Press(Qt::Key_F4);
+    Press(Qt::Key_F4);
+  }
+
   FormatDesk desk;
 };
 
@@ -167,12 +177,7 @@ TEST_F(GuideAdvice, ANumberTypedAnewCarriesNoMarkIntoTheBook) {
 // The end of a main title whose line was deleted stays: the book's list closes once too often, and
 // a second one ends the build.
 TEST_F(GuideAdvice, ADeletedMainTitleLeavesItsEndInTheList) {
-  desk.OpenOn(u"A\r\nB\r\nOne\r\nText\r\nLast\r\nEnd");
-  FormatDesk::Mark(Qt::Key_F1, "A");
-  FormatDesk::Mark(Qt::Key_F1, "B");
-  FormatDesk::FileHeading("One", "Text");
-  Press(Qt::Key_F4);
-  Press(Qt::Key_F4);
+  FileTwoMainTitles();
   FormatDesk::FileHeading("Last", "End");
   Delete(0);
   EXPECT_THAT(Entries(), SizeIs(5));
@@ -183,12 +188,7 @@ TEST_F(GuideAdvice, ADeletedMainTitleLeavesItsEndInTheList) {
 }
 
 TEST_F(GuideAdvice, TwoDeletedMainTitlesEndTheBuildHalfway) {
-  desk.OpenOn(u"A\r\nB\r\nOne\r\nText");
-  FormatDesk::Mark(Qt::Key_F1, "A");
-  FormatDesk::Mark(Qt::Key_F1, "B");
-  FormatDesk::FileHeading("One", "Text");
-  Press(Qt::Key_F4);
-  Press(Qt::Key_F4);
+  FileTwoMainTitles();
   Delete(0);
   Delete(0);
   Press(Qt::Key_F12);
