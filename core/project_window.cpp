@@ -6,6 +6,7 @@
 #include "core/joined.h"
 #include "core/log.h"
 #include "core/messages.h"
+#include "core/numbers.h"
 #include "core/selector.h"
 #include "core/settings.h"
 #include "core/version.h"
@@ -71,7 +72,7 @@ void Form1::WireButtons() {
 }
 
 void Form1::Form_Load() {
-  Catching(39, [&] {
+  Catching(failure::kLoadProjectWindow, [&] {
     fileSys = std::make_unique<platform::FileSystemObject>(machine_.files);
     LogMe(Joined({u"Closing last log.\r\n\r\n", kLogRule, u"\r\n"}));
     LogMe(StartNote());
@@ -98,7 +99,7 @@ platform::FileSystemObject& Form1::FileSys() {
 
 Text Form1::DoSlash(TextView path) {
   Text slashed(path);
-  Catching(45, [&] { slashed = platform::DoSlash(path); });
+  Catching(failure::kSlashPath, [&] { slashed = platform::DoSlash(path); });
   return slashed;
 }
 
@@ -144,7 +145,7 @@ void Form1::InitVocabulary() { vocabulary = LoadVocabulary(); }
 void Form1::RefreshVocabulary() { vocabulary = LoadVocabulary(); }
 
 void Form1::MakeCombo() {
-  Catching(42, [&] {
+  Catching(failure::kListCollections, [&] {
     LogMe(u"Making combo...");
     dataName.Clear();
     ListRow(0, title.Text());
@@ -165,7 +166,7 @@ void Form1::ListRow(std::size_t row, TextView count) {
 }
 
 void Form1::Command4_Click() {
-  Catching(33, [&] {
+  Catching(failure::kHelp, [&] {
     if (ports_.help != nullptr) ports_.help->ShowHelp(*this);
   });
 }
@@ -175,7 +176,7 @@ void Form1::Command10_Click() {
 }
 
 void Form1::Timer1_Timer() {
-  Catching(43, [&] {
+  Catching(failure::kRestoreWindows, [&] {
     if (State() == platform::WindowState::kMinimised) return;
     if (ports_.workbench != nullptr) ports_.workbench->RestoreWorkbench();
     Timer1.SetTimerEnabled(false);
@@ -184,7 +185,7 @@ void Form1::Timer1_Timer() {
 }
 
 void Form1::bMus_Click() {
-  Catching(31, [&] {
+  Catching(failure::kMusicSwitch, [&] {
     const bool music = bMus(0).Value();
     for (platform::Control* control : std::initializer_list<platform::Control*>{
              &Mus1, &Mus2, &Command6, &Command7, &Label1, &Label10}) {

@@ -1,5 +1,6 @@
 // The Next action: from the fields of the project to the open workbench.
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "core/project_window.h"
 #include "core/selector.h"
 
@@ -25,16 +26,16 @@ bool Form1::CHK() {
     bepayam(number);
   };
   const auto isFilled = [](const platform::TextBox& field) { return !field.Text().empty(); };
-  require(dataName.ListCount() > 0, 15);
-  require(isFilled(Text1), 16);
-  require(isFilled(title), 17);
-  require(isFilled(matn), 18);
-  require(isFilled(shenas), 19);
-  require(!bMus(0).Value() || isFilled(Mus1), 20);
-  require(!bMus(0).Value() || isFilled(Mus2), 21);
-  require(isFilled(index), 22);
-  require(isFilled(idir), 23);
-  require(isFilled(Back), 24);
+  require(dataName.ListCount() > 0, message::kNoCollectionWaits);
+  require(isFilled(Text1), message::kInputFolderNotSet);
+  require(isFilled(title), message::kFirstCountNotSet);
+  require(isFilled(matn), message::kSecondCountNotSet);
+  require(isFilled(shenas), message::kThirdCountNotSet);
+  require(!bMus(0).Value() || isFilled(Mus1), message::kFirstMusicNotSet);
+  require(!bMus(0).Value() || isFilled(Mus2), message::kSecondMusicNotSet);
+  require(isFilled(index), message::kCollectionPictureNotSet);
+  require(isFilled(idir), message::kProjectFolderNotSet);
+  require(isFilled(Back), message::kBackgroundNotSet);
   return filledIn;
 }
 
@@ -45,7 +46,7 @@ bool Form1::FE() {
     found = false;
     bepayam(number);
   };
-  Catching(48, [&] {
+  Catching(failure::kFindPaths, [&] {
     RequireFolders(require);
     RequireFiles(require);
   });
@@ -56,14 +57,14 @@ void Form1::RequireFolders(const Requirement& require) {
   const Position selected = dataName.ListIndex();
   MakeAbsolute(idir);  // rebuilds dataName
   dataName.SetListIndex(selected);
-  require(FileSys().FolderExists(idir.Text()), 10);
+  require(FileSys().FolderExists(idir.Text()), message::kProjectFolderMissing);
 
   if (!IsAbsolute(Text1.Text()) && platform::InStr(Text1.Text(), kCurrentFolder) > 0) {
     Text1.SetText(machine_.programFolder);
   } else {
     MakeAbsolute(Text1);
   }
-  require(FileSys().FolderExists(Text1.Text()), 9);
+  require(FileSys().FolderExists(Text1.Text()), message::kInputFolderMissing);
 }
 
 void Form1::RequireFiles(const Requirement& require) {
@@ -71,10 +72,10 @@ void Form1::RequireFiles(const Requirement& require) {
     MakeAbsolute(field);
     require(FileSys().FileExists(field.Text()), number);
   };
-  requireFile(index, 11);
-  if (bMus(0).Value()) requireFile(Mus1, 12);
-  if (bMus(0).Value()) requireFile(Mus2, 13);
-  requireFile(Back, 14);
+  requireFile(index, message::kCollectionPictureMissing);
+  if (bMus(0).Value()) requireFile(Mus1, message::kFirstMusicMissing);
+  if (bMus(0).Value()) requireFile(Mus2, message::kSecondMusicMissing);
+  requireFile(Back, message::kBackgroundMissing);
 }
 
 void Form1::MakeAbsolute(platform::TextBox& field) {
@@ -83,7 +84,7 @@ void Form1::MakeAbsolute(platform::TextBox& field) {
 }
 
 void Form1::MakeDirs() {
-  Catching(50, [&] {
+  Catching(failure::kMakeFolders, [&] {
     LogMe(u"Directories making...");
     const auto makeMissing = [&](const Text& folder) {
       if (!FileSys().FolderExists(folder)) machine_.files.MakeFolder(folder);
@@ -114,7 +115,7 @@ void Form1::CopyTitleImage() {
 }
 
 void Form1::Command3_Click() {
-  Catching(101, [&] {
+  Catching(failure::kNext, [&] {
     SaveThings();
     const Position selected = dataName.ListIndex();
     MakeDefaultFolder(idir, kDefaultProject);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/numbers.h"
 #include "core/project_window.h"
 
 namespace core {
@@ -29,31 +30,31 @@ void Form1::RequestFile(TextView key, TextView pattern, Window* owner) {
 }
 
 void Form1::Command1_Click() {
-  Catching(46, [&] { RequestFolder(u"ExBox", this); });
+  Catching(failure::kPickExportFolder, [&] { RequestFolder(u"ExBox", this); });
 }
 
 void Form1::Command2_Click() {
-  Catching(47, [&] { RequestFolder(u"idir", this); });
+  Catching(failure::kPickProjectFolder, [&] { RequestFolder(u"idir", this); });
 }
 
 void Form1::Command5_Click() {
-  Catching(34, [&] { RequestFile(u"Command5", kPictures, this); });
+  Catching(failure::kPickCollectionPicture, [&] { RequestFile(u"Command5", kPictures, this); });
 }
 
 void Form1::Command6_Click() {
-  Catching(35, [&] { RequestFile(u"Command6", kMusic, this); });
+  Catching(failure::kPickFirstMusic, [&] { RequestFile(u"Command6", kMusic, this); });
 }
 
 void Form1::Command7_Click() {
-  Catching(36, [&] { RequestFile(u"Command7", kMusic, this); });
+  Catching(failure::kPickSecondMusic, [&] { RequestFile(u"Command7", kMusic, this); });
 }
 
 void Form1::Command8_Click() {
-  Catching(37, [&] { RequestFile(u"Command8", kPictures, this); });
+  Catching(failure::kPickBackground, [&] { RequestFile(u"Command8", kPictures, this); });
 }
 
 void Form1::Command9_Click() {
-  Catching(38, [&] { RequestFolder(u"Command9", this); });
+  Catching(failure::kPickInputFolder, [&] { RequestFolder(u"Command9", this); });
 }
 
 struct Form1::Route {
@@ -98,7 +99,7 @@ struct Form1::Route {
 };
 
 void Form1::upd() {
-  Catching(44, [&] {
+  Catching(failure::kRouteChoice, [&] {
     const Text target = pendingTarget;
     const auto routes = Route::Table();
     const auto route = std::ranges::find(routes, target, &Route::key);

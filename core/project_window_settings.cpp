@@ -1,6 +1,7 @@
 // The settings file and the book's own media.
 #include "core/book_places.h"
 #include "core/joined.h"
+#include "core/numbers.h"
 #include "core/project_window.h"
 #include "core/settings.h"
 #include "platform/failure.h"
@@ -57,7 +58,7 @@ void Form1::SaveMedium(TextView source, TextView target) {
 
 // Required as it stands: no field takes anything from the file, the log line is all the effect.
 void Form1::ReadSett() {
-  Catching(40, [&] {
+  Catching(failure::kReadSettings, [&] {
     LogMe(u"Reading settings...");
     const Text path = SettingsFile(BookRoot(), txtFolder);
     if (FileSys().FileExists(path)) {
@@ -81,7 +82,7 @@ void Form1::ReadWhole(TextView path) {
 
 Text Form1::Wsre(TextView text, TextView tag) {
   Text found;
-  Catching(41, [&] { found = TaggedText(text, tag); });
+  Catching(failure::kReadTag, [&] { found = TaggedText(text, tag); });
   return found;
 }
 

@@ -1,4 +1,5 @@
 // What hangs on an entry beside its text: how a file, a sound, a film and a background are picked.
+#include "core/numbers.h"
 #include "editor/paragraph_window.h"
 
 namespace editor {
@@ -13,21 +14,22 @@ constexpr TextView kClickRemoves = u"براي حذف پس\u200Fزمينه كلي
 }  // namespace
 
 void Form6::Command1_Click() {
-  form1_.Catching(71, [&] { form1_.RequestFile(u"C6d1", u"*.mp3", this); });
+  form1_.Catching(core::failure::kPickSound, [&] { form1_.RequestFile(u"C6d1", u"*.mp3", this); });
 }
 
 void Form6::Command2_Click() {
-  form1_.Catching(72, [&] { form1_.RequestFile(u"C6d2", u"*.flv", this); });
+  form1_.Catching(core::failure::kPickFilm, [&] { form1_.RequestFile(u"C6d2", u"*.flv", this); });
 }
 
 void Form6::Command5_Click() {
-  form1_.Catching(73, [&] { form1_.RequestFile(u"C6d5", u"*.*", this); });
+  form1_.Catching(core::failure::kPickAttachment,
+                  [&] { form1_.RequestFile(u"C6d5", u"*.*", this); });
 }
 
 void Form6::Command3_Click() { form3_.ComClick(); }
 
 void Form6::Image1_Click() {
-  form1_.Catching(81, [&] {
+  form1_.Catching(core::failure::kClickBackground, [&] {
     if (Image1.Tag().empty()) {
       form1_.RequestFile(u"Pasz", core::kPicturePattern, this);
       return;
@@ -44,7 +46,7 @@ void Form6::SetBackground(TextView path) {
 }
 
 void Form6::TgDo() {
-  form1_.Catching(82, [&] {
+  form1_.Catching(core::failure::kShowBackground, [&] {
     const platform::Text path = Image1.Tag();
     if (path.empty() || !FileSys().FileExists(path)) return;
     Image1.LoadPicture(path);

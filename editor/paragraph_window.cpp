@@ -1,6 +1,7 @@
 #include "editor/paragraph_window.h"
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "platform/clipboard.h"
 #include "platform/failure.h"
 #include "support/window_catalogue.h"
@@ -59,7 +60,7 @@ void Form6::WireBrowser() {
 }
 
 void Form6::Form_Load() {
-  form1_.Catching(77, [&] {
+  form1_.Catching(core::failure::kLoadParagraphWindow, [&] {
     fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
     form3_.ShowEdit();
     if (!FileSys().FileExists(core::ImageMarkFile(form1_.ProgramRoot()))) picM.SetEnabled(false);
@@ -74,7 +75,7 @@ platform::FileSystemObject& Form6::FileSys() {
 }
 
 void Form6::btn_Click(std::int16_t index) {
-  form1_.Catching(70, [&] { Press(index); });
+  form1_.Catching(core::failure::kPressButton, [&] { Press(index); });
 }
 
 void Form6::Press(std::int16_t index) {
@@ -106,9 +107,9 @@ bool Form6::CHK() {
     found = false;
     form1_.bepayam(number);
   };
-  require(picB, 6);
-  require(soutB, 7);
-  require(filmB, 8);
+  require(picB, core::message::kAttachmentMissing);
+  require(soutB, core::message::kSoundMissing);
+  require(filmB, core::message::kFilmMissing);
   return found;
 }
 
@@ -125,7 +126,7 @@ void Form6::SwitchGallery() {
 
 void Form6::matn_MouseUp(int button) {
   if (button != kRightButton) return;
-  form1_.Catching(78, [&] {
+  form1_.Catching(core::failure::kOpenMenu, [&] {
     const bool selected = matn.SelLength() > 0;
     for (platform::MenuItem* item : {&copyM, &cutM, &delM}) item->SetEnabled(selected);
     pasteM.SetEnabled(platform::ClipboardHasText());
@@ -136,22 +137,22 @@ void Form6::matn_MouseUp(int button) {
 void Form6::picM_Click() { form3_.DoIMG(); }
 
 void Form6::copyM_Click() {
-  form1_.Catching(74, [&] { platform::SetClipboardText(matn.SelText()); });
+  form1_.Catching(core::failure::kCopy, [&] { platform::SetClipboardText(matn.SelText()); });
 }
 
 void Form6::cutM_Click() {
-  form1_.Catching(75, [&] {
+  form1_.Catching(core::failure::kCut, [&] {
     platform::SetClipboardText(matn.SelText());
     matn.SetSelText(u"");
   });
 }
 
 void Form6::delM_Click() {
-  form1_.Catching(76, [&] { matn.SetSelText(u""); });
+  form1_.Catching(core::failure::kDelete, [&] { matn.SetSelText(u""); });
 }
 
 void Form6::pasteM_Click() {
-  form1_.Catching(79, [&] {
+  form1_.Catching(core::failure::kPaste, [&] {
     if (platform::ClipboardHasText()) matn.SetSelText(platform::ClipboardText());
   });
 }

@@ -1,6 +1,7 @@
 #include "export/export_pass.h"
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "export/export_places.h"
 #include "platform/failure.h"
 
@@ -14,11 +15,6 @@ using platform::TextView;
 namespace {
 
 constexpr TextView kDefaultTarget = u"Export";
-constexpr std::int16_t kNoProjectFolder = 10;
-constexpr std::int16_t kNoTargetFolder = 26;
-constexpr std::int16_t kNoScript = 27;
-constexpr std::int16_t kExportFailed = 28;
-constexpr std::int16_t kExportReady = 29;
 
 }  // namespace
 
@@ -26,13 +22,15 @@ ExportPass::ExportPass(core::Form1& form1, platform::Launcher& launcher)
     : form1_(form1), launcher_(launcher) {}
 
 void ExportPass::Export() {
-  form1_.Catching(102, [&] {
+  form1_.Catching(core::failure::kExport, [&] {
     form1_.MakeDefaultFolder(form1_.ExBox, kDefaultTarget);
     form1_.MakeAbsolute(form1_.ExBox);
     form1_.MakeAbsolute(form1_.idir);
     form1_.SaveThings();
-    if (!Files().FolderExists(form1_.ExBox.Text())) return form1_.bepayam(kNoTargetFolder);
-    if (!Files().FolderExists(form1_.idir.Text())) return form1_.bepayam(kNoProjectFolder);
+    if (!Files().FolderExists(form1_.ExBox.Text()))
+      return form1_.bepayam(core::message::kExportFolderMissing);
+    if (!Files().FolderExists(form1_.idir.Text()))
+      return form1_.bepayam(core::message::kProjectFolderMissing);
     ExportAll();
   });
 }
@@ -45,14 +43,15 @@ void ExportPass::ExportAll() {
     if (Files().FileExists(core::ExportScriptFile(form1_.ProgramRoot()))) {
       root = CarryOut();
     } else {
-      form1_.bepayam(kNoScript);
+      form1_.bepayam(core::message::kNoExportScript);
     }
-    form1_.bepayam(kExportReady);
+    form1_.bepayam(core::message::kExportReady);
     form1_.LogMe(u"Files exported.");
     if (Files().FileExists(Viewer(root))) RunFile(Viewer(root));
     form1_.LogMe(u"Exported Main.exe played.");
   };
-  platform::CatchingFailure(pass, [&](const Text&) { form1_.bepayam(kExportFailed); });
+  platform::CatchingFailure(pass,
+                            [&](const Text&) { form1_.bepayam(core::message::kExportFailed); });
 }
 
 // Everything is cut before anything on the disk changes.

@@ -1,6 +1,7 @@
 #include "support/help_window.h"
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "platform/paths.h"
 #include "support/window_catalogue.h"
 
@@ -9,7 +10,7 @@ namespace support {
 Form4::Form4(core::Form1& form1) : Window(Form4Definition()), form1_(form1) {}
 
 void Form4::Form_Load() {
-  form1_.Catching(69, [&] {
+  form1_.Catching(core::failure::kLoadHelp, [&] {
     Box1.SetLocked(true);
     fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
     const platform::Text guide =

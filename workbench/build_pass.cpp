@@ -1,6 +1,7 @@
 #include "workbench/build_pass.h"
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "platform/paths.h"
 #include "workbench/clean_up.h"
 #include "workbench/stems.h"
@@ -30,11 +31,10 @@ void BuildPass::Run() {
 }
 
 void BuildPass::FinishInWindow() {
-  constexpr std::int16_t kFileMade = 4;
   desk_.MakeCombo();
   desk_.NameNevis();
   desk_.HideWorkbench();
-  desk_.bepayam(kFileMade);
+  desk_.bepayam(core::message::kFileMade);
   desk_.FocusSelector();
   desk_.ResetA();
 }

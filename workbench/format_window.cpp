@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "core/selector.h"
 #include "platform/failure.h"
 #include "support/window_catalogue.h"
@@ -42,7 +43,7 @@ void Form3::WireHandlers() {
 }
 
 void Form3::Form_Load() {
-  form1_.Catching(60, [&] {
+  form1_.Catching(core::failure::kLoadWorkbench, [&] {
     form1_.LogMe(u"Format started.");
     words = SplitVocabulary(form1_.vocabulary);
     NameNevis();
@@ -100,7 +101,7 @@ void Form3::Timer1_Timer() {
 
 void Form3::NameNevis() {
   selectionWasRead_ = false;
-  form1_.Catching(61, [&] {
+  form1_.Catching(core::failure::kNameCollection, [&] {
     Text caption(kAllCollectionsBuilt);
     if (form1_.dataName.ListCount() > 0) {
       core::CollectionKey key = core::ReadKey(form1_.dataName.Text());
@@ -115,7 +116,7 @@ void Form3::NameNevis() {
 }
 
 void Form3::ResetA() {
-  form1_.Catching(66, [&] {
+  form1_.Catching(core::failure::kReset, [&] {
     Com(static_cast<int>(Mark::kMainTitle)).SetCaption(MainTitleCaption(0));
     entryCount = 0;
     imageCount = 0;
@@ -127,12 +128,12 @@ void Form3::ResetA() {
 }
 
 void Form3::IndexEmpty() {
-  form1_.Catching(63, [&] { bindex.Clear(); });
+  form1_.Catching(core::failure::kEmptyList, [&] { bindex.Clear(); });
 }
 
 std::int16_t Form3::FileList() {
   std::int16_t count = 0;
-  form1_.Catching(64, [&] {
+  form1_.Catching(core::failure::kListTexts, [&] {
     form1_.LogMe(u"Geting files in the directory...");
     books.Clear();
     for (const Text& name : FileSys().FileNames(form1_.Text1.Text())) {
@@ -140,7 +141,7 @@ std::int16_t Form3::FileList() {
       books.AddItem(name);
       count = platform::ToInt16(count + 1.0);
     }
-    if (count == 0) form1_.bepayam(1);
+    if (count == 0) form1_.bepayam(core::message::kNoInputTexts);
   });
   return count;
 }

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "core/book_places.h"
+#include "core/numbers.h"
 #include "platform/application.h"
 #include "platform/message_box.h"
 #include "platform/rtf/rtf.h"
@@ -54,7 +55,7 @@ class WorkbenchDesk : public BuildDesk {
 }  // namespace
 
 void Form3::MakeFile() {
-  form1_.Catching(57, [&] {
+  form1_.Catching(core::failure::kBuild, [&] {
     const BuildOrder order{.table = table,
                            .words = words,
                            .rowLetter = rowLetter,
@@ -71,7 +72,7 @@ void Form3::MakeFile() {
 
 Text Form3::ToTXT(const Text& richText) {
   Text plain;
-  form1_.Catching(67, [&] {
+  form1_.Catching(core::failure::kPlainText, [&] {
     // A heading that never got its text is empty, and that is no failure.
     if (!richText.empty()) plain = platform::rtf::PlainText(richText);
     // The box is the conversion's place on the window; it holds nothing between two uses.
@@ -81,7 +82,7 @@ Text Form3::ToTXT(const Text& richText) {
 }
 
 Text Form3::ToIMG(Text body) {
-  form1_.Catching(68, [&] {
+  form1_.Catching(core::failure::kImageTags, [&] {
     const auto bring = [this](const Text& source, TextView name) { BringImage(source, name); };
     const bool hasImages = PutImageTags(body, table.inlineImage, bring);
     body += AddEntr(hasImages ? kTailWithImages : kTailWithoutImages);
@@ -96,19 +97,21 @@ void Form3::BringImage(const Text& source, TextView fileName) {
 
 Text Form3::AddEntr(std::int16_t count) {
   Text result;
-  form1_.Catching(83, [&] { result = workbench::AddEntr(count, words.mainTag); });
+  form1_.Catching(core::failure::kBlankParagraphs,
+                  [&] { result = workbench::AddEntr(count, words.mainTag); });
   return result;
 }
 
 Text Form3::PasBin(TextView path, TextView stem) {
   Text result;
-  form1_.Catching(84, [&] { result = workbench::PasBin(path, stem); });
+  form1_.Catching(core::failure::kBackgroundAttribute,
+                  [&] { result = workbench::PasBin(path, stem); });
   return result;
 }
 
 Text Form3::sndBin(TextView path) {
   Text result;
-  form1_.Catching(85, [&] { result = workbench::sndBin(path); });
+  form1_.Catching(core::failure::kAttachmentAttributes, [&] { result = workbench::sndBin(path); });
   return result;
 }
 

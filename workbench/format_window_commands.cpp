@@ -2,6 +2,7 @@
 // They ask the text box for its selection only, so that a command costs what the passage costs.
 #include <utility>
 
+#include "core/numbers.h"
 #include "platform/application.h"
 #include "platform/message_box.h"
 #include "workbench/format_window.h"
@@ -12,7 +13,7 @@ using platform::Text;
 using platform::TextView;
 
 void Form3::Com_Click(std::int16_t index) {
-  form1_.Catching(59, [&] {
+  form1_.Catching(core::failure::kMark, [&] {
     form1_.LogMe(u"Format number " + platform::FromNumber(index) + u" clicked.");
     const auto command = static_cast<Mark>(index);
     RunCommand(command);

@@ -2,6 +2,7 @@
 // back, or is deleted.
 #include <utility>
 
+#include "core/numbers.h"
 #include "platform/failure.h"
 #include "workbench/format_window.h"
 
@@ -16,7 +17,7 @@ ParagraphWindow& Form3::Paragraph() {
 }
 
 void Form3::bindex_MouseUp() {
-  form1_.Catching(53, [&] {
+  form1_.Catching(core::failure::kOpenRow, [&] {
     form1_.LogMe(u"Opening an Onvan...");
     editIndex = platform::ToInt16(static_cast<double>(bindex.ListIndex()));
     if (editIndex == -1 || table.entryTitle(editIndex) == mainEndMark) return;
@@ -25,8 +26,8 @@ void Form3::bindex_MouseUp() {
 }
 
 void Form3::ShowEdit() {
-  form1_.Catching(51, [&] {
-    if (editIndex < 0) return form1_.bepayam(5);
+  form1_.Catching(core::failure::kShowRow, [&] {
+    if (editIndex < 0) return form1_.bepayam(core::message::kNoRowToEdit);
     if (table.entryGallery(editIndex)) Paragraph().ToggleGallery();
     const ParagraphFields fields = Paragraph().Fields();
     fields.Image1.ClearPicture();
@@ -66,7 +67,7 @@ void Form3::ShowEntryText(platform::RichTextBox& box) {
 }
 
 void Form3::DoEdit() {
-  form1_.Catching(52, [&] {
+  form1_.Catching(core::failure::kKeepRow, [&] {
     form1_.LogMe(u"Editing an Onvan...");
     const ParagraphFields fields = Paragraph().Fields();
     table.entryGallery.Set(editIndex, fields.Frame4.Visible());
@@ -94,7 +95,7 @@ void Form3::ShowLineOfRow() {
 }
 
 void Form3::Ohazf() {
-  form1_.Catching(54, [&] {
+  form1_.Catching(core::failure::kDeleteRow, [&] {
     form1_.LogMe(u"Removing an Onvan...");
     bindex.RemoveItem(editIndex);
     table.CloseGap(editIndex);

@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/numbers.h"
 #include "gallery/browser.h"
 #include "platform/failure.h"
 #include "workbench/format_window.h"
@@ -55,11 +56,13 @@ void Form3::VSC_Change() { ShowFol(VSC.Value() - 1); }
 void Form3::VSCchange() { ShowFol2(Paragraph().Browser().VSC.Value() - 1); }
 
 void Form3::Command1_Click() {
-  form1_.Catching(46, [&] { form1_.RequestFolder(u"FolPath", this); });
+  form1_.Catching(core::failure::kPickGalleryFolder,
+                  [&] { form1_.RequestFolder(u"FolPath", this); });
 }
 
 void Form3::ComClick() {
-  form1_.Catching(46, [&] { form1_.RequestFolder(u"FolPath2", &Paragraph().TheWindow()); });
+  form1_.Catching(core::failure::kPickGalleryFolder,
+                  [&] { form1_.RequestFolder(u"FolPath2", &Paragraph().TheWindow()); });
 }
 
 // The title is frozen as long as its picture is in the gallery.
@@ -71,15 +74,15 @@ void Form3::TickChanged(int which, std::ptrdiff_t row) {
 }
 
 void Form3::IMC_MouseUp(std::ptrdiff_t row) {
-  form1_.Catching(55, [&] { TickChanged(0, row); });
+  form1_.Catching(core::failure::kTickPicture, [&] { TickChanged(0, row); });
 }
 
 void Form3::IMCmous(std::ptrdiff_t row) {
-  form1_.Catching(55, [&] { TickChanged(1, row); });
+  form1_.Catching(core::failure::kTickPicture, [&] { TickChanged(1, row); });
 }
 
 void Form3::AddPicture(int which, std::ptrdiff_t row) {
-  form1_.Catching(54, [&] {
+  form1_.Catching(core::failure::kAddPicture, [&] {
     form1_.LogMe(u"Adding a pic to the gallery...");
     gallery::AddRow(BrowserOf(which), row, DoSlash(pictures.galleryFolder), ChosenOf(which));
     form1_.LogMe(u"Pic added.");
@@ -87,7 +90,7 @@ void Form3::AddPicture(int which, std::ptrdiff_t row) {
 }
 
 void Form3::RemovePicture(int which, std::ptrdiff_t row) {
-  form1_.Catching(57, [&] {
+  form1_.Catching(core::failure::kRemovePicture, [&] {
     form1_.LogMe(u"Removing a pic of the gallery...");
     gallery::RemoveRow(BrowserOf(which), row, PictureRoot(), ChosenOf(which));
     form1_.LogMe(u"Pic removed.");
@@ -101,7 +104,7 @@ void Form3::RemPicGal2(std::int16_t row) { RemovePicture(1, row); }
 
 // One step beyond the last name, which adds the folder itself or a name of an earlier folder.
 void Form3::SelAll_Click() {
-  form1_.Catching(54, [&] {
+  form1_.Catching(core::failure::kAddPicture, [&] {
     form1_.LogMe(u"Adding all pic to the gallery...");
     const Text root = DoSlash(pictures.galleryFolder);
     std::vector<Text> paths;

@@ -1,4 +1,5 @@
 // Pictures put into an entry's text while it is edited.
+#include "core/numbers.h"
 #include "workbench/format_window.h"
 #include "workbench/inline_images.h"
 
@@ -8,9 +9,9 @@ using platform::Position;
 using platform::Text;
 
 void Form3::DoIMG() {
-  form1_.Catching(56, [&] {
+  form1_.Catching(core::failure::kInsertImage, [&] {
     form1_.LogMe(u"Inserting image inside the text...");
-    if (imageMark.empty()) return form1_.bepayam(25);
+    if (imageMark.empty()) return form1_.bepayam(core::message::kNoImageMark);
     form1_.RequestFile(u"IMG", core::kPicturePattern, &Paragraph().TheWindow());
     // What an earlier choice left counts still.
     if (chosenImage.empty() || !FileSys().FileExists(chosenImage)) return;

@@ -1,5 +1,6 @@
 // Text intake: an input file into the text box, its paragraphs rebuilt, and the small text
 // operations with their numbers.
+#include "core/numbers.h"
 #include "platform/failure.h"
 #include "workbench/clean_up.h"
 #include "workbench/format_window.h"
@@ -12,7 +13,7 @@ using platform::Text;
 using platform::TextView;
 
 void Form3::books_Click() {
-  form1_.Catching(55, [&] {
+  form1_.Catching(core::failure::kOpenText, [&] {
     form1_.LogMe(u"Opening a text file...");
     currentBook = books.List(books.ListIndex());
     // A line of its own, so that the raw text is gone before the box takes the clean one.
@@ -33,13 +34,13 @@ void Form3::AlignRight(platform::RichTextBox& box) {
 
 Text Form3::DelCrLf(TextView text) {
   Text result;
-  form1_.Catching(58, [&] { result = workbench::DelCrLf(text); });
+  form1_.Catching(core::failure::kDropLineEnds, [&] { result = workbench::DelCrLf(text); });
   return result;
 }
 
 Text Form3::BeBor(TextView text, std::int16_t n) {
   Text result;
-  form1_.Catching(65, [&] { result = workbench::BeBor(text, n); });
+  form1_.Catching(core::failure::kShorten, [&] { result = workbench::BeBor(text, n); });
   return result;
 }
 
@@ -60,7 +61,7 @@ void Form3::chnd_LostFocus() {
 void Form3::HazC_Click(std::int16_t) { DoPara(); }
 
 void Form3::DoPara() {
-  form1_.Catching(80, [&] {
+  form1_.Catching(core::failure::kRebuildParagraphs, [&] {
     form1_.LogMe(u"Cutting end of paragraphs...");
     const ParagraphRules rules{.removeBreaks = HazP.Value(),
                                .breakAtMarks = Noghte.Value(),
