@@ -1,6 +1,7 @@
 // What the project window asks of the rooms above it. main.cpp hands in the real windows.
 #pragma once
 
+#include "core/entry_media.h"
 #include "platform/text.h"
 #include "platform/window.h"
 
@@ -26,10 +27,8 @@ class ParagraphPort {
   ParagraphPort(const ParagraphPort&) = delete;
   ParagraphPort& operator=(const ParagraphPort&) = delete;
   virtual ~ParagraphPort() = default;
-  virtual void SetAttachment(platform::TextView path) = 0;
-  virtual void SetSound(platform::TextView path) = 0;
-  virtual void SetFilm(platform::TextView path) = 0;
-  virtual void SetBackground(platform::TextView path) = 0;  // the tag, then TgDo
+  // A file was chosen. A background's path becomes the tag, and TgDo shows it.
+  virtual void SetMedium(Medium medium, platform::TextView path) = 0;
 };
 
 class HelpPort {

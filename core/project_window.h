@@ -19,9 +19,6 @@
 
 namespace core {
 
-// What an image box can show, as a file chooser's pattern.
-inline constexpr platform::TextView kPicturePattern = u"*.gif;*.jpg;*.bmp";
-
 class Form1 : public platform::Window {
  public:
   explicit Form1(Machine& machine);

@@ -69,9 +69,9 @@ struct Form1::Route {
     form.ports_.workbench->RemFol(which);
     form.ports_.workbench->SetGalFol(form.folderChooser_.Folder(), which);
   }
-  static void Tell(Form1& form, void (ParagraphPort::*receive)(TextView)) {
+  static void SetMedium(Form1& form, Medium medium) {
     if (form.ports_.paragraph == nullptr) return;
-    (form.ports_.paragraph->*receive)(form.fileChooser_.File());
+    form.ports_.paragraph->SetMedium(medium, form.fileChooser_.File());
   }
   static void SetImage(Form1& form) {
     if (form.ports_.workbench == nullptr) return;
@@ -86,12 +86,8 @@ struct Form1::Route {
         {u"Command7", [](Form1& form) { SetMusic(form, form.Mus2); }},
         {u"Command8", [](Form1& form) { form.Back.SetText(form.fileChooser_.File()); }},
         {u"Command9", [](Form1& form) { form.Text1.SetText(form.folderChooser_.Folder()); }},
-        {u"C6d5", [](Form1& form) { Tell(form, &ParagraphPort::SetAttachment); }},
-        {u"C6d1", [](Form1& form) { Tell(form, &ParagraphPort::SetSound); }},
-        {u"C6d2", [](Form1& form) { Tell(form, &ParagraphPort::SetFilm); }},
         {u"IMG", [](Form1& form) { SetImage(form); }},
         {u"ExBox", [](Form1& form) { form.ExBox.SetText(form.folderChooser_.Folder()); }},
-        {u"Pasz", [](Form1& form) { Tell(form, &ParagraphPort::SetBackground); }},
         {u"FolPath", [](Form1& form) { SetGallery(form, 0); }},
         {u"FolPath2", [](Form1& form) { SetGallery(form, 1); }},
     });
@@ -103,7 +99,9 @@ void Form1::upd() {
     const Text target = pendingTarget;
     const auto routes = Route::Table();
     const auto route = std::ranges::find(routes, target, &Route::key);
-    if (route != routes.end()) route->act(*this);
+    if (route != routes.end()) return route->act(*this);
+    const auto* const medium = std::ranges::find(kMedia, target, &MediumRow::chooserKey);
+    if (medium != kMedia.end()) Route::SetMedium(*this, medium->medium);
   });
 }
 

@@ -32,12 +32,7 @@ void Form6::WireButtons() {
     const auto index = static_cast<std::int16_t>(button.Index());
     button.onClick = [this, index] { btn_Click(index); };
   });
-  for (platform::TextBox* path : {&picB, &soutB, &filmB}) {
-    path->onGotFocus = [path] { path->SelectAll(); };
-  }
-  Command1.onClick = [this] { Command1_Click(); };
-  Command2.onClick = [this] { Command2_Click(); };
-  Command5.onClick = [this] { Command5_Click(); };
+  WireMedia();
   Image1.onClick = [this] { Image1_Click(); };
 }
 
@@ -83,33 +78,26 @@ void Form6::Press(std::int16_t index) {
     case 0:
       form3_.Ohazf();
       return Unload();
-    case 1:
-      return picB.SetText(u"");
-    case 2:
-      return soutB.SetText(u"");
-    case 3:
-      return filmB.SetText(u"");
     case 4:
       if (CHK()) form3_.DoEdit();
       return;
     case 5:
       return SwitchGallery();
     default:
-      return;
+      return EmptyPath(index);
   }
 }
 
 bool Form6::CHK() {
   bool found = true;
-  const auto require = [&](const platform::TextBox& path, std::int16_t number) {
-    const Text file = path.Text();
-    if (file.empty() || FileSys().FileExists(file)) return;
+  const workbench::ParagraphFields fields = Fields();
+  for (const core::MediumRow& each : core::kMedia) {
+    if (each.missing == 0) continue;
+    const Text file = fields.Path(each.medium);
+    if (file.empty() || FileSys().FileExists(file)) continue;
     found = false;
-    form1_.bepayam(number);
-  };
-  require(picB, core::message::kAttachmentMissing);
-  require(soutB, core::message::kSoundMissing);
-  require(filmB, core::message::kFilmMissing);
+    form1_.bepayam(each.missing);
+  }
   return found;
 }
 
@@ -155,10 +143,6 @@ void Form6::pasteM_Click() {
   form1_.Catching(core::failure::kPaste, [&] {
     if (platform::ClipboardHasText()) matn.SetSelText(platform::ClipboardText());
   });
-}
-
-workbench::ParagraphFields Form6::Fields() {
-  return {bname, matn, picB, soutB, filmB, Image1, Frame4};
 }
 
 gallery::Browser Form6::Browser() { return {IMF, IMG, IMJ, IMC, IMN, VSC, ShPath, kLongestPath}; }

@@ -52,10 +52,7 @@ class Form6 : public platform::Window,
   void TgDo();
 
   // What the project window hands over when a file was chosen.
-  void SetAttachment(platform::TextView path) override { picB.SetText(path); }
-  void SetSound(platform::TextView path) override { soutB.SetText(path); }
-  void SetFilm(platform::TextView path) override { filmB.SetText(path); }
-  void SetBackground(platform::TextView path) override;
+  void SetMedium(core::Medium medium, platform::TextView path) override;
 
   // What the workbench asks for.
   platform::Window& TheWindow() override { return *this; }
@@ -94,7 +91,12 @@ class Form6 : public platform::Window,
   void Form_Unload() override;
 
  private:
+  struct MediumControls;
+
+  void Pick(core::Medium medium);
   void WireButtons();
+  void WireMedia();
+  void EmptyPath(std::int16_t button);
   void WireMenu();
   void WireBrowser();
   void Press(std::int16_t index);

@@ -37,6 +37,14 @@ Text Paragraphs(TextView head, TextView text, TextView tag) {
 
 TextView Flag(bool on) { return on ? u"1" : u"0"; }
 
+Text MediaStatus(const core::PerMedium<bool>& has) {
+  Text status;
+  for (const core::MediumRow& each : core::kMedia) {
+    if (each.inMediaStatus) status += Flag(has[each.medium]);
+  }
+  return status;
+}
+
 }  // namespace
 
 Vocabulary SplitVocabulary(TextView record) {
@@ -110,9 +118,8 @@ Text PictureLine(Depth depth, TextView title, TextView stem) {
 Text NodeLine(Depth depth, const EntryNode& node) {
   return Joined({Tabs(depth), u"<node label=\"", node.title, u"\" src=\"",
                  node.gallery ? u"DATA/_xml/" : u"DATA/TXT/", node.file, u"\" mediaStatus=\"",
-                 Flag(node.hasAttachment), Flag(node.hasSound), Flag(node.hasFilm), u"\"",
-                 node.attachment, node.background, u" pic=\"", Flag(node.gallery), u"\" />",
-                 kCrLf});
+                 MediaStatus(node.has), u"\"", node.attachment, node.background, u" pic=\"",
+                 Flag(node.gallery), u"\" />", kCrLf});
 }
 
 Text sndBin(TextView path) {

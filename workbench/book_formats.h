@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "core/entry_media.h"
 #include "platform/text.h"
 
 namespace workbench {
@@ -65,9 +66,7 @@ struct EntryNode {
   platform::TextView title = {};
   platform::TextView file = {};  // the page's or the gallery file's name
   bool gallery = false;
-  bool hasAttachment = false;
-  bool hasSound = false;
-  bool hasFilm = false;
+  core::PerMedium<bool> has = {};
   platform::TextView attachment = {};  // what sndBin gave
   platform::TextView background = {};  // what PasBin gave
 };

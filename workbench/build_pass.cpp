@@ -140,10 +140,7 @@ void BuildPass::BuildTextEntry(std::ptrdiff_t row) {
   WriteAnew(page, {});
   AddToFile(page, PageText(row));
   AddNode(row, stem_ + u"." + words.pageExt, false);
-  CopyMedium(table.entryAttach(row));
-  CopyMedium(table.entrySound(row));
-  CopyMedium(table.entryFilm(row));
-  CopyMedium(table.entryBack(row));
+  for (const core::MediumRow& each : core::kMedia) CopyMedium(table.Media(each.medium)(row));
 }
 
 Text BuildPass::PageText(std::ptrdiff_t row) {
@@ -181,9 +178,7 @@ void BuildPass::AddNode(std::ptrdiff_t row, TextView file, bool gallery) {
   AddToCollection(NodeLine(depth_, {.title = label,
                                     .file = file,
                                     .gallery = gallery,
-                                    .hasAttachment = !table.entryAttach(row).empty(),
-                                    .hasSound = !table.entrySound(row).empty(),
-                                    .hasFilm = !table.entryFilm(row).empty(),
+                                    .has = table.Attached(row),
                                     .attachment = attachment,
                                     .background = background}));
 }

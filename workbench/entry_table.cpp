@@ -1,9 +1,31 @@
 #include "workbench/entry_table.h"
 
+#include <vector>
+
 namespace workbench {
 
 using platform::Column;
 using platform::Text;
+
+namespace {
+
+// Of a table that may be changed or of one that may not.
+template <typename Table>
+auto& ColumnOf(Table& table, core::Medium medium) {
+  switch (medium) {
+    case core::Medium::kAttachment:
+      return table.entryAttach;
+    case core::Medium::kSound:
+      return table.entrySound;
+    case core::Medium::kFilm:
+      return table.entryFilm;
+    case core::Medium::kBackground:
+      break;
+  }
+  return table.entryBack;
+}
+
+}  // namespace
 
 const Text& GalleryTable::operator()(std::ptrdiff_t slot, std::size_t column) const {
   if (column >= columns_.size()) throw platform::Failure(u"Subscript out of range");
@@ -19,21 +41,28 @@ void GalleryTable::Clear() {
   for (Column<Text>& column : columns_) column.Clear();
 }
 
-void EntryTable::Clear() {
-  for (Column<Text>* column :
-       {&entryTitle, &entryText, &entryAttach, &entryBack, &entrySound, &entryFilm, &inlineImage}) {
-    column->Clear();
+Column<Text>& EntryTable::Media(core::Medium medium) { return ColumnOf(*this, medium); }
+
+const Column<Text>& EntryTable::Media(core::Medium medium) const { return ColumnOf(*this, medium); }
+
+core::PerMedium<bool> EntryTable::Attached(std::ptrdiff_t row) const {
+  core::PerMedium<bool> attached;
+  for (const core::MediumRow& each : core::kMedia) {
+    attached[each.medium] = !Media(each.medium)(row).empty();
   }
-  galleryPic.Clear();
-  entryGalPath.Clear();
-  entryGalTitle.Clear();
-  entryGallery.Clear();
+  return attached;
 }
 
+void EntryTable::Clear() { *this = {}; }
+
 void EntryTable::CloseGap(std::ptrdiff_t row) {
+  std::vector<Column<Text>*> moving = {&entryTitle, &entryText};
+  for (const core::MediumRow& each : core::kMedia) {
+    if (each.movesUp) moving.push_back(&Media(each.medium));
+  }
   for (bool filed = !entryTitle(row).empty(); filed; ++row) {
     filed = !entryTitle(row + 1).empty();
-    for (Column<Text>* column : {&entryTitle, &entryText, &entryAttach, &entrySound, &entryFilm}) {
+    for (Column<Text>* column : moving) {
       // A row without a title ends the walk and keeps what else it holds, so that one is copied.
       Text& next = column->At(row + 1);
       column->Set(row, filed ? std::move(next) : next);

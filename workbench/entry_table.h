@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "core/entry_media.h"
 #include "gallery/slots.h"
 #include "platform/column.h"
 #include "platform/text.h"
@@ -73,11 +74,17 @@ struct EntryTable {
     return {entryGalPath.Row(row), entryGalTitle.Row(row)};
   }
 
+  // The column of one kind of medium.
+  platform::Column<platform::Text>& Media(core::Medium medium);
+  const platform::Column<platform::Text>& Media(core::Medium medium) const;
+  // Which kinds the row has.
+  core::PerMedium<bool> Attached(std::ptrdiff_t row) const;
+
   // What ResetA empties: every column.
   void Clear();
 
-  // The rows behind `row` move up by one, as far as titles go, in the five columns title, text,
-  // attachment, sound and film. Backgrounds and galleries stay at their row numbers.
+  // The rows behind `row` move up by one, as far as titles go: title, text, and the media that
+  // move. Backgrounds and galleries stay at their row numbers.
   void CloseGap(std::ptrdiff_t row);
 };
 

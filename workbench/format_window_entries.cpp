@@ -35,11 +35,10 @@ void Form3::ShowEdit() {
     fields.bname.SetText(title);
     if (title == identityWord || title == mainMark) fields.bname.SetLocked(true);
     ShowEntryText(fields.matn);
-    fields.picB.SetText(table.entryAttach(editIndex));
-    fields.soutB.SetText(table.entrySound(editIndex));
-    fields.filmB.SetText(table.entryFilm(editIndex));
+    for (const core::MediumRow& each : core::kMedia) {
+      fields.SetPath(each.medium, table.Media(each.medium)(editIndex));
+    }
     const Text& background = table.entryBack(editIndex);
-    fields.Image1.SetTag(background);
     if (!background.empty() && FileSys().FileExists(background)) {
       fields.Image1.LoadPicture(background);
     }
@@ -73,10 +72,9 @@ void Form3::DoEdit() {
     table.entryGallery.Set(editIndex, fields.Frame4.Visible());
     table.entryTitle.Set(editIndex, fields.bname.Text());
     table.entryText.Set(editIndex, IsTextPlain() ? fields.matn.Text() : fields.matn.TextRTF());
-    table.entryAttach.Set(editIndex, fields.picB.Text());
-    table.entrySound.Set(editIndex, fields.soutB.Text());
-    table.entryFilm.Set(editIndex, fields.filmB.Text());
-    table.entryBack.Set(editIndex, fields.Image1.Tag());
+    for (const core::MediumRow& each : core::kMedia) {
+      table.Media(each.medium).Set(editIndex, fields.Path(each.medium));
+    }
     ShowLineOfRow();
     fields.bname.SetLocked(false);
     Paragraph().TheWindow().Unload();
@@ -87,11 +85,7 @@ void Form3::ShowLineOfRow() {
   const Text& text = table.entryText(editIndex);
   const Text title = BeBor(table.entryTitle(editIndex), kShownTitle);
   const Text plain = BeBor(IsTextPlain() ? text : ToTXT(text), kShownText);
-  bindex.SetList(editIndex, LineWithMarks(LineWithText(title, plain),
-                                          {.attachment = !table.entryAttach(editIndex).empty(),
-                                           .sound = !table.entrySound(editIndex).empty(),
-                                           .film = !table.entryFilm(editIndex).empty(),
-                                           .background = !table.entryBack(editIndex).empty()}));
+  bindex.SetList(editIndex, LineWithMarks(LineWithText(title, plain), table.Attached(editIndex)));
 }
 
 void Form3::Ohazf() {

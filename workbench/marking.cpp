@@ -95,13 +95,9 @@ Text LineWithText(TextView line, TextView shortText) {
   return whole;
 }
 
-Text LineWithMarks(Text line, const Attached& attached) {
-  const std::array<std::pair<bool, TextView>, 4> marks = {{{attached.attachment, u"§ "},
-                                                           {attached.sound, u"~ "},
-                                                           {attached.film, u"# "},
-                                                           {attached.background, u"^ "}}};
-  for (const auto& [present, mark] : marks) {
-    if (present) line.insert(0, mark);
+Text LineWithMarks(Text line, const core::PerMedium<bool>& attached) {
+  for (const core::MediumRow& each : core::kMedia) {
+    if (attached[each.medium]) line.insert(0, each.mark);
   }
   return line;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/entry_media.h"
 #include "platform/text.h"
 
 namespace workbench {
@@ -48,15 +49,8 @@ platform::Text TitleWith(Mark command, platform::TextView title, platform::TextV
 // A line of the entry list with its text put behind its title. The text is already short.
 platform::Text LineWithText(platform::TextView line, platform::TextView shortText);
 
-// What is attached to a row.
-struct Attached {
-  bool attachment = false;
-  bool sound = false;
-  bool film = false;
-  bool background = false;
-};
-// The line with a mark in front for each attachment: each new mark goes in front of the others.
-platform::Text LineWithMarks(platform::Text line, const Attached& attached);
+// The line with a mark in front for each medium: each new mark goes in front of the others.
+platform::Text LineWithMarks(platform::Text line, const core::PerMedium<bool>& attached);
 
 // The caption of the button that opens a main title.
 platform::Text MainTitleCaption(std::int64_t openTitles);

@@ -2,6 +2,7 @@
 // workbench fills that window and reads it back; main.cpp hands in the real one.
 #pragma once
 
+#include "core/entry_media.h"
 #include "gallery/browser.h"
 #include "platform/controls.h"
 #include "platform/rich_text_box.h"
@@ -13,11 +14,16 @@ namespace workbench {
 struct ParagraphFields {
   platform::TextBox& bname;
   platform::RichTextBox& matn;
-  platform::TextBox& picB;
-  platform::TextBox& soutB;
-  platform::TextBox& filmB;
+  core::PerMedium<platform::TextBox*> paths;  // null for the background, which is the picture's tag
   platform::ImageBox& Image1;
   platform::Frame& Frame4;
+
+  platform::Text Path(core::Medium medium) const {
+    return paths[medium] != nullptr ? paths[medium]->Text() : Image1.Tag();
+  }
+  void SetPath(core::Medium medium, platform::TextView path) const {
+    paths[medium] != nullptr ? paths[medium]->SetText(path) : Image1.SetTag(path);
+  }
 };
 
 class ParagraphWindow {

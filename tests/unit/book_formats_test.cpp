@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/failure.h"
+#include "tests/unit/only_media.h"
 
 namespace workbench {
 namespace {
 
+using core::Medium;
+using core::Only;
 using platform::Failure;
 using platform::Text;
 
@@ -137,9 +140,7 @@ TEST(NodeLine, FullNode) {
   EXPECT_EQ(NodeLine(0, {.title = u"T",
                          .file = u"S.htm",
                          .gallery = false,
-                         .hasAttachment = true,
-                         .hasSound = true,
-                         .hasFilm = true,
+                         .has = Only({Medium::kAttachment, Medium::kSound, Medium::kFilm}),
                          .attachment = attachment,
                          .background = background}),
             u"<node label=\"T\" src=\"DATA/TXT/S.htm\" mediaStatus=\"111\" snd=\"0\" "
@@ -147,8 +148,10 @@ TEST(NodeLine, FullNode) {
 }
 
 TEST(NodeLine, BareNodeOfAGallery) {
-  EXPECT_EQ(NodeLine(1, {.title = u"T", .file = u"S.xml", .gallery = true, .hasSound = true}),
-            u"\t<node label=\"T\" src=\"DATA/_xml/S.xml\" mediaStatus=\"010\" pic=\"1\" />\r\n");
+  EXPECT_EQ(
+      NodeLine(1,
+               {.title = u"T", .file = u"S.xml", .gallery = true, .has = Only({Medium::kSound})}),
+      u"\t<node label=\"T\" src=\"DATA/_xml/S.xml\" mediaStatus=\"010\" pic=\"1\" />\r\n");
 }
 
 TEST(NodeLine, QuoteInTheTitleIsWrittenAllTheSame) {

@@ -4,9 +4,12 @@
 
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "tests/unit/only_media.h"
 
 namespace {
 
+using core::Medium;
+using core::Only;
 using workbench::CollectionLabel;
 using workbench::KeyMeaning;
 using workbench::LineWithMarks;
@@ -102,10 +105,10 @@ TEST(MarkingLine, SecondTextGoesBehindTheFirst) {
 
 TEST(MarkingLine, MarksStandInFrontTheLastOneFirst) {
   EXPECT_EQ(LineWithMarks(u"A", {}), u"A");
-  EXPECT_EQ(LineWithMarks(u"A", {.attachment = true}), u"§ A");
-  EXPECT_EQ(LineWithMarks(u"A", {.sound = true, .film = true}), u"# ~ A");
-  EXPECT_EQ(LineWithMarks(u"A   =>   B",
-                          {.attachment = true, .sound = true, .film = true, .background = true}),
+  EXPECT_EQ(LineWithMarks(u"A", Only({Medium::kAttachment})), u"§ A");
+  EXPECT_EQ(LineWithMarks(u"A", Only({Medium::kSound, Medium::kFilm})), u"# ~ A");
+  EXPECT_EQ(LineWithMarks(u"A   =>   B", Only({Medium::kAttachment, Medium::kSound, Medium::kFilm,
+                                               Medium::kBackground})),
             u"^ # ~ § A   =>   B");
 }
 

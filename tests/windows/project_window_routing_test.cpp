@@ -41,12 +41,22 @@ class FakeWorkbench : public core::WorkbenchPort {
 class FakeParagraph : public core::ParagraphPort {
  public:
   explicit FakeParagraph(Calls& calls) : calls_(calls) {}
-  void SetAttachment(TextView path) override { Note("picB", path); }
-  void SetSound(TextView path) override { Note("soutB", path); }
-  void SetFilm(TextView path) override { Note("filmB", path); }
-  void SetBackground(TextView path) override { Note("Image1", path); }
+  void SetMedium(core::Medium medium, TextView path) override { Note(NameOf(medium), path); }
 
  private:
+  static std::string NameOf(core::Medium medium) {
+    switch (medium) {
+      case core::Medium::kAttachment:
+        return "picB";
+      case core::Medium::kSound:
+        return "soutB";
+      case core::Medium::kFilm:
+        return "filmB";
+      case core::Medium::kBackground:
+        return "Image1";
+    }
+    return {};
+  }
   void Note(const std::string& what, TextView value) {
     calls_.push_back(what + ": " + platform::ToUtf8(value));
   }
