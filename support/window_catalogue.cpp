@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "support/marking_commands.h"
+
 namespace support {
 
 namespace {
@@ -65,6 +67,14 @@ struct Row : ControlRow {
   constexpr Row NoTabStop() const { return With(&ControlRow::tabStop, false); }
   constexpr Row Disabled() const { return With(&ControlRow::enabled, false); }
 };
+
+// The button of a marking command, by its number.
+constexpr Row Command(Mark mark, Place place) {
+  const MarkingCommand& command = CommandOf(mark);
+  return Row(Kind::kButton, u"Com", place, command.caption)
+      .At(static_cast<int>(mark))
+      .Hint(command.hint);
+}
 
 constexpr Row Chooser(TextView name, Place place) {
   return Row(Kind::kButton, name, place).Shows(Artwork::kChooserButton);
@@ -201,9 +211,7 @@ constexpr std::array kForm2Rows = std::to_array<ControlRow>({
 constexpr std::array kForm3InputRows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label1", {9690, 300, 2580, 300}, u"متن\u200Fهاي ورودي:\u200F")
         .RightAligned(),
-    Row(Kind::kButton, u"Com", {9615, 165, 1365, 345}, u"ايجاد گالري تصوير")
-        .At(12)
-        .Hint(u"F6 :كليد ميانبر"),
+    Command(Mark::kGalleryMode, {9615, 165, 1365, 345}),
     Row(Kind::kListBox, u"books", {9615, 570, 2745, 1620}),
 
     Row(Kind::kFrame, u"Frame2", {60, 60, 9525, 2190}),
@@ -219,42 +227,21 @@ constexpr std::array kForm3InputRows = std::to_array<ControlRow>({
 
 constexpr std::array kForm3MarkingRows = std::to_array<ControlRow>({
     Row(Kind::kFrame, u"Frame1", {60, 2220, 12300, 720}),
-    Row(Kind::kButton, u"Com", {11115, 210, 1050, 405}, u"عنوان")
-        .At(0)
-        .Hint(u"F5 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {9765, 210, 1365, 405}, u"شناسنامه")
-        .At(1)
-        .Hint(u"F6 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {9240, 210, 315, 405}, u"( )").At(5).In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {8955, 210, 300, 405}, u"-").At(6).In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {8670, 210, 300, 405}, u":").At(7).In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {8385, 210, 300, 405}, u"؛").At(8).In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {6705, 210, 1470, 405}, u"تيتر اصلي (0)\u200F")
-        .At(9)
-        .Hint(u"F1 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {6060, 210, 660, 405}, u"پايان")
-        .At(10)
-        .Hint(u"F4 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {5085, 210, 765, 405}, u"تيتر")
-        .At(2)
-        .Hint(u"F2 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {3975, 210, 1125, 405}, u"متن مرتبط")
-        .At(3)
-        .Hint(u"F3 :كليد ميانبر")
-        .In(u"Frame1"),
+    Command(Mark::kTitle, {11115, 210, 1050, 405}).In(u"Frame1"),
+    Command(Mark::kIdentity, {9765, 210, 1365, 405}).In(u"Frame1"),
+    Command(Mark::kTitleInBrackets, {9240, 210, 315, 405}).In(u"Frame1"),
+    Command(Mark::kTitleAfterDash, {8955, 210, 300, 405}).In(u"Frame1"),
+    Command(Mark::kTitleAfterColon, {8670, 210, 300, 405}).In(u"Frame1"),
+    Command(Mark::kTitleAfterSemicolon, {8385, 210, 300, 405}).In(u"Frame1"),
+    Command(Mark::kMainTitle, {6705, 210, 1470, 405}).In(u"Frame1"),
+    Command(Mark::kMainTitleEnd, {6060, 210, 660, 405}).In(u"Frame1"),
+    Command(Mark::kHeading, {5085, 210, 765, 405}).In(u"Frame1"),
+    Command(Mark::kHeadingText, {3975, 210, 1125, 405}).In(u"Frame1"),
     Row(Kind::kCheckBox, u"Chek", {2895, 315, 795, 210}, u"با حذف")
-        .Hint(u"F7 :كليد ميانبر")
+        .Hint(kRemovalHint)
         .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {1635, 210, 1035, 405}, u"حذف متن")
-        .At(4)
-        .Hint(u"F11 :كليد ميانبر")
-        .In(u"Frame1"),
-    Row(Kind::kButton, u"Com", {120, 210, 1275, 405}, u"ساخت فايل").At(11).In(u"Frame1"),
+    Command(Mark::kDelete, {1635, 210, 1035, 405}).In(u"Frame1"),
+    Command(Mark::kBuild, {120, 210, 1275, 405}).In(u"Frame1"),
 });
 
 // What the editor reads before a text is opened: four paragraphs.
@@ -314,10 +301,7 @@ constexpr std::array kForm3Cell = std::to_array<ControlRow>({
 
 constexpr std::array kForm3Tail = std::to_array<ControlRow>({
     Row(Kind::kLine, u"Frame5", {105, 8205, 12075, 30}).In(u"Frame4"),
-    Row(Kind::kButton, u"Com", {90, 8310, 3315, 345}, u"ساخت گالري از تصاوير انتخاب شده")
-        .At(13)
-        .Hint(u"F6 :كليد ميانبر")
-        .In(u"Frame4"),
+    Command(Mark::kBuildGallery, {90, 8310, 3315, 345}).In(u"Frame4"),
     Row(Kind::kTimer, u"Timer1", {}).Every(100),
     Row(Kind::kTimer, u"Timer2", {}).Every(100).Disabled(),
 });

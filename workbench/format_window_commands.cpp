@@ -25,9 +25,9 @@ void Form3::RunCommand(Mark command) {
   switch (command) {
     case Mark::kTitle:
     case Mark::kTitleInBrackets:
-    case Mark::kTitleBehindDash:
-    case Mark::kTitleBehindColon:
-    case Mark::kTitleBehindSemicolon:
+    case Mark::kTitleAfterDash:
+    case Mark::kTitleAfterColon:
+    case Mark::kTitleAfterSemicolon:
       return AddToTitle(command);
     case Mark::kIdentity:
       return FileIdentity();

@@ -1,8 +1,6 @@
 #include "workbench/marking.h"
 
-#include <array>
 #include <cmath>
-#include <utility>
 
 #include "core/selector.h"
 
@@ -17,52 +15,6 @@ constexpr TextView kArrow = u"   =>   ";
 constexpr double kFewestWords = 10;
 constexpr double kMostWords = 30;
 
-struct KeyRow {
-  int code;
-  MarkingKey meaning;
-};
-
-constexpr MarkingKey OnSelection(Mark command) {
-  return {.action = MarkingKey::Action::kCommand, .command = command, .needsSelection = true};
-}
-
-constexpr MarkingKey Always(Mark command) {
-  return {.action = MarkingKey::Action::kCommand, .command = command, .needsSelection = false};
-}
-
-constexpr std::array kKeys = std::to_array<KeyRow>({
-    {112, OnSelection(Mark::kMainTitle)},
-    {113, OnSelection(Mark::kHeading)},
-    {114, OnSelection(Mark::kHeadingText)},
-    {115, Always(Mark::kMainTitleEnd)},
-    {116, OnSelection(Mark::kTitle)},
-    {117, OnSelection(Mark::kIdentity)},
-    {118, {.action = MarkingKey::Action::kToggleRemoval}},
-    {122, OnSelection(Mark::kDelete)},
-    {123, Always(Mark::kBuild)},
-});
-
-// What stands before the selection in the title, and what behind it.
-std::pair<TextView, TextView> Around(Mark command, bool titleIsEmpty) {
-  switch (command) {
-    case Mark::kTitle:
-      return {titleIsEmpty ? u"" : u" ", u""};
-    case Mark::kTitleInBrackets:
-      return {u" (", u")"};
-    case Mark::kTitleBehindDash:
-      return {u" - ", u""};
-    case Mark::kTitleBehindColon:
-      return {u": ", u""};
-    default:
-      return {u"؛ ", u""};
-  }
-}
-
-bool AddsToTitle(Mark command) {
-  return command == Mark::kTitle ||
-         (command >= Mark::kTitleInBrackets && command <= Mark::kTitleBehindSemicolon);
-}
-
 Text RowWord(TextView rowLetter) {
   Text word = platform::Replace(rowLetter, u"a", u"اول");
   word = platform::Replace(word, u"b", u"دوم");
@@ -72,19 +24,22 @@ Text RowWord(TextView rowLetter) {
 }  // namespace
 
 std::optional<MarkingKey> KeyMeaning(int keyCode) {
-  for (const KeyRow& key : kKeys) {
-    if (key.code == keyCode) return key.meaning;
+  if (keyCode == support::kRemovalKey) return MarkingKey{MarkingKey::Action::kToggleRemoval};
+  for (const support::MarkingCommand& row : support::kMarkingCommands) {
+    if (row.key == 0 || row.key != keyCode) continue;
+    return MarkingKey{MarkingKey::Action::kCommand, row.mark, row.needsSelection};
   }
   return std::nullopt;
 }
 
+// The first passage of a title stands alone.
 Text TitleWith(Mark command, TextView title, TextView selection) {
+  const support::MarkingCommand& row = support::CommandOf(command);
   Text longer(title);
-  if (!AddsToTitle(command)) return longer;
-  const auto [before, behind] = Around(command, title.empty());
-  longer += before;
+  if (!row.addsToTitle) return longer;
+  if (command != Mark::kTitle || !title.empty()) longer += row.before;
   longer += selection;
-  longer += behind;
+  longer += row.after;
   return longer;
 }
 

@@ -7,26 +7,11 @@
 
 #include "core/entry_media.h"
 #include "platform/text.h"
+#include "support/marking_commands.h"
 
 namespace workbench {
 
-// The numbers of the marking commands, which are those of their buttons.
-enum class Mark : std::int16_t {
-  kTitle = 0,
-  kIdentity = 1,
-  kHeading = 2,
-  kHeadingText = 3,
-  kDelete = 4,
-  kTitleInBrackets = 5,
-  kTitleBehindDash = 6,
-  kTitleBehindColon = 7,
-  kTitleBehindSemicolon = 8,
-  kMainTitle = 9,
-  kMainTitleEnd = 10,
-  kBuild = 11,
-  kGalleryMode = 12,
-  kBuildGallery = 13,
-};
+using support::Mark;
 
 // How far a line of the entry list shows a title and a text.
 inline constexpr std::int16_t kShownTitle = 20;
@@ -42,8 +27,7 @@ struct MarkingKey {
 // By the key's code (F1 is 112, F12 is 123); nothing for a key that has no meaning here.
 std::optional<MarkingKey> KeyMeaning(int keyCode);
 
-// The collection's title with the selection added, for kTitle and the four commands behind which
-// stands a separator; the title as it is for any other command.
+// The collection's title with the selection added; the title as it is for a command that doesn't.
 platform::Text TitleWith(Mark command, platform::TextView title, platform::TextView selection);
 
 // A line of the entry list with its text put behind its title. The text is already short.

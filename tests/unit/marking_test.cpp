@@ -70,16 +70,16 @@ TEST(MarkingTitle, EmptySelectionOnATitleStillAddsTheBlank) {
 
 TEST(MarkingTitle, SeparatorsStandBeforeTheSelection) {
   EXPECT_EQ(TitleWith(Mark::kTitleInBrackets, u"A", u"B"), u"A (B)");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindDash, u"A", u"B"), u"A - B");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindColon, u"A", u"B"), u"A: B");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindSemicolon, u"A", u"B"), u"A؛ B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterDash, u"A", u"B"), u"A - B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterColon, u"A", u"B"), u"A: B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterSemicolon, u"A", u"B"), u"A؛ B");
 }
 
 TEST(MarkingTitle, SeparatorStandsFirstOnAnEmptyTitle) {
   EXPECT_EQ(TitleWith(Mark::kTitleInBrackets, u"", u"B"), u" (B)");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindDash, u"", u"B"), u" - B");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindColon, u"", u"B"), u": B");
-  EXPECT_EQ(TitleWith(Mark::kTitleBehindSemicolon, u"", u"B"), u"؛ B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterDash, u"", u"B"), u" - B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterColon, u"", u"B"), u": B");
+  EXPECT_EQ(TitleWith(Mark::kTitleAfterSemicolon, u"", u"B"), u"؛ B");
 }
 
 TEST(MarkingTitle, LineBreaksOfTheSelectionStay) {
