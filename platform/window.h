@@ -45,6 +45,9 @@ class Window {
   void SetWidth(Twips width);
   void SetHeight(Twips height);
 
+  // Failure where no member has that name and index.
+  Control& ControlNamed(TextView name, int index) const;
+
   const WindowDefinition& Definition() const { return definition_; }
 
   struct Peer;  // the toolkit's side
@@ -62,6 +65,7 @@ class Window {
   friend class Control;
   void Register(Control& control);
   void Unregister(Control& control);
+  Control* FindControl(TextView name, int index) const;
   void BuildControls();
   void TakeApart();
 

@@ -56,6 +56,17 @@ enum class Artwork : std::uint8_t {
 
 inline constexpr int kNoIndex = -1;
 
+// What is added to a measure of a control when its window grows. kStacked is for the tops of an
+// array's controls that stand one below the other: each begins where the one before it ends.
+enum class Growth : std::uint8_t { kNone, kByWidth, kByHeight, kByFifthOfHeight, kStacked };
+
+struct Growths {
+  Growth left = Growth::kNone;
+  Growth top = Growth::kNone;
+  Growth width = Growth::kNone;
+  Growth height = Growth::kNone;
+};
+
 struct ControlRow {
   TextView name;
   int index = kNoIndex;  // of a control array, else kNoIndex
@@ -64,9 +75,10 @@ struct ControlRow {
   Twips top = 0;
   Twips width = 0;
   Twips height = 0;
-  TextView text = {};    // caption or content
-  TextView hint = {};    // shown when the pointer rests on it
-  TextView parent = {};  // name of the frame it stands in; empty: the window itself
+  TextView text = {};     // caption or content
+  TextView hint = {};     // shown when the pointer rests on it
+  TextView namedBy = {};  // the control in the same frame whose caption says what this one holds
+  TextView parent = {};   // name of the frame it stands in; empty: the window itself
   int parentIndex = kNoIndex;
   bool hidden = false;
   bool ticked = false;
@@ -78,6 +90,7 @@ struct ControlRow {
   bool enabled = true;
   int interval = 0;  // of a timer, milliseconds
   Artwork artwork = Artwork::kNone;
+  Growths grows = {};
   Twips markInset = 0;  // of a tick box: how far its mark keeps from the right edge
 };
 

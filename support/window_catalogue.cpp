@@ -12,6 +12,7 @@ namespace {
 
 using platform::Artwork;
 using platform::ControlRow;
+using platform::Growth;
 using platform::kNoIndex;
 using platform::TextView;
 using platform::Twips;
@@ -65,6 +66,8 @@ struct Row : ControlRow {
   constexpr Row LeftToRight() const { return With(&ControlRow::leftToRight, true); }
   constexpr Row TabStop() const { return With(&ControlRow::tabStop, true); }
   constexpr Row NoTabStop() const { return With(&ControlRow::tabStop, false); }
+  constexpr Row NamedBy(TextView label) const { return With(&ControlRow::namedBy, label); }
+  constexpr Row Grows(platform::Growths growths) const { return With(&ControlRow::grows, growths); }
   constexpr Row Disabled() const { return With(&ControlRow::enabled, false); }
 };
 
@@ -75,6 +78,18 @@ constexpr Row Command(Mark mark, Place place) {
       .At(static_cast<int>(mark))
       .Hint(command.hint);
 }
+
+// How the controls of a window follow its size.
+constexpr platform::Growths kMovesRight{.left = Growth::kByWidth};
+constexpr platform::Growths kMovesDown{.top = Growth::kByHeight};
+constexpr platform::Growths kWidens{.width = Growth::kByWidth};
+constexpr platform::Growths kFills{.width = Growth::kByWidth, .height = Growth::kByHeight};
+constexpr platform::Growths kWidensAtTheFoot{.top = Growth::kByHeight, .width = Growth::kByWidth};
+constexpr platform::Growths kHighAtTheRight{.left = Growth::kByWidth, .height = Growth::kByHeight};
+constexpr platform::Growths kCell{
+    .top = Growth::kStacked, .width = Growth::kByWidth, .height = Growth::kByFifthOfHeight};
+constexpr platform::Growths kPictureInCell{.left = Growth::kByWidth,
+                                           .height = Growth::kByFifthOfHeight};
 
 constexpr Row Chooser(TextView name, Place place) {
   return Row(Kind::kButton, name, place).Shows(Artwork::kChooserButton);
@@ -122,13 +137,28 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label8", {705, 855, 1845, 285}, u"مسير ساخت خروجي:\u200F")
         .In(u"Frame1")
         .RightAligned(),
-    Row(Kind::kTextBox, u"title", {2655, 330, 405, 315}, u"2").In(u"Frame1").Centred(),
-    Row(Kind::kTextBox, u"matn", {2655, 705, 405, 315}, u"2").In(u"Frame1").Centred(),
-    Row(Kind::kTextBox, u"shenas", {2655, 1080, 405, 315}, u"2").In(u"Frame1").Centred(),
-    Row(Kind::kTextBox, u"Text1", {810, 495, 1740, 315}, u"Resources").In(u"Frame1").LeftToRight(),
-    Chooser(u"Command9", {330, 480, 420, 315}).In(u"Frame1"),
-    Row(Kind::kTextBox, u"idir", {810, 1080, 1740, 315}, u"Data").In(u"Frame1").LeftToRight(),
-    Chooser(u"Command2", {330, 1065, 420, 315}).In(u"Frame1"),
+    Row(Kind::kTextBox, u"title", {2655, 330, 405, 315}, u"2")
+        .In(u"Frame1")
+        .Centred()
+        .NamedBy(u"Label2"),
+    Row(Kind::kTextBox, u"matn", {2655, 705, 405, 315}, u"2")
+        .In(u"Frame1")
+        .Centred()
+        .NamedBy(u"Label3"),
+    Row(Kind::kTextBox, u"shenas", {2655, 1080, 405, 315}, u"2")
+        .In(u"Frame1")
+        .Centred()
+        .NamedBy(u"Label4"),
+    Row(Kind::kTextBox, u"Text1", {810, 495, 1740, 315}, u"Resources")
+        .In(u"Frame1")
+        .LeftToRight()
+        .NamedBy(u"Label7"),
+    Chooser(u"Command9", {330, 480, 420, 315}).In(u"Frame1").NamedBy(u"Label7"),
+    Row(Kind::kTextBox, u"idir", {810, 1080, 1740, 315}, u"Data")
+        .In(u"Frame1")
+        .LeftToRight()
+        .NamedBy(u"Label8"),
+    Chooser(u"Command2", {330, 1065, 420, 315}).In(u"Frame1").NamedBy(u"Label8"),
     Row(Kind::kLine, u"Frame2", {240, 1560, 4275, 30}).In(u"Frame1"),
 
     // The collection.
@@ -137,11 +167,12 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
         .Shows(Artwork::kCollectionIcon),
     Row(Kind::kLabel, u"Label9", {3060, 1785, 1215, 285}, u"انتخاب:\u200F").In(u"Frame1"),
     Row(Kind::kLabel, u"Label6", {3060, 2160, 1380, 285}, u"تصوير مجموعه:\u200F").In(u"Frame1"),
-    Row(Kind::kComboBox, u"dataName", {330, 1755, 2655, 315}).In(u"Frame1"),
+    Row(Kind::kComboBox, u"dataName", {330, 1755, 2655, 315}).In(u"Frame1").NamedBy(u"Label9"),
     Row(Kind::kTextBox, u"index", {810, 2130, 2175, 315}, u"Resources\\MyBook.jpg")
         .In(u"Frame1")
-        .LeftToRight(),
-    Chooser(u"Command5", {330, 2115, 420, 315}).In(u"Frame1"),
+        .LeftToRight()
+        .NamedBy(u"Label6"),
+    Chooser(u"Command5", {330, 2115, 420, 315}).In(u"Frame1").NamedBy(u"Label6"),
     Row(Kind::kLine, u"Frame3", {240, 2565, 4275, 30}).In(u"Frame1"),
 
     // The music.
@@ -155,12 +186,14 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label10", {3405, 3465, 855, 270}, u"موزيك دوم:\u200F").In(u"Frame1"),
     Row(Kind::kTextBox, u"Mus1", {810, 3045, 2535, 315}, u"Resources\\MySound1.mp3")
         .In(u"Frame1")
-        .LeftToRight(),
-    Chooser(u"Command6", {330, 3030, 420, 315}).In(u"Frame1"),
+        .LeftToRight()
+        .NamedBy(u"Label1"),
+    Chooser(u"Command6", {330, 3030, 420, 315}).In(u"Frame1").NamedBy(u"Label1"),
     Row(Kind::kTextBox, u"Mus2", {810, 3420, 2535, 315}, u"Resources\\MySound2.mp3")
         .In(u"Frame1")
-        .LeftToRight(),
-    Chooser(u"Command7", {330, 3390, 420, 315}).In(u"Frame1"),
+        .LeftToRight()
+        .NamedBy(u"Label10"),
+    Chooser(u"Command7", {330, 3390, 420, 315}).In(u"Frame1").NamedBy(u"Label10"),
     Row(Kind::kLine, u"Frame5", {240, 3870, 4275, 30}).In(u"Frame1"),
 
     // Pattern and background.
@@ -174,8 +207,9 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kOption, u"Olgoo", {675, 4035, 1125, 255}, u"الگوي دوم").At(1).In(u"Frame1"),
     Row(Kind::kTextBox, u"Back", {810, 4350, 2145, 315}, u"Resources\\MyBack.jpg")
         .In(u"Frame1")
-        .LeftToRight(),
-    Chooser(u"Command8", {330, 4335, 420, 315}).In(u"Frame1"),
+        .LeftToRight()
+        .NamedBy(u"Label14"),
+    Chooser(u"Command8", {330, 4335, 420, 315}).In(u"Frame1").NamedBy(u"Label14"),
     Row(Kind::kLine, u"Frame6", {240, 4830, 4275, 30}).In(u"Frame1"),
 
     // The export.
@@ -186,8 +220,11 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
         .In(u"Frame1"),
     Row(Kind::kLabel, u"Label5", {3015, 5310, 1530, 375}, u"مسير ايجاد نرم\u200Fافزار:\u200F")
         .In(u"Frame1"),
-    Row(Kind::kTextBox, u"ExBox", {810, 5280, 2145, 315}, u"Export").In(u"Frame1").LeftToRight(),
-    Chooser(u"Command1", {330, 5265, 420, 315}).In(u"Frame1"),
+    Row(Kind::kTextBox, u"ExBox", {810, 5280, 2145, 315}, u"Export")
+        .In(u"Frame1")
+        .LeftToRight()
+        .NamedBy(u"Label5"),
+    Chooser(u"Command1", {330, 5265, 420, 315}).In(u"Frame1").NamedBy(u"Label5"),
     Row(Kind::kButton, u"Command4", {2760, 5730, 855, 610}, u"راهنما")
         .In(u"Frame1")
         .Shows(Artwork::kHelpButton),
@@ -210,33 +247,41 @@ constexpr std::array kForm2Rows = std::to_array<ControlRow>({
 
 constexpr std::array kForm3InputRows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label1", {9690, 300, 2580, 300}, u"متن\u200Fهاي ورودي:\u200F")
-        .RightAligned(),
-    Command(Mark::kGalleryMode, {9615, 165, 1365, 345}),
-    Row(Kind::kListBox, u"books", {9615, 570, 2745, 1620}),
+        .RightAligned()
+        .Grows(kMovesRight),
+    Command(Mark::kGalleryMode, {9615, 165, 1365, 345}).Grows(kMovesRight),
+    Row(Kind::kListBox, u"books", {9615, 570, 2745, 1620}).Grows(kMovesRight).NamedBy(u"Label1"),
 
-    Row(Kind::kFrame, u"Frame2", {60, 60, 9525, 2190}),
+    Row(Kind::kFrame, u"Frame2", {60, 60, 9525, 2190}).Grows(kWidens),
     Row(Kind::kLabel, u"Label2", {5145, 225, 2655, 180}).In(u"Frame2"),
     Row(Kind::kLabel, u"Label3", {7710, 225, 1695, 300}, u"عناوين فهرست:\u200F")
         .In(u"Frame2")
-        .RightAligned(),
+        .RightAligned()
+        .Grows(kMovesRight),
     // Bare, as its words can become a collection's title.
     Row(Kind::kLabel, u"BookLabel", {5175, 195, 2565, 300}, u"عنوان مجموعه:").In(u"Frame2"),
-    Row(Kind::kTextBox, u"bname", {60, 150, 5040, 330}).In(u"Frame2").RightAligned(),
-    Row(Kind::kListBox, u"bindex", {60, 510, 9390, 1620}).In(u"Frame2"),
+    Row(Kind::kTextBox, u"bname", {60, 150, 5040, 330})
+        .In(u"Frame2")
+        .RightAligned()
+        .NamedBy(u"BookLabel"),
+    Row(Kind::kListBox, u"bindex", {60, 510, 9390, 1620})
+        .In(u"Frame2")
+        .Grows(kWidens)
+        .NamedBy(u"Label3"),
 });
 
 constexpr std::array kForm3MarkingRows = std::to_array<ControlRow>({
-    Row(Kind::kFrame, u"Frame1", {60, 2220, 12300, 720}),
-    Command(Mark::kTitle, {11115, 210, 1050, 405}).In(u"Frame1"),
-    Command(Mark::kIdentity, {9765, 210, 1365, 405}).In(u"Frame1"),
-    Command(Mark::kTitleInBrackets, {9240, 210, 315, 405}).In(u"Frame1"),
-    Command(Mark::kTitleAfterDash, {8955, 210, 300, 405}).In(u"Frame1"),
-    Command(Mark::kTitleAfterColon, {8670, 210, 300, 405}).In(u"Frame1"),
-    Command(Mark::kTitleAfterSemicolon, {8385, 210, 300, 405}).In(u"Frame1"),
-    Command(Mark::kMainTitle, {6705, 210, 1470, 405}).In(u"Frame1"),
-    Command(Mark::kMainTitleEnd, {6060, 210, 660, 405}).In(u"Frame1"),
-    Command(Mark::kHeading, {5085, 210, 765, 405}).In(u"Frame1"),
-    Command(Mark::kHeadingText, {3975, 210, 1125, 405}).In(u"Frame1"),
+    Row(Kind::kFrame, u"Frame1", {60, 2220, 12300, 720}).Grows(kWidens),
+    Command(Mark::kTitle, {11115, 210, 1050, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kIdentity, {9765, 210, 1365, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kTitleInBrackets, {9240, 210, 315, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kTitleAfterDash, {8955, 210, 300, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kTitleAfterColon, {8670, 210, 300, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kTitleAfterSemicolon, {8385, 210, 300, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kMainTitle, {6705, 210, 1470, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kMainTitleEnd, {6060, 210, 660, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kHeading, {5085, 210, 765, 405}).In(u"Frame1").Grows(kMovesRight),
+    Command(Mark::kHeadingText, {3975, 210, 1125, 405}).In(u"Frame1").Grows(kMovesRight),
     Row(Kind::kCheckBox, u"Chek", {2895, 315, 795, 210}, u"با حذف")
         .Hint(kRemovalHint)
         .In(u"Frame1"),
@@ -256,52 +301,69 @@ constexpr TextView kForm3OpeningText =
 
 constexpr std::array kForm3TextRows = std::to_array<ControlRow>({
     Row(Kind::kRichTextBox, u"ConRT", {6045, 3885, 1830, 1425}, u"RichTextBox1").NoTabStop(),
-    Row(Kind::kRichTextBox, u"matn", {60, 3000, 12300, 5895}, kForm3OpeningText),
+    Row(Kind::kRichTextBox, u"matn", {60, 3000, 12300, 5895}, kForm3OpeningText).Grows(kFills),
 
-    Row(Kind::kFrame, u"Frame3", {75, 8865, 12300, 450}),
+    Row(Kind::kFrame, u"Frame3", {75, 8865, 12300, 450}).Grows(kWidensAtTheFoot),
     Row(Kind::kButton, u"HazC", {11655, 135, 495, 255}, u"<<<")
         .At(12)
         .In(u"Frame3")
-        .LeftToRight(),  // else the signs, being brackets, would be mirrored
+        .LeftToRight()  // else the signs, being brackets, would be mirrored
+        .Grows(kMovesRight),
     Row(Kind::kCheckBox, u"P22", {6450, 165, 5400, 210},
         u"حذف تمامي پاراگراف\u200Fها و ايجاد پاراگراف بر اساس           كلمه در هر سطر")
         .In(u"Frame3")
-        .MarkInset(195),  // its right end lies under HazC(12), and so chnd stands in the gap
+        .MarkInset(195)  // its right end lies under HazC(12), and so chnd stands in the gap
+        .Grows(kMovesRight),
     Row(Kind::kTextBox, u"chnd", {7815, 135, 420, 285}, u"22")
         .Hint(u"از 10 تا 30")
         .In(u"Frame3")
-        .Centred(),
+        .Centred()
+        .Grows(kMovesRight)
+        .NamedBy(u"P22"),
     Row(Kind::kCheckBox, u"HazP", {4245, 165, 2130, 210}, u"با حذف پاراگراف\u200Fهاي اصلي")
         .In(u"Frame3")
-        .Ticked(),
+        .Ticked()
+        .Grows(kMovesRight),
     Row(Kind::kCheckBox, u"Noghte", {60, 165, 4020, 210},
         u"همراه با درج پاراگراف پس از علائم نگارشي «. - ؟ - !»\u200F")
         .In(u"Frame3")
-        .Ticked(),
+        .Ticked()
+        .Grows(kMovesRight),
 });
 
 constexpr std::array kForm3BrowserHead = std::to_array<ControlRow>({
-    Row(Kind::kFrame, u"Frame4", {60, 540, 12300, 8760}).Hidden(),
+    Row(Kind::kFrame, u"Frame4", {60, 540, 12300, 8760}).Hidden().Grows(kFills),
     Row(Kind::kButton, u"SelAll", {11265, 180, 915, 315}, u"انتخاب همه").Hidden().In(u"Frame4"),
     Row(Kind::kLabel, u"ShPath", {645, 240, 11490, 240}, u"C:\\windows\\system32")
         .In(u"Frame4")
         .LeftToRight(),
     Chooser(u"Command1", {120, 180, 420, 315}).In(u"Frame4"),
-    Row(Kind::kScrollBar, u"VSC", {11835, 555, 345, 7560}).In(u"Frame4"),
+    Row(Kind::kScrollBar, u"VSC", {11835, 555, 345, 7560}).In(u"Frame4").Grows(kHighAtTheRight),
 });
 
 constexpr std::array kForm3Cell = std::to_array<ControlRow>({
-    Row(Kind::kFrame, u"IMF", {105, 480, 11655, 1530}).In(u"Frame4"),
-    Row(Kind::kImage, u"IMG", {9570, 195, 1980, 1215}).In(u"IMF"),
-    Row(Kind::kLabel, u"Label14", {8490, 300, 1020, 375}, u"عنوان تصوير:\u200F").In(u"IMF"),
-    Row(Kind::kTextBox, u"IMN", {150, 270, 8280, 315}).In(u"IMF").RightAligned(),
-    Row(Kind::kLabel, u"IMJ", {180, 645, 9180, 240}, u"*.jpg").In(u"IMF").LeftToRight(),
-    Row(Kind::kCheckBox, u"IMC", {8010, 1110, 1365, 315}, u"انتخاب تصوير").In(u"IMF"),
+    Row(Kind::kFrame, u"IMF", {105, 480, 11655, 1530}).In(u"Frame4").Grows(kCell),
+    Row(Kind::kImage, u"IMG", {9570, 195, 1980, 1215}).In(u"IMF").Grows(kPictureInCell),
+    Row(Kind::kLabel, u"Label14", {8490, 300, 1020, 375}, u"عنوان تصوير:\u200F")
+        .In(u"IMF")
+        .Grows(kMovesRight),
+    Row(Kind::kTextBox, u"IMN", {150, 270, 8280, 315})
+        .In(u"IMF")
+        .RightAligned()
+        .Grows(kWidens)
+        .NamedBy(u"Label14"),
+    Row(Kind::kLabel, u"IMJ", {180, 645, 9180, 240}, u"*.jpg")
+        .In(u"IMF")
+        .LeftToRight()
+        .Grows(kWidens),
+    Row(Kind::kCheckBox, u"IMC", {8010, 1110, 1365, 315}, u"انتخاب تصوير")
+        .In(u"IMF")
+        .Grows(kMovesRight),
 });
 
 constexpr std::array kForm3Tail = std::to_array<ControlRow>({
-    Row(Kind::kLine, u"Frame5", {105, 8205, 12075, 30}).In(u"Frame4"),
-    Command(Mark::kBuildGallery, {90, 8310, 3315, 345}).In(u"Frame4"),
+    Row(Kind::kLine, u"Frame5", {105, 8205, 12075, 30}).In(u"Frame4").Grows(kWidensAtTheFoot),
+    Command(Mark::kBuildGallery, {90, 8310, 3315, 345}).In(u"Frame4").Grows(kMovesDown),
     Row(Kind::kTimer, u"Timer1", {}).Every(100),
     Row(Kind::kTimer, u"Timer2", {}).Every(100).Disabled(),
 });
@@ -317,7 +379,7 @@ constexpr std::array kForm5Rows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label5", {2700, 120, 2595, 285}, u"فهرست فايل\u200Fهاي قابل انتخاب:\u200F")
         .RightAligned(),
     Row(Kind::kDriveList, u"Drive1", {30, 60, 2610, 315}).LeftToRight(),
-    Row(Kind::kFileList, u"File1", {2730, 390, 2640, 2625}).LeftToRight(),
+    Row(Kind::kFileList, u"File1", {2730, 390, 2640, 2625}).LeftToRight().NamedBy(u"Label5"),
     Row(Kind::kFolderList, u"Dir1", {30, 465, 2610, 2565}).LeftToRight(),
     Row(Kind::kButton, u"btn", {870, 3135, 3510, 390}, u"فايل مورد نظر را انتخاب كنيد!\u200F")
         .At(0),
@@ -325,23 +387,23 @@ constexpr std::array kForm5Rows = std::to_array<ControlRow>({
 
 constexpr std::array kForm6ParagraphRows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label3", {8460, 240, 1695, 300}, u"عنوان فهرست:\u200F"),
-    Row(Kind::kTextBox, u"bname", {2910, 195, 5505, 330}).RightAligned(),
+    Row(Kind::kTextBox, u"bname", {2910, 195, 5505, 330}).RightAligned().NamedBy(u"Label3"),
     Row(Kind::kButton, u"btn", {1350, 150, 1455, 390}, u"تبديل به گالري").At(5),
     Row(Kind::kButton, u"btn", {75, 150, 1200, 390}, u"حذف كامل").At(0),
     Row(Kind::kRichTextBox, u"matn", {75, 660, 9495, 5895}, u"پاراگراف"),
 
     Row(Kind::kButton, u"btn", {7665, 6660, 1890, 390}, u"حذف فايل ضميمه").At(1),
     Row(Kind::kLabel, u"Label6", {5805, 6750, 2160, 285}, u"فايل ضميمه پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"picB", {2730, 6720, 3045, 315}).LeftToRight(),
-    Chooser(u"Command5", {2250, 6705, 420, 315}),
+    Row(Kind::kTextBox, u"picB", {2730, 6720, 3045, 315}).LeftToRight().NamedBy(u"Label6"),
+    Chooser(u"Command5", {2250, 6705, 420, 315}).NamedBy(u"Label6"),
     Row(Kind::kButton, u"btn", {7665, 7170, 1890, 390}, u"حذف صوت متصل").At(2),
     Row(Kind::kLabel, u"Label1", {5805, 7260, 2160, 285}, u"صوت متصل به پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"soutB", {2730, 7230, 3045, 315}).LeftToRight(),
-    Chooser(u"Command1", {2250, 7215, 420, 315}),
+    Row(Kind::kTextBox, u"soutB", {2730, 7230, 3045, 315}).LeftToRight().NamedBy(u"Label1"),
+    Chooser(u"Command1", {2250, 7215, 420, 315}).NamedBy(u"Label1"),
     Row(Kind::kButton, u"btn", {7665, 7680, 1890, 390}, u"حذف فيلم متصل").At(3),
     Row(Kind::kLabel, u"Label2", {5805, 7770, 2160, 285}, u"فيلم متصل به پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"filmB", {2730, 7740, 3045, 315}).LeftToRight(),
-    Chooser(u"Command2", {2250, 7725, 420, 315}),
+    Row(Kind::kTextBox, u"filmB", {2730, 7740, 3045, 315}).LeftToRight().NamedBy(u"Label2"),
+    Chooser(u"Command2", {2250, 7725, 420, 315}).NamedBy(u"Label2"),
 
     Row(Kind::kImage, u"Image1", {75, 6645, 1995, 1260})
         .Hint(u"براي تغيير پس\u200Fزمينه كليك كنيد!\u200F")
@@ -367,7 +429,10 @@ constexpr std::array kForm6Cell = std::to_array<ControlRow>({
     Row(Kind::kFrame, u"IMF", {105, 495, 8865, 1395}).In(u"Frame4"),
     Row(Kind::kImage, u"IMG", {7110, 195, 1650, 1080}).In(u"IMF"),
     Row(Kind::kLabel, u"Label14", {6090, 300, 1020, 375}, u"عنوان تصوير:\u200F").In(u"IMF"),
-    Row(Kind::kTextBox, u"IMN", {150, 270, 5865, 315}).In(u"IMF").RightAligned(),
+    Row(Kind::kTextBox, u"IMN", {150, 270, 5865, 315})
+        .In(u"IMF")
+        .RightAligned()
+        .NamedBy(u"Label14"),
     Row(Kind::kLabel, u"IMJ", {450, 645, 6510, 240}, u"*.jpg").In(u"IMF").LeftToRight(),
     Row(Kind::kCheckBox, u"IMC", {5610, 960, 1365, 315}, u"انتخاب تصوير").In(u"IMF"),
 });

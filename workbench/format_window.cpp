@@ -55,7 +55,7 @@ void Form3::Form_Load() {
     ForgetFormerRun();
     Chek.SetValue(true);
     designGeometry = TakeGeometry(
-        Width(), Height(),
+        Definition().rows, Width(), Height(),
         [this](TextView name, int index, Measure each) { return ReadMeasure(name, index, each); });
     fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
     Mright();

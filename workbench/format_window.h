@@ -190,7 +190,6 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   platform::Text ReadWhole(platform::TextView path);
   void ReadImageMark();
 
-  platform::Control& SizedControl(platform::TextView name, int index);
   platform::Twips ReadMeasure(platform::TextView name, int index, Measure measure);
   void WriteMeasure(const ControlMeasure& measure);
 

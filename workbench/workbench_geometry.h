@@ -1,9 +1,10 @@
-// How the format window's controls follow its size: which measures grow, and by how much. All
-// measures are twips. Nothing here touches a window.
+// How a window's controls follow its size: by how much each measure grows that its catalogue row
+// says to grow. All measures are twips. Nothing here touches a window.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <vector>
 
 #include "platform/text.h"
@@ -11,11 +12,9 @@
 
 namespace workbench {
 
-enum class Measure : std::uint8_t { kLeft, kTop, kWidth, kHeight };
+using platform::Growth;
 
-// What is added to a measure's design value. kStacked is for the tops of the picture cells: each
-// cell begins where the one above it ends.
-enum class Growth : std::uint8_t { kNone, kByWidth, kByHeight, kByFifthOfHeight, kStacked };
+enum class Measure : std::uint8_t { kLeft, kTop, kWidth, kHeight };
 
 // One measure of one control. `value` is the design's or the new one.
 struct ControlMeasure {
@@ -37,9 +36,9 @@ struct DesignGeometry {
 using MeasureReader =
     std::function<platform::Twips(platform::TextView control, int index, Measure measure)>;
 
-// Takes the measures, each through `read`, whose failure goes to the caller.
-DesignGeometry TakeGeometry(platform::Twips width, platform::Twips height,
-                            const MeasureReader& read);
+// Takes the measures that the rows say grow, each through `read`, whose failure goes to the caller.
+DesignGeometry TakeGeometry(std::span<const platform::ControlRow> rows, platform::Twips width,
+                            platform::Twips height, const MeasureReader& read);
 
 // The same measures, in the same order, for an inside of that size. The size is taken as it is,
 // also below the design's.

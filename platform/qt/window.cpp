@@ -171,10 +171,6 @@ class Rollback {
   bool done_ = false;
 };
 
-bool Matches(const Control& control, const ControlRow& row) {
-  return control.Name() == row.name && control.Index() == row.index;
-}
-
 }  // namespace
 
 Window::Window(const WindowDefinition& definition) : definition_(definition) {}
@@ -201,14 +197,25 @@ void Window::BuildControls() {
       parent = window.findChild<QWidget*>(ObjectName(row.parent, row.parentIndex));
       if (parent == nullptr) throw Failure(u"No such frame: " + Text(row.parent));
     }
-    const auto found = std::ranges::find_if(
-        controls_, [&](const Control* control) { return Matches(*control, row); });
-    Control* control = found == controls_.end() ? nullptr : *found;
+    Control* control = FindControl(row.name, row.index);
     auto made = MakePeer(row, parent, control);
     if (row.defaultButton) window.SetDefaultButton(qobject_cast<QPushButton*>(made->widget));
     (control != nullptr ? control->peer_ : ThePeer().nameless.emplace_back()) = std::move(made);
   }
   SetAccessibleNames(window, definition_);
+}
+
+Control* Window::FindControl(TextView name, int index) const {
+  const auto found = std::ranges::find_if(controls_, [&](const Control* control) {
+    return control->Name() == name && control->Index() == index;
+  });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+Control& Window::ControlNamed(TextView name, int index) const {
+  Control* control = FindControl(name, index);
+  if (control == nullptr) throw Failure(u"No such control: " + Text(name));
+  return *control;
 }
 
 void Window::Load() {

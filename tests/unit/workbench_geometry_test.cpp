@@ -61,7 +61,8 @@ class WorkbenchGeometry : public testing::Test {
     return NewMeasure(control, index, Measure::kHeight);
   }
 
-  const DesignGeometry design_ = workbench::TakeGeometry(kDesignWidth, kDesignHeight, ReadDesign);
+  const DesignGeometry design_ = workbench::TakeGeometry(support::Form3Definition().rows,
+                                                         kDesignWidth, kDesignHeight, ReadDesign);
   std::vector<ControlMeasure> measures_;
 };
 
@@ -182,7 +183,9 @@ TEST_F(WorkbenchGeometry, BackAtDesignSizeNothingHasDrifted) {
 
 TEST(WorkbenchGeometryTaking, FailureOfAReadReachesTheCaller) {
   const auto failing = [](TextView, int, Measure) -> Twips { throw platform::Failure(u"gone"); };
-  EXPECT_THROW(workbench::TakeGeometry(kDesignWidth, kDesignHeight, failing), platform::Failure);
+  EXPECT_THROW(workbench::TakeGeometry(support::Form3Definition().rows, kDesignWidth, kDesignHeight,
+                                       failing),
+               platform::Failure);
 }
 
 }  // namespace
