@@ -5,7 +5,6 @@
 #include "core/book_places.h"
 #include "core/joined.h"
 #include "core/log.h"
-#include "core/messages.h"
 #include "core/numbers.h"
 #include "core/selector.h"
 #include "core/settings.h"
@@ -13,7 +12,6 @@
 #include "core/vocabulary.h"
 #include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/message_box.h"
 #include "platform/paths.h"
 #include "support/window_catalogue.h"
 
@@ -35,6 +33,7 @@ Text StartNote() {
 
 Form1::Form1(Machine& machine)
     : Window(support::Form1Definition()),
+      Reporter(machine),
       machine_(machine),
       folderChooser_([this] { upd(); }),
       fileChooser_([this] { upd(); }) {
@@ -74,6 +73,7 @@ void Form1::WireButtons() {
 void Form1::Form_Load() {
   Catching(failure::kLoadProjectWindow, [&] {
     fileSys = std::make_unique<platform::FileSystemObject>(machine_.files);
+    LogThrough(fileSys.get());
     LogMe(Joined({u"Closing last log.\r\n\r\n", kLogRule, u"\r\n"}));
     LogMe(StartNote());
     InitVocabulary();
@@ -88,6 +88,7 @@ void Form1::Form_Load() {
 void Form1::Form_Unload() {
   Hide();
   LogMe(u"Zorvand ended.");
+  LogThrough(nullptr);
   fileSys.reset();
   platform::EndProcess(0);
 }
@@ -106,33 +107,6 @@ Text Form1::DoSlash(TextView path) {
 Text Form1::ProgramRoot() { return DoSlash(machine_.programFolder); }
 
 Text Form1::BookRoot() { return DoSlash(idir.Text()); }
-
-void Form1::LogMe(TextView text) {
-  platform::Ignoring([&] { DoLog(text, LogFile(platform::DoSlash(machine_.programFolder))); });
-  platform::Ignoring([&] { DoLog(text, machine_.systemLogPath); });
-}
-
-void Form1::DoLog(TextView text, TextView path) {
-  if (fileSys != nullptr) WriteLog(*fileSys, machine_.clock, text, path);
-}
-
-void Form1::LogErr(std::int16_t number) {
-  platform::Ignoring([&] { LogMe(FailureNote(number, lastErrorText)); });
-}
-
-void Form1::bepayam(std::int16_t number) {
-  if (NamesFailure(number)) LogErr(number);
-  if (!ShowsBox(number)) return;
-  platform::ShowNotice(MessageText(number), platform::kApplicationTitle);
-  LogMe(DisplayNote(number));
-}
-
-void Form1::Catching(std::int16_t number, const std::function<void()>& operation) {
-  platform::CatchingFailure(operation, [&](const Text& description) {
-    lastErrorText = description;
-    bepayam(number);
-  });
-}
 
 Text Form1::LoadVocabulary() {
   Text record(kVocabularyRecord);

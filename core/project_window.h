@@ -12,6 +12,7 @@
 #include "core/folder_chooser.h"
 #include "core/machine.h"
 #include "core/ports.h"
+#include "core/reporter.h"
 #include "platform/controls.h"
 #include "platform/file_system_object.h"
 #include "platform/text.h"
@@ -19,21 +20,12 @@
 
 namespace core {
 
-class Form1 : public platform::Window {
+class Form1 : public platform::Window, public Reporter {
  public:
   explicit Form1(Machine& machine);
 
   // To be called once, before the window is shown.
   void Wire(const Ports& ports) { ports_ = ports; }
-
-  // Log and numbered messages. LogMe never fails and does nothing before the window is loaded;
-  // bepayam returns once its box, if the number has one, is closed.
-  void LogMe(platform::TextView text);
-  void bepayam(std::int16_t number);
-  void LogErr(std::int16_t number);
-  void DoLog(platform::TextView text, platform::TextView path);
-  // Runs an operation. Its failure ends it, goes to lastErrorText and to bepayam(number).
-  void Catching(std::int16_t number, const std::function<void()>& operation);
 
   // The list of the collections that wait, in dataName. Failure number 42.
   void MakeCombo();
@@ -71,7 +63,6 @@ class Form1 : public platform::Window {
   // A relative path counts from the program folder.
   void MakeAbsolute(platform::TextBox& field);
 
-  platform::Text lastErrorText;
   platform::Text pendingTarget;
   platform::Text vocabulary;
 

@@ -56,7 +56,7 @@ void Form6::EmptyPath(std::int16_t button) {
 
 void Form6::Pick(core::Medium medium) {
   const core::MediumRow& row = core::RowOf(medium);
-  form1_.Catching(row.pickFailure, [&] { form1_.RequestFile(row.chooserKey, row.pattern, this); });
+  report_.Catching(row.pickFailure, [&] { form1_.RequestFile(row.chooserKey, row.pattern, this); });
 }
 
 void Form6::Command1_Click() { Pick(core::Medium::kSound); }
@@ -66,7 +66,7 @@ void Form6::Command5_Click() { Pick(core::Medium::kAttachment); }
 void Form6::Command3_Click() { form3_.ComClick(); }
 
 void Form6::Image1_Click() {
-  form1_.Catching(core::failure::kClickBackground, [&] {
+  report_.Catching(core::failure::kClickBackground, [&] {
     if (Image1.Tag().empty()) return Pick(core::Medium::kBackground);
     Image1.SetTag(u"");
     Image1.ClearPicture();
@@ -80,7 +80,7 @@ void Form6::SetMedium(core::Medium medium, TextView path) {
 }
 
 void Form6::TgDo() {
-  form1_.Catching(core::failure::kShowBackground, [&] {
+  report_.Catching(core::failure::kShowBackground, [&] {
     const platform::Text path = Image1.Tag();
     if (path.empty() || !FileSys().FileExists(path)) return;
     Image1.LoadPicture(path);

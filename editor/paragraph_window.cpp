@@ -21,7 +21,7 @@ constexpr int kRightButton = 2;
 }  // namespace
 
 Form6::Form6(workbench::Form3& form3)
-    : Window(support::Form6Definition()), form3_(form3), form1_(form3.TheForm1()) {
+    : Window(support::Form6Definition()), form3_(form3), form1_(form3.TheForm1()), report_(form1_) {
   WireButtons();
   WireMenu();
   WireBrowser();
@@ -55,7 +55,7 @@ void Form6::WireBrowser() {
 }
 
 void Form6::Form_Load() {
-  form1_.Catching(core::failure::kLoadParagraphWindow, [&] {
+  report_.Catching(core::failure::kLoadParagraphWindow, [&] {
     fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
     form3_.ShowEdit();
     if (!FileSys().FileExists(core::ImageMarkFile(form1_.ProgramRoot()))) picM.SetEnabled(false);
@@ -70,7 +70,7 @@ platform::FileSystemObject& Form6::FileSys() {
 }
 
 void Form6::btn_Click(std::int16_t index) {
-  form1_.Catching(core::failure::kPressButton, [&] { Press(index); });
+  report_.Catching(core::failure::kPressButton, [&] { Press(index); });
 }
 
 void Form6::Press(std::int16_t index) {
@@ -96,7 +96,7 @@ bool Form6::CHK() {
     const Text file = fields.Path(each.medium);
     if (file.empty() || FileSys().FileExists(file)) continue;
     found = false;
-    form1_.bepayam(each.missing);
+    report_.bepayam(each.missing);
   }
   return found;
 }
@@ -114,7 +114,7 @@ void Form6::SwitchGallery() {
 
 void Form6::matn_MouseUp(int button) {
   if (button != kRightButton) return;
-  form1_.Catching(core::failure::kOpenMenu, [&] {
+  report_.Catching(core::failure::kOpenMenu, [&] {
     const bool selected = matn.SelLength() > 0;
     for (platform::MenuItem* item : {&copyM, &cutM, &delM}) item->SetEnabled(selected);
     pasteM.SetEnabled(platform::ClipboardHasText());
@@ -125,22 +125,22 @@ void Form6::matn_MouseUp(int button) {
 void Form6::picM_Click() { form3_.DoIMG(); }
 
 void Form6::copyM_Click() {
-  form1_.Catching(core::failure::kCopy, [&] { platform::SetClipboardText(matn.SelText()); });
+  report_.Catching(core::failure::kCopy, [&] { platform::SetClipboardText(matn.SelText()); });
 }
 
 void Form6::cutM_Click() {
-  form1_.Catching(core::failure::kCut, [&] {
+  report_.Catching(core::failure::kCut, [&] {
     platform::SetClipboardText(matn.SelText());
     matn.SetSelText(u"");
   });
 }
 
 void Form6::delM_Click() {
-  form1_.Catching(core::failure::kDelete, [&] { matn.SetSelText(u""); });
+  report_.Catching(core::failure::kDelete, [&] { matn.SetSelText(u""); });
 }
 
 void Form6::pasteM_Click() {
-  form1_.Catching(core::failure::kPaste, [&] {
+  report_.Catching(core::failure::kPaste, [&] {
     if (platform::ClipboardHasText()) matn.SetSelText(platform::ClipboardText());
   });
 }

@@ -3,7 +3,7 @@
 // Loaded for one row, unloaded at its end; closing it by its own button changes no column.
 //
 // Failures end where they arise, under the number that stands at each operation (see
-// core::Form1::Catching).
+// core::Reporter::Catching).
 #pragma once
 
 #include <cstdint>
@@ -106,6 +106,7 @@ class Form6 : public platform::Window,
 
   workbench::Form3& form3_;
   core::Form1& form1_;
+  core::Reporter& report_;
   std::unique_ptr<platform::FileSystemObject> fileSys;
 };
 

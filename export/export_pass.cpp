@@ -19,18 +19,18 @@ constexpr TextView kDefaultTarget = u"Export";
 }  // namespace
 
 ExportPass::ExportPass(core::Form1& form1, platform::Launcher& launcher)
-    : form1_(form1), launcher_(launcher) {}
+    : form1_(form1), report_(form1), launcher_(launcher) {}
 
 void ExportPass::Export() {
-  form1_.Catching(core::failure::kExport, [&] {
+  report_.Catching(core::failure::kExport, [&] {
     form1_.MakeDefaultFolder(form1_.ExBox, kDefaultTarget);
     form1_.MakeAbsolute(form1_.ExBox);
     form1_.MakeAbsolute(form1_.idir);
     form1_.SaveThings();
     if (!Files().FolderExists(form1_.ExBox.Text()))
-      return form1_.bepayam(core::message::kExportFolderMissing);
+      return report_.bepayam(core::message::kExportFolderMissing);
     if (!Files().FolderExists(form1_.idir.Text()))
-      return form1_.bepayam(core::message::kProjectFolderMissing);
+      return report_.bepayam(core::message::kProjectFolderMissing);
     ExportAll();
   });
 }
@@ -38,20 +38,20 @@ void ExportPass::Export() {
 // A missing script is deliberately no early end: the pass then runs on with a root that is empty.
 void ExportPass::ExportAll() {
   const auto pass = [&] {
-    form1_.LogMe(u"Exporting files...");
+    report_.LogMe(u"Exporting files...");
     Text root;
     if (Files().FileExists(core::ExportScriptFile(form1_.ProgramRoot()))) {
       root = CarryOut();
     } else {
-      form1_.bepayam(core::message::kNoExportScript);
+      report_.bepayam(core::message::kNoExportScript);
     }
-    form1_.bepayam(core::message::kExportReady);
-    form1_.LogMe(u"Files exported.");
+    report_.bepayam(core::message::kExportReady);
+    report_.LogMe(u"Files exported.");
     if (Files().FileExists(Viewer(root))) RunFile(Viewer(root));
-    form1_.LogMe(u"Exported Main.exe played.");
+    report_.LogMe(u"Exported Main.exe played.");
   };
   platform::CatchingFailure(pass,
-                            [&](const Text&) { form1_.bepayam(core::message::kExportFailed); });
+                            [&](const Text&) { report_.bepayam(core::message::kExportFailed); });
 }
 
 // Everything is cut before anything on the disk changes.

@@ -37,6 +37,7 @@ class ExportPass : public core::ExportPort {
   platform::FileSystem& Files();
 
   core::Form1& form1_;
+  core::Reporter& report_;
   platform::Launcher& launcher_;
 };
 

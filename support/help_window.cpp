@@ -7,14 +7,14 @@
 
 namespace support {
 
-Form4::Form4(core::Form1& form1) : Window(Form4Definition()), form1_(form1) {}
+Form4::Form4(core::Form1& form1)
+    : Window(Form4Definition()), machine_(form1.TheMachine()), report_(form1) {}
 
 void Form4::Form_Load() {
-  form1_.Catching(core::failure::kLoadHelp, [&] {
+  report_.Catching(core::failure::kLoadHelp, [&] {
     Box1.SetLocked(true);
-    fileSys = std::make_unique<platform::FileSystemObject>(form1_.TheMachine().files);
-    const platform::Text guide =
-        core::HelpFile(platform::DoSlash(form1_.TheMachine().programFolder));
+    fileSys = std::make_unique<platform::FileSystemObject>(machine_.files);
+    const platform::Text guide = core::HelpFile(platform::DoSlash(machine_.programFolder));
     if (fileSys->FileExists(guide)) Box1.LoadFile(guide);
   });
 }

@@ -26,7 +26,8 @@ class Form4 : public platform::Window, public core::HelpPort {
   void Form_Unload() override;
 
  private:
-  core::Form1& form1_;
+  core::Machine& machine_;
+  core::Reporter& report_;
   std::unique_ptr<platform::FileSystemObject> fileSys;
 };
 

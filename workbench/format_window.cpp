@@ -13,7 +13,8 @@ namespace workbench {
 using platform::Text;
 using platform::TextView;
 
-Form3::Form3(core::Form1& form1) : Window(support::Form3Definition()), form1_(form1) {
+Form3::Form3(core::Form1& form1)
+    : Window(support::Form3Definition()), form1_(form1), report_(form1) {
   WireHandlers();
 }
 
@@ -43,8 +44,8 @@ void Form3::WireHandlers() {
 }
 
 void Form3::Form_Load() {
-  form1_.Catching(core::failure::kLoadWorkbench, [&] {
-    form1_.LogMe(u"Format started.");
+  report_.Catching(core::failure::kLoadWorkbench, [&] {
+    report_.LogMe(u"Format started.");
     words = SplitVocabulary(form1_.vocabulary);
     NameNevis();
     ResetA();
@@ -79,7 +80,7 @@ void Form3::ForgetFormerRun() {
 }
 
 void Form3::Form_Unload() {
-  form1_.LogMe(u"Format ended.");
+  report_.LogMe(u"Format ended.");
   fileSys.reset();
 }
 
@@ -101,7 +102,7 @@ void Form3::Timer1_Timer() {
 
 void Form3::NameNevis() {
   selectionWasRead_ = false;
-  form1_.Catching(core::failure::kNameCollection, [&] {
+  report_.Catching(core::failure::kNameCollection, [&] {
     Text caption(kAllCollectionsBuilt);
     if (form1_.dataName.ListCount() > 0) {
       core::CollectionKey key = core::ReadKey(form1_.dataName.Text());
@@ -116,7 +117,7 @@ void Form3::NameNevis() {
 }
 
 void Form3::ResetA() {
-  form1_.Catching(core::failure::kReset, [&] {
+  report_.Catching(core::failure::kReset, [&] {
     Com(static_cast<int>(Mark::kMainTitle)).SetCaption(MainTitleCaption(0));
     entryCount = 0;
     imageCount = 0;
@@ -128,20 +129,20 @@ void Form3::ResetA() {
 }
 
 void Form3::IndexEmpty() {
-  form1_.Catching(core::failure::kEmptyList, [&] { bindex.Clear(); });
+  report_.Catching(core::failure::kEmptyList, [&] { bindex.Clear(); });
 }
 
 std::int16_t Form3::FileList() {
   std::int16_t count = 0;
-  form1_.Catching(core::failure::kListTexts, [&] {
-    form1_.LogMe(u"Geting files in the directory...");
+  report_.Catching(core::failure::kListTexts, [&] {
+    report_.LogMe(u"Geting files in the directory...");
     books.Clear();
     for (const Text& name : FileSys().FileNames(form1_.Text1.Text())) {
       if (!platform::EqualsIgnoringCase(platform::Behind(name, u"."), u"TXT")) continue;
       books.AddItem(name);
       count = platform::ToInt16(count + 1.0);
     }
-    if (count == 0) form1_.bepayam(core::message::kNoInputTexts);
+    if (count == 0) report_.bepayam(core::message::kNoInputTexts);
   });
   return count;
 }

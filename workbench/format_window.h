@@ -3,7 +3,7 @@
 // can be loaded and unloaded any number of times; what it has filed lives in it and nowhere else.
 //
 // Failures end where they arise, under the number that stands at each operation (see
-// core::Form1::Catching); an operation that returns something then returns what it had so far.
+// core::Reporter::Catching); an operation that returns something then returns what it had so far.
 #pragma once
 
 #include <cstddef>
@@ -224,6 +224,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   void BringImage(const platform::Text& source, platform::TextView fileName);
 
   core::Form1& form1_;
+  core::Reporter& report_;
   ParagraphWindow* paragraph_ = nullptr;
   bool selectionWasRead_ = true;    // the last NameNevis did not fail
   platform::Text unreadSelection_;  // of dataName, at the paint that could not read it

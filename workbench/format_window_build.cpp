@@ -55,7 +55,7 @@ class WorkbenchDesk : public BuildDesk {
 }  // namespace
 
 void Form3::MakeFile() {
-  form1_.Catching(core::failure::kBuild, [&] {
+  report_.Catching(core::failure::kBuild, [&] {
     const BuildOrder order{.table = table,
                            .words = words,
                            .rowLetter = rowLetter,
@@ -72,7 +72,7 @@ void Form3::MakeFile() {
 
 Text Form3::ToTXT(const Text& richText) {
   Text plain;
-  form1_.Catching(core::failure::kPlainText, [&] {
+  report_.Catching(core::failure::kPlainText, [&] {
     // A heading that never got its text is empty, and that is no failure.
     if (!richText.empty()) plain = platform::rtf::PlainText(richText);
     // The box is the conversion's place on the window; it holds nothing between two uses.
@@ -82,7 +82,7 @@ Text Form3::ToTXT(const Text& richText) {
 }
 
 Text Form3::ToIMG(Text body) {
-  form1_.Catching(core::failure::kImageTags, [&] {
+  report_.Catching(core::failure::kImageTags, [&] {
     const auto bring = [this](const Text& source, TextView name) { BringImage(source, name); };
     const bool hasImages = PutImageTags(body, table.inlineImage, bring);
     body += AddEntr(hasImages ? kTailWithImages : kTailWithoutImages);
@@ -97,21 +97,21 @@ void Form3::BringImage(const Text& source, TextView fileName) {
 
 Text Form3::AddEntr(std::int16_t count) {
   Text result;
-  form1_.Catching(core::failure::kBlankParagraphs,
-                  [&] { result = workbench::AddEntr(count, words.mainTag); });
+  report_.Catching(core::failure::kBlankParagraphs,
+                   [&] { result = workbench::AddEntr(count, words.mainTag); });
   return result;
 }
 
 Text Form3::PasBin(TextView path, TextView stem) {
   Text result;
-  form1_.Catching(core::failure::kBackgroundAttribute,
-                  [&] { result = workbench::PasBin(path, stem); });
+  report_.Catching(core::failure::kBackgroundAttribute,
+                   [&] { result = workbench::PasBin(path, stem); });
   return result;
 }
 
 Text Form3::sndBin(TextView path) {
   Text result;
-  form1_.Catching(core::failure::kAttachmentAttributes, [&] { result = workbench::sndBin(path); });
+  report_.Catching(core::failure::kAttachmentAttributes, [&] { result = workbench::sndBin(path); });
   return result;
 }
 

@@ -13,8 +13,8 @@ using platform::Text;
 using platform::TextView;
 
 void Form3::Com_Click(std::int16_t index) {
-  form1_.Catching(core::failure::kMark, [&] {
-    form1_.LogMe(u"Format number " + platform::FromNumber(index) + u" clicked.");
+  report_.Catching(core::failure::kMark, [&] {
+    report_.LogMe(u"Format number " + platform::FromNumber(index) + u" clicked.");
     const auto command = static_cast<Mark>(index);
     RunCommand(command);
     if (command != Mark::kMainTitleEnd) EndCommand(command);

@@ -17,8 +17,8 @@ ParagraphWindow& Form3::Paragraph() {
 }
 
 void Form3::bindex_MouseUp() {
-  form1_.Catching(core::failure::kOpenRow, [&] {
-    form1_.LogMe(u"Opening an Onvan...");
+  report_.Catching(core::failure::kOpenRow, [&] {
+    report_.LogMe(u"Opening an Onvan...");
     editIndex = platform::ToInt16(static_cast<double>(bindex.ListIndex()));
     if (editIndex == -1 || table.entryTitle(editIndex) == mainEndMark) return;
     Paragraph().TheWindow().ShowModal(this);
@@ -26,8 +26,8 @@ void Form3::bindex_MouseUp() {
 }
 
 void Form3::ShowEdit() {
-  form1_.Catching(core::failure::kShowRow, [&] {
-    if (editIndex < 0) return form1_.bepayam(core::message::kNoRowToEdit);
+  report_.Catching(core::failure::kShowRow, [&] {
+    if (editIndex < 0) return report_.bepayam(core::message::kNoRowToEdit);
     if (table.entryGallery(editIndex)) Paragraph().ToggleGallery();
     const ParagraphFields fields = Paragraph().Fields();
     fields.Image1.ClearPicture();
@@ -66,8 +66,8 @@ void Form3::ShowEntryText(platform::RichTextBox& box) {
 }
 
 void Form3::DoEdit() {
-  form1_.Catching(core::failure::kKeepRow, [&] {
-    form1_.LogMe(u"Editing an Onvan...");
+  report_.Catching(core::failure::kKeepRow, [&] {
+    report_.LogMe(u"Editing an Onvan...");
     const ParagraphFields fields = Paragraph().Fields();
     table.entryGallery.Set(editIndex, fields.Frame4.Visible());
     table.entryTitle.Set(editIndex, fields.bname.Text());
@@ -89,8 +89,8 @@ void Form3::ShowLineOfRow() {
 }
 
 void Form3::Ohazf() {
-  form1_.Catching(core::failure::kDeleteRow, [&] {
-    form1_.LogMe(u"Removing an Onvan...");
+  report_.Catching(core::failure::kDeleteRow, [&] {
+    report_.LogMe(u"Removing an Onvan...");
     bindex.RemoveItem(editIndex);
     table.CloseGap(editIndex);
     --entryCount;

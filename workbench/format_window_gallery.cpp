@@ -45,9 +45,9 @@ void Form3::SetGalFol(TextView folder, int which) {
 }
 
 void Form3::GetFolInfo() {
-  form1_.LogMe(u"Getting folder pics...");
+  report_.LogMe(u"Getting folder pics...");
   pictures.Read(FileSys());
-  form1_.LogMe(u"Pics got.");
+  report_.LogMe(u"Pics got.");
 }
 
 void Form3::ShowFol(std::ptrdiff_t first) { ShowFolder(0, first); }
@@ -56,13 +56,13 @@ void Form3::VSC_Change() { ShowFol(VSC.Value() - 1); }
 void Form3::VSCchange() { ShowFol2(Paragraph().Browser().VSC.Value() - 1); }
 
 void Form3::Command1_Click() {
-  form1_.Catching(core::failure::kPickGalleryFolder,
-                  [&] { form1_.RequestFolder(u"FolPath", this); });
+  report_.Catching(core::failure::kPickGalleryFolder,
+                   [&] { form1_.RequestFolder(u"FolPath", this); });
 }
 
 void Form3::ComClick() {
-  form1_.Catching(core::failure::kPickGalleryFolder,
-                  [&] { form1_.RequestFolder(u"FolPath2", &Paragraph().TheWindow()); });
+  report_.Catching(core::failure::kPickGalleryFolder,
+                   [&] { form1_.RequestFolder(u"FolPath2", &Paragraph().TheWindow()); });
 }
 
 // The title is frozen as long as its picture is in the gallery.
@@ -74,26 +74,26 @@ void Form3::TickChanged(int which, std::ptrdiff_t row) {
 }
 
 void Form3::IMC_MouseUp(std::ptrdiff_t row) {
-  form1_.Catching(core::failure::kTickPicture, [&] { TickChanged(0, row); });
+  report_.Catching(core::failure::kTickPicture, [&] { TickChanged(0, row); });
 }
 
 void Form3::IMCmous(std::ptrdiff_t row) {
-  form1_.Catching(core::failure::kTickPicture, [&] { TickChanged(1, row); });
+  report_.Catching(core::failure::kTickPicture, [&] { TickChanged(1, row); });
 }
 
 void Form3::AddPicture(int which, std::ptrdiff_t row) {
-  form1_.Catching(core::failure::kAddPicture, [&] {
-    form1_.LogMe(u"Adding a pic to the gallery...");
+  report_.Catching(core::failure::kAddPicture, [&] {
+    report_.LogMe(u"Adding a pic to the gallery...");
     gallery::AddRow(BrowserOf(which), row, DoSlash(pictures.galleryFolder), ChosenOf(which));
-    form1_.LogMe(u"Pic added.");
+    report_.LogMe(u"Pic added.");
   });
 }
 
 void Form3::RemovePicture(int which, std::ptrdiff_t row) {
-  form1_.Catching(core::failure::kRemovePicture, [&] {
-    form1_.LogMe(u"Removing a pic of the gallery...");
+  report_.Catching(core::failure::kRemovePicture, [&] {
+    report_.LogMe(u"Removing a pic of the gallery...");
     gallery::RemoveRow(BrowserOf(which), row, PictureRoot(), ChosenOf(which));
-    form1_.LogMe(u"Pic removed.");
+    report_.LogMe(u"Pic removed.");
   });
 }
 
@@ -104,15 +104,15 @@ void Form3::RemPicGal2(std::int16_t row) { RemovePicture(1, row); }
 
 // One step beyond the last name, which adds the folder itself or a name of an earlier folder.
 void Form3::SelAll_Click() {
-  form1_.Catching(core::failure::kAddPicture, [&] {
-    form1_.LogMe(u"Adding all pic to the gallery...");
+  report_.Catching(core::failure::kAddPicture, [&] {
+    report_.LogMe(u"Adding all pic to the gallery...");
     const Text root = DoSlash(pictures.galleryFolder);
     std::vector<Text> paths;
     for (std::ptrdiff_t i = 0; i <= pictures.folderPicCount; ++i) {
       paths.push_back(root + pictures.folderPic(i));
     }
     gallery::AddAll(ChosenOf(0), std::move(paths));
-    form1_.LogMe(u"All Pic added.");
+    report_.LogMe(u"All Pic added.");
   });
 }
 

@@ -9,9 +9,9 @@ using platform::Position;
 using platform::Text;
 
 void Form3::DoIMG() {
-  form1_.Catching(core::failure::kInsertImage, [&] {
-    form1_.LogMe(u"Inserting image inside the text...");
-    if (imageMark.empty()) return form1_.bepayam(core::message::kNoImageMark);
+  report_.Catching(core::failure::kInsertImage, [&] {
+    report_.LogMe(u"Inserting image inside the text...");
+    if (imageMark.empty()) return report_.bepayam(core::message::kNoImageMark);
     form1_.RequestFile(u"IMG", core::kPicturePattern, &Paragraph().TheWindow());
     // What an earlier choice left counts still.
     if (chosenImage.empty() || !FileSys().FileExists(chosenImage)) return;

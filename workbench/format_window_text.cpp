@@ -13,8 +13,8 @@ using platform::Text;
 using platform::TextView;
 
 void Form3::books_Click() {
-  form1_.Catching(core::failure::kOpenText, [&] {
-    form1_.LogMe(u"Opening a text file...");
+  report_.Catching(core::failure::kOpenText, [&] {
+    report_.LogMe(u"Opening a text file...");
     currentBook = books.List(books.ListIndex());
     // A line of its own, so that the raw text is gone before the box takes the clean one.
     const Text clean = Rep(ReadWhole(DoSlash(form1_.Text1.Text()) + currentBook));
@@ -34,13 +34,13 @@ void Form3::AlignRight(platform::RichTextBox& box) {
 
 Text Form3::DelCrLf(TextView text) {
   Text result;
-  form1_.Catching(core::failure::kDropLineEnds, [&] { result = workbench::DelCrLf(text); });
+  report_.Catching(core::failure::kDropLineEnds, [&] { result = workbench::DelCrLf(text); });
   return result;
 }
 
 Text Form3::BeBor(TextView text, std::int16_t n) {
   Text result;
-  form1_.Catching(core::failure::kShorten, [&] { result = workbench::BeBor(text, n); });
+  report_.Catching(core::failure::kShorten, [&] { result = workbench::BeBor(text, n); });
   return result;
 }
 
@@ -61,8 +61,8 @@ void Form3::chnd_LostFocus() {
 void Form3::HazC_Click(std::int16_t) { DoPara(); }
 
 void Form3::DoPara() {
-  form1_.Catching(core::failure::kRebuildParagraphs, [&] {
-    form1_.LogMe(u"Cutting end of paragraphs...");
+  report_.Catching(core::failure::kRebuildParagraphs, [&] {
+    report_.LogMe(u"Cutting end of paragraphs...");
     const ParagraphRules rules{.removeBreaks = HazP.Value(),
                                .breakAtMarks = Noghte.Value(),
                                .wordLimit = platform::ToInt16(chnd.Text())};
