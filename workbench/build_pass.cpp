@@ -23,9 +23,9 @@ void BuildPass::Run() {
   if (!FoldersExist()) return;
   AddToIndex();
   if (!MakeRoom()) return;
-  WriteAnew(CollectionPath(), HeadLines(order_.galleryMode));
+  WriteAnew(CollectionPath(), HeadLines(order_.work.galleryMode));
   WalkRows();
-  AddToCollection(EndLine(order_.galleryMode));
+  AddToCollection(EndLine(order_.work.galleryMode));
   FinishInWindow();
   desk_.LogMe(u"Title is made.");
 }
@@ -52,7 +52,7 @@ bool BuildPass::FoldersExist() {
 
 void BuildPass::AddToIndex() {
   const Text name = core::CollectionName(order_.rowLetter, order_.rowDigit);
-  openTag_ = OpenTag(name, order_.galleryMode);
+  openTag_ = OpenTag(name, order_.work.galleryMode);
   closeTag_ = CloseTag(name);
   if (!files_.FileExists(IndexPath())) WriteAnew(IndexPath(), IndexHead(order_.words.creditLine));
   NameCollection();
@@ -94,20 +94,20 @@ void BuildPass::WalkRows() {
 }
 
 bool BuildPass::RowEndsWalk(std::ptrdiff_t row) const {
-  return order_.galleryMode ? order_.table.galleryPic(row, 0).empty()
-                            : order_.table.entryTitle(row).empty();
+  return order_.work.galleryMode ? order_.work.table.galleryPic(row, 0).empty()
+                                 : order_.work.table.entryTitle(row).empty();
 }
 
 // Titles decide before the mode does: a marker row counts in a gallery, too.
 void BuildPass::BuildRow(std::ptrdiff_t row) {
-  const Text& title = order_.table.entryTitle(row);
+  const Text& title = order_.work.table.entryTitle(row);
   if (title == order_.mainMark) {
     BuildMainTitle(row);
   } else if (title == order_.mainEndMark) {
     BuildMainEnd();
-  } else if (order_.galleryMode) {
+  } else if (order_.work.galleryMode) {
     BuildGalleryPicture(row);
-  } else if (order_.table.entryGallery(row)) {
+  } else if (order_.work.table.entryGallery(row)) {
     BuildGalleryEntry(row);
   } else {
     BuildTextEntry(row);
@@ -115,7 +115,7 @@ void BuildPass::BuildRow(std::ptrdiff_t row) {
 }
 
 void BuildPass::BuildMainTitle(std::ptrdiff_t row) {
-  AddToCollection(MainTitleLine(depth_, RemCrLf(order_.table.entryText(row))));
+  AddToCollection(MainTitleLine(depth_, RemCrLf(order_.work.table.entryText(row))));
   ++depth_;
 }
 
@@ -125,16 +125,16 @@ void BuildPass::BuildMainEnd() {
 }
 
 void BuildPass::BuildGalleryPicture(std::ptrdiff_t slot) {
-  const Text& source = order_.table.galleryPic(slot, 0);
+  const Text& source = order_.work.table.galleryPic(slot, 0);
   if (source == gallery::kRemoved) return;
   const Text target = DrawStem([&] { return core::GalleryPicture(Root(), stem_); });
-  AddToCollection(PictureLine(depth_, order_.table.galleryPic(slot, 1), stem_));
+  AddToCollection(PictureLine(depth_, order_.work.table.galleryPic(slot, 1), stem_));
   files_.Files().CopyFile(source, target);
 }
 
 void BuildPass::BuildTextEntry(std::ptrdiff_t row) {
   const Vocabulary& words = order_.words;
-  const EntryTable& table = order_.table;
+  const EntryTable& table = order_.work.table;
   const Text page =
       DrawStem([&] { return core::PageFile(Root(), words.txtFolder, stem_, words.pageExt); });
   WriteAnew(page, {});
@@ -144,8 +144,8 @@ void BuildPass::BuildTextEntry(std::ptrdiff_t row) {
 }
 
 Text BuildPass::PageText(std::ptrdiff_t row) {
-  const Text& title = order_.table.entryTitle(row);
-  const Text plain = desk_.ToTXT(order_.table.entryText(row));
+  const Text& title = order_.work.table.entryTitle(row);
+  const Text plain = desk_.ToTXT(order_.work.table.entryText(row));
   Text body = desk_.ToIMG(title == order_.identityWord ? SetShenas(plain, order_.words.identTag)
                                                        : SetMatn(plain, order_.words.mainTag));
   return body.insert(0, PageTitleLine(title, order_.words.pageTag));
@@ -153,7 +153,7 @@ Text BuildPass::PageText(std::ptrdiff_t row) {
 
 void BuildPass::BuildGalleryEntry(std::ptrdiff_t row) {
   constexpr bool kGallery = true;
-  const EntryTable& table = order_.table;
+  const EntryTable& table = order_.work.table;
   const Text gallery = DrawStem([&] { return core::EntryGalleryFile(Root(), stem_); });
   const Text fileName = stem_ + u".xml";
   WriteAnew(gallery, HeadLines(kGallery));
@@ -171,7 +171,7 @@ void BuildPass::BuildGalleryEntry(std::ptrdiff_t row) {
 
 // The background is named after the stem drawn last, which for a gallery is its last picture's.
 void BuildPass::AddNode(std::ptrdiff_t row, TextView file, bool gallery) {
-  const EntryTable& table = order_.table;
+  const EntryTable& table = order_.work.table;
   const Text label = RemCrLf(table.entryTitle(row));
   const Text attachment = desk_.sndBin(table.entryAttach(row));
   const Text background = desk_.PasBin(table.entryBack(row), stem_);

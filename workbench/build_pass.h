@@ -9,7 +9,7 @@
 #include "platform/random.h"
 #include "platform/text.h"
 #include "workbench/book_formats.h"
-#include "workbench/entry_table.h"
+#include "workbench/filed_work.h"
 
 namespace workbench {
 
@@ -49,14 +49,13 @@ class BuildDesk {
 
 // What is to be built, and the names that it is built with. Refers to the window's own members.
 struct BuildOrder {
-  const EntryTable& table;
+  const FiledWork& work;
   const Vocabulary& words;
   const platform::Text& rowLetter;
   const platform::Text& rowDigit;
   const platform::Text& mainMark;
   const platform::Text& mainEndMark;
   const platform::Text& identityWord;
-  bool galleryMode;
 };
 
 // One run makes one collection. Whatever fails leaves the files as they are at that moment and

@@ -20,14 +20,14 @@
 #include "platform/text.h"
 #include "platform/window.h"
 #include "workbench/book_formats.h"
-#include "workbench/entry_table.h"
+#include "workbench/filed_work.h"
 #include "workbench/marking.h"
 #include "workbench/paragraph_window.h"
 #include "workbench/workbench_geometry.h"
 
 namespace workbench {
 
-class Form3 : public platform::Window, public core::WorkbenchPort {
+class Form3 : public platform::Window, public core::WorkbenchPort, public FiledWork {
  public:
   explicit Form3(core::Form1& form1);
 
@@ -119,16 +119,11 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
 
   core::Form1& TheForm1() { return form1_; }
 
-  std::ptrdiff_t entryCount = 0;  // the next free row of the table
-  std::ptrdiff_t mainOpen = 0;    // main titles opened and not yet closed
-  platform::Text lastMainText;    // of the main title opened last
   platform::Text mainMark;
   platform::Text mainEndMark;
   platform::Text identityWord;
-  std::ptrdiff_t imageCount = 0;  // the next free image number
-  platform::Text imageMark;       // rich text that stands for a picture
+  platform::Text imageMark;  // rich text that stands for a picture
   platform::Text chosenImage;
-  bool galleryMode = false;
   std::unique_ptr<platform::FileSystemObject> fileSys;  // while loaded
   std::int16_t editIndex = 0;
   platform::Text rowLetter;
@@ -137,7 +132,6 @@ class Form3 : public platform::Window, public core::WorkbenchPort {
   std::int16_t wordLimit = 0;
   gallery::FolderPictures pictures;
   Vocabulary words;
-  EntryTable table;
   DesignGeometry designGeometry;
 
   platform::ControlArray<platform::Button> Com{*this, u"Com"};

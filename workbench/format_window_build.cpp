@@ -56,14 +56,13 @@ class WorkbenchDesk : public BuildDesk {
 
 void Form3::MakeFile() {
   report_.Catching(core::failure::kBuild, [&] {
-    const BuildOrder order{.table = table,
+    const BuildOrder order{.work = *this,
                            .words = words,
                            .rowLetter = rowLetter,
                            .rowDigit = rowDigit,
                            .mainMark = mainMark,
                            .mainEndMark = mainEndMark,
-                           .identityWord = identityWord,
-                           .galleryMode = galleryMode};
+                           .identityWord = identityWord};
     WorkbenchDesk desk(*this, form1_);
     core::Machine& machine = form1_.TheMachine();
     BuildPass(desk, order, FileSys(), machine.clock, machine.random).Run();

@@ -116,14 +116,13 @@ class BuildPassTest : public testing::Test {
   }
 
   void Build() {
-    const BuildOrder order{.table = table_,
+    const BuildOrder order{.work = work_,
                            .words = words_,
                            .rowLetter = letter_,
                            .rowDigit = digit_,
                            .mainMark = mainMark_,
                            .mainEndMark = mainEndMark_,
-                           .identityWord = identityWord_,
-                           .galleryMode = galleryMode_};
+                           .identityWord = identityWord_};
     BuildPass(desk_, order, files_, clock_, random_).Run();
   }
 
@@ -173,7 +172,8 @@ class BuildPassTest : public testing::Test {
   TemporaryFolder folder_;
   FaultyFileSystem faulty_;
   platform::FileSystemObject files_;
-  EntryTable table_;
+  FiledWork work_;
+  EntryTable& table_ = work_.table;
   Desk desk_;
   FixedClock clock_;
   Random random_;
@@ -185,7 +185,6 @@ class BuildPassTest : public testing::Test {
   Text mainMark_ = u">>> تيتر اصلي";
   Text mainEndMark_ = u">>> پايان تيتر";
   Text identityWord_ = u"شناسنامه";
-  bool galleryMode_ = false;
   std::ptrdiff_t rows_ = 0;
   std::map<Text, Text> stems_;
 };
@@ -376,7 +375,7 @@ TEST_F(BuildPassTest, CollectionTitleBecomesOneLine) {
 TEST_F(BuildPassTest, SecondCollectionAddsItsLine) {
   Build();
   digit_ = u"10";
-  galleryMode_ = true;
+  work_.galleryMode = true;
   Build();
   EXPECT_EQ(Index(), kIndexHead +
                          "\t<aTitle1 vol=\"txt\">Title</aTitle1>\r\n"
@@ -439,7 +438,7 @@ TEST_F(BuildPassTest, OneOfTheFoldersIsEnoughToGoOn) {
 }
 
 TEST_F(BuildPassTest, PictureGallery) {
-  galleryMode_ = true;
+  work_.galleryMode = true;
   table_.galleryPic.Set(0, 0, Source(u"p.jpg", "p"));
   table_.galleryPic.Set(0, 1, u"Picture \r\np");
   table_.galleryPic.Set(1, 0, u"Removed");
@@ -454,7 +453,7 @@ TEST_F(BuildPassTest, PictureGallery) {
 }
 
 TEST_F(BuildPassTest, MarkerRowInGalleryModeWritesANodeAndLeavesItsPictureOut) {
-  galleryMode_ = true;
+  work_.galleryMode = true;
   AddEntry(mainMark_, u"M");
   table_.galleryPic.Set(0, 0, Source(u"p.jpg", "p"));
   table_.galleryPic.Set(1, 0, Source(u"q.jpg", "q"));
@@ -528,8 +527,7 @@ TEST_F(BuildPassTest, ProjectFolderIsReadAnewAtEachUse) {
   folder_.Write(u"moved\\_xml\\Index.xml", platform::kUtf16Mark);
   Moving desk(Root(), table_, faulty_);
   desk.moveTo = folder_.Path(u"moved");
-  const BuildOrder order{table_,    words_,       letter_,       digit_,
-                         mainMark_, mainEndMark_, identityWord_, galleryMode_};
+  const BuildOrder order{work_, words_, letter_, digit_, mainMark_, mainEndMark_, identityWord_};
   BuildPass(desk, order, files_, clock_, random_).Run();
   EXPECT_TRUE(folder_.Has(u"moved\\_xml\\aTitle1.xml"));
   EXPECT_FALSE(folder_.Has(u"_xml\\aTitle1.xml"));
