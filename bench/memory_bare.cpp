@@ -8,13 +8,14 @@
 #include "bench/peak_memory.h"
 #include "bench/reported.h"
 #include "bench/work_folder.h"
+#include "platform/code_page.h"
 #include "platform/encoding.h"
 
 namespace {
 
 // Straight from the bytes, so that nothing but them and the text is there.
 QString TextOf(const char* path) {
-  const auto& letters = *platform::SingleByteCodePage(platform::kMachineCodePage);
+  const auto& letters = platform::FindCodePage(platform::kMachineCodePage)->Characters();
   const std::string bytes = bench::ReadFile(path);
   QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
   QChar* to = text.data();

@@ -155,7 +155,7 @@ void Formats::UpdatePage() {
 }
 
 void Formats::SetPage(int number) {
-  const CodePage& page = GetCodePage(number == kDocumentCodePage ? documentPage_ : number);
+  const FontPage& page = GetFontPage(number == kDocumentCodePage ? documentPage_ : number);
   if (Now().page != &page) groups_.Change().page = &page;
 }
 

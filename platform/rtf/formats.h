@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "platform/rtf/code_page.h"
 #include "platform/rtf/document.h"
+#include "platform/rtf/font_page.h"
 #include "platform/rtf/state.h"
 #include "platform/rtf/tables.h"
 #include "platform/rtf/words.h"
@@ -16,7 +16,7 @@ class Formats {
  public:
   // Whoever wants text alone spares the words that change nothing but its look.
   explicit Formats(bool keepsLook)
-      : keepsLook_(keepsLook), groups_(State{.page = &GetCodePage(kWesternCodePage)}) {}
+      : keepsLook_(keepsLook), groups_(State{.page = &GetFontPage(kWesternCodePage)}) {}
 
   const State& Now() const { return groups_.Now(); }
   // Text goes to the body, and isn't hidden there.

@@ -19,9 +19,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/encoding.h"
-#include "platform/rtf/code_page.h"
 #include "platform/rtf/document.h"
+#include "platform/rtf/font_page.h"
 #include "platform/rtf/formats.h"
 #include "platform/rtf/picture_reader.h"
 #include "platform/rtf/scanner.h"
@@ -126,7 +125,7 @@ class Parser {
 
   void OneUnit() {
     const char16_t unit = scan_.Code(scan_.Take());
-    if (unit == u';' && !trailExpected_) {
+    if (unit == u';') {
       FlushBytes();
       formats_.EndTableEntry();
     }
@@ -137,7 +136,7 @@ class Parser {
 
   // The fast way of plain text: what the page has as letters, straight into the chunk.
   bool CopyLetters() {
-    const std::array<char16_t, 256>& letters = Now().page->letters;
+    const CharacterTable& letters = Now().page->Letters();
     const Unit* at = scan_.At();
     const Unit* const stop = at + std::min(scan_.Left(), Room());
     char16_t* to = To();
@@ -148,7 +147,7 @@ class Parser {
     return moved;
   }
 
-  static char16_t Letter(const std::array<char16_t, 256>& letters, Unit unit) {
+  static char16_t Letter(const CharacterTable& letters, Unit unit) {
     const char16_t code = Scanner<Unit>::Code(unit);
     if constexpr (sizeof(Unit) > 1) {
       if (code > 0xFF) return code == kLineSeparator || code == kParagraphSeparator ? u'\0' : code;
@@ -174,7 +173,7 @@ class Parser {
   bool CopyHexLetters() {
     constexpr std::size_t kHexUnits = 4;
     if (scan_.Left() < kHexUnits) return false;
-    const std::array<char16_t, 256>& letters = Now().page->letters;
+    const CharacterTable& letters = Now().page->Letters();
     const Unit* at = scan_.At();
     const Unit* const lastHex = at + scan_.Left() - kHexUnits;
     const std::size_t room = Room();
@@ -229,8 +228,9 @@ class Parser {
 
   // A byte of text in the page in use. One that can't stand alone waits for the others.
   void AddByte(unsigned char byte) {
-    const CodePage& page = *Now().page;
-    if (page.severalBytes && (byte >= 0x80 || trailExpected_)) {
+    const FontPage& page = *Now().page;
+    if (trailExpected_ && !page.IsTrail(byte)) FlushBytes();
+    if (page.HasSeveralBytes() && (byte >= 0x80 || trailExpected_)) {
       bytes_ += static_cast<char>(byte);
       trailExpected_ = !trailExpected_ && page.IsLead(byte);
       return;
@@ -243,7 +243,7 @@ class Parser {
     if (bytes_.empty()) return;
     trailExpected_ = false;
     const std::string bytes = std::exchange(bytes_, {});
-    for (const char16_t unit : DecodeCodePage(Now().page->number, bytes)) Emit(unit);
+    for (const char16_t unit : Now().page->Decode(bytes)) Emit(unit);
   }
 
   void Emit(char16_t unit) {

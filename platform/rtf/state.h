@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/rtf/code_page.h"
 #include "platform/rtf/document.h"
+#include "platform/rtf/font_page.h"
 #include "platform/rtf/words.h"
 
 namespace platform::rtf {
@@ -27,7 +27,7 @@ enum class Destination : std::uint8_t {
 inline constexpr int kUnset = -1;
 
 struct State {
-  const CodePage* page = nullptr;  // that of the font in use
+  const FontPage* page = nullptr;  // that of the font in use
   int font = kUnset;
   int complexFont = kUnset;
   int doubleFont = kUnset;

@@ -5,8 +5,8 @@
 #include <map>
 #include <vector>
 
-#include "platform/rtf/code_page.h"
 #include "platform/rtf/document.h"
+#include "platform/rtf/font_page.h"
 #include "platform/text.h"
 
 namespace platform::rtf {

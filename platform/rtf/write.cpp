@@ -2,7 +2,6 @@
 #include <array>
 #include <charconv>
 #include <map>
-#include <memory>
 #include <utility>
 
 #include "platform/encoding.h"
@@ -15,31 +14,18 @@ namespace {
 constexpr int kArabicCharset = 178;
 static_assert(kMachineCodePage == 1256);
 
-// What a unit is written as: an ASCII letter as itself, a byte of the page in hexadecimal, and
-// kSpelled by a control word.
-constexpr char kSpelled = '\0';
-using Bytes = std::array<char, 65536>;
+constexpr std::array<bool, 128> MakeStandsForItself() {
+  std::array<bool, 128> stands{};
+  for (std::size_t unit = 0x20; unit < 0x7F; ++unit) {
+    stands[unit] = unit != '\\' && unit != '{' && unit != '}';
+  }
+  return stands;
+}
+
+constexpr auto kStandsForItself = MakeStandsForItself();
 
 bool StandsForItself(char16_t unit) {
-  return unit >= 0x20 && unit < 0x7F && unit != u'\\' && unit != u'{' && unit != u'}';
-}
-
-bool IsByte(char16_t unit) { return unit >= 0x80 && unit != u'\uFFFD' && unit != u'\u00A0'; }
-
-std::unique_ptr<const Bytes> MakeBytes() {
-  auto bytes = std::make_unique<Bytes>();
-  bytes->fill(kSpelled);
-  const std::array<char16_t, 256>* const page = SingleByteCodePage(kMachineCodePage);
-  for (std::size_t value = 0; page != nullptr && value < page->size(); ++value) {
-    const char16_t unit = (*page)[value];
-    if (StandsForItself(unit) || IsByte(unit)) (*bytes)[unit] = static_cast<char>(value);
-  }
-  return bytes;
-}
-
-const Bytes& ByteTable() {
-  static const std::unique_ptr<const Bytes> kBytes = MakeBytes();
-  return *kBytes;
+  return unit < kStandsForItself.size() && kStandsForItself[unit];
 }
 
 constexpr std::array<std::array<char, 2>, 256> MakeHex() {
@@ -101,13 +87,13 @@ Unit* PutSpelled(Unit* to, char16_t unit) {
 }
 
 template <typename Unit>
-Unit* PutUnit(Unit* to, const Bytes& bytes, char16_t unit) {
-  const char byte = bytes[unit];
-  if (byte == kSpelled) return PutSpelled(to, unit);
-  if (unit < 0x80) {
-    *to++ = static_cast<Unit>(byte);
+Unit* PutUnit(Unit* to, const MachineByteTable& bytes, char16_t unit) {
+  if (StandsForItself(unit)) {
+    *to++ = static_cast<Unit>(unit);
     return to;
   }
+  const char byte = bytes[unit];
+  if (byte == '\0' || unit < 0x80 || unit == u'\u00A0') return PutSpelled(to, unit);
   *to++ = '\\';
   *to++ = '\'';
   return PutHex(to, byte);
@@ -307,7 +293,7 @@ class Writer {
     std::array<Unit, kBlock * kLongestUnit> block;
     if (wordIsOpen_ && !text.empty() && StandsForItself(text.front())) Add(" ");
     if (!text.empty()) wordIsOpen_ = false;
-    const Bytes& bytes = ByteTable();
+    const MachineByteTable& bytes = MachineBytes();
     for (; !text.empty(); text.remove_prefix(std::min(kBlock, text.size()))) {
       Unit* to = block.data();
       for (const char16_t unit : text.substr(0, kBlock)) to = PutUnit(to, bytes, unit);

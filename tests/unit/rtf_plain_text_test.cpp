@@ -76,12 +76,12 @@ TEST(RtfPlainText, RightToLeftRunsUseTheAssociatedFont) {
 
 TEST(RtfPlainText, CharactersOfTwoBytesMayBeWrittenInPieces) {
   EXPECT_EQ(Plain("\\f3\\'93\\'fa\\'96\\'7b"), u"日本");
-  EXPECT_EQ(Plain("\\f3 A\\'96{B"), u"AB");    // the second byte is missing
-  EXPECT_EQ(Plain("\\f3\\'83A x"), u"ア x");   // the second byte as a letter
-  EXPECT_EQ(Plain("\\f3\\'83\\\\x"), u"ソx");  // the second byte is a backslash
+  EXPECT_EQ(Plain("\\f3 A\\'96{B"), u"A\uFFFDB");  // the second byte is missing
+  EXPECT_EQ(Plain("\\f3\\'83A x"), u"ア x");       // the second byte as a letter
+  EXPECT_EQ(Plain("\\f3\\'83\\\\x"), u"ソx");      // the second byte is a backslash
   EXPECT_EQ(Plain("\\f3\x93\xFA\x83\x41z"), u"日アz");
   EXPECT_EQ(PlainText("{\\rtf1\\ansicpg65001 \\'d8\\'b3\xD9\x84}"), u"سل");
-  EXPECT_EQ(Plain("\\f3\\'93"), u"");
+  EXPECT_EQ(Plain("\\f3\\'93"), u"\uFFFD");
 }
 
 TEST(RtfPlainText, SignsOfASymbolFontGoToThePrivateArea) {
