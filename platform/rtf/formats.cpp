@@ -134,6 +134,8 @@ void Formats::SetFont(int font) {
   UpdatePage();
 }
 
+void Formats::SetFont(TextView name) { SetFont(fonts_.NumberOf(name)); }
+
 // \af belongs to the kind of run that the word before it names.
 void Formats::SetAssociatedFont(int font) {
   if (Now().slot == FontSlot::kPlain) return;

@@ -37,6 +37,8 @@ class Formats {
   // `number` is the word's parameter; what holds without one is the callers' business.
   void Obey(FormatWord word, int number);
   void Obey(TableWord word, int number);
+  // The font of this name, whether its table has it or not.
+  void SetFont(TextView name);
   void SetStyle(std::uint16_t style, bool on);
   void SetSlot(FontSlot slot);
   void SetScript(FontSlot slot);

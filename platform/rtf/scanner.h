@@ -67,6 +67,9 @@ class Scanner {
   static constexpr bool IsText(Unit unit) {
     return unit != '\\' && unit != '{' && unit != '}' && unit != '\r' && unit != '\n' && unit != 0;
   }
+  static constexpr bool IsBlank(Unit unit) {
+    return unit == ' ' || unit == '\r' || unit == '\n' || unit == 0;
+  }
   static constexpr bool IsLetter(Unit unit) {
     return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z');
   }
@@ -91,6 +94,16 @@ class Scanner {
   bool IsUnicodeAt(const Unit* at) const {
     if (end_ - at < 3 || at[0] != '\\' || at[1] != 'u') return false;
     return IsDigit(at[2]) || (at[2] == '-' && end_ - at > 3 && IsDigit(at[3]));
+  }
+
+  // Whether the "\*" taken last is the first thing since `start`, and a control word the next one.
+  // Blanks and line ends don't count.
+  bool StarOpensGroup(const Unit* start) const {
+    const Unit* before = at_ - 2;
+    while (before > start && IsBlank(before[-1])) --before;
+    const Unit* behind = at_;
+    while (behind < end_ && IsBlank(*behind)) ++behind;
+    return before == start && end_ - behind >= 2 && behind[0] == '\\' && IsLetter(behind[1]);
   }
 
   // Steps over one unit of text, or one "\'hh", which stand for a character that "\u" has given.

@@ -19,6 +19,7 @@ enum class Destination : std::uint8_t {
   kAlternatives,  // \upr
   kFontTable,
   kColourTable,
+  kFieldInstruction,
   kPicture,
   kShapeName,
   kShapeValue,

@@ -21,7 +21,7 @@ enum class Family : std::uint8_t {
   kPicture,       // value: PictureWord
   kCharacterSet,  // value: the code page
   kDocument,      // value: DocumentWord
-  kNothing,       // known, so that "\*" in front of it doesn't hide the group
+  kNothing,       // a format that isn't kept, known so that "{\*" before it doesn't hide the group
 };
 
 enum class DestinationWord : std::uint8_t {
@@ -34,6 +34,7 @@ enum class DestinationWord : std::uint8_t {
   kShapeName,
   kShapeValue,
   kShapeText,
+  kFieldInstruction,    // \fldinst
   kAlternatives,        // \upr: an 8-bit text, and in it the same in Unicode
   kUnicodeAlternative,  // \ud
   kPicture,

@@ -170,6 +170,43 @@ TEST(RtfPlainText, FieldsShowTheirResult) {
   EXPECT_EQ(Plain("{\\field{\\fldinst PAGE}{\\fldrslt 3}}"), u"3");
 }
 
+// As AbiWord writes every link.
+TEST(RtfPlainText, AFieldsResultMayStandBehindAStar) {
+  EXPECT_EQ(Plain("a {\\field{\\*\\fldinst{HYPERLINK \"x\"}}{\\*\\fldrslt{\\ul res}}} b"),
+            u"a res b");
+}
+
+TEST(RtfPlainText, AFormatBehindAStarHidesNothing) {
+  EXPECT_EQ(PlainText("{\\rtf1 a {\\loch\\f1\\*\\cs7\\cf0 LINK} b}"), u"a LINK b");
+  for (const std::string word :
+       {"cs7", "ds3", "ts11", "s5", "b", "fs24", "lang1065", "langfe1033", "rtlch", "insrsid123",
+        "charrsid9", "nosupersub", "expnd4", "kerning2", "li720"}) {
+    EXPECT_EQ(Plain("a {\\b\\*\\" + word + " LINK} b"), u"a LINK b") << word;
+    EXPECT_EQ(Plain("a {\\*\\" + word + " LINK} b"), u"a LINK b") << word;
+    EXPECT_EQ(Plain("a \\*\\" + word + " LINK b"), u"a LINK b") << word;
+  }
+  EXPECT_EQ(Plain("{\\stylesheet{\\s0 Normal;}{\\*\\cs7\\additive Link;}}a"), u"a");
+}
+
+// Only a group's first word can open a destination.
+TEST(RtfPlainText, AnUnknownWordBehindAStarHidesItsGroupWhereItStandsFirst) {
+  EXPECT_EQ(Plain("a{\\*\\unheard of}b"), u"ab");
+  EXPECT_EQ(Plain("a{\r\n\\*\r\n\\unheard of}b"), u"ab");
+  EXPECT_EQ(Plain("a{ \\* \\unheard of}b"), u"a  b");
+  EXPECT_EQ(Plain("a{{\\b x}\\*\\unheard of}b"), u"axofb");
+  EXPECT_EQ(Plain("a{\\b\\*\\unheard of}b"), u"aofb");
+  EXPECT_EQ(Plain("a{x\\*\\unheard of}b"), u"axofb");
+  EXPECT_EQ(Plain("a\\*\\unheard of b"), u"aof b");
+  EXPECT_EQ(Plain("a\\{\\*\\unheard of b"), u"a{of b");
+  EXPECT_EQ(Plain("a{\\* text \\unheard of}b"), u"a text ofb");
+  EXPECT_EQ(Plain("a{\\*{\\b text}\\unheard of}b"), u"atextofb");
+}
+
+TEST(RtfPlainText, AKnownDestinationHidesItsTextWhereverItStands) {
+  EXPECT_EQ(Plain("a{\\b\\*\\bkmkstart of}b"), u"ab");
+  EXPECT_EQ(Plain("a{x\\footnote of}b"), u"axb");
+}
+
 TEST(RtfPlainText, ShapesShowTheirTextAndPicture) {
   EXPECT_EQ(Plain("a{\\shp{\\*\\shpinst\\shpleft0{\\sp{\\sn shapeType}{\\sv 202}}{\\shptxt box}}"
                   "{\\shprslt{\\*\\do box}}}b"),
