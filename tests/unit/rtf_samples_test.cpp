@@ -149,6 +149,32 @@ TEST(RtfSamples, AbiWordAgreesOnTheTextAroundNotes) {
             Split(Replace(theirs, u"\n\tاین پانویس است.", u""), u"\n"));
 }
 
+// LibreOffice shows the note's number, a list's labels behind blanks and with one behind.
+TEST(RtfSamples, LibreOfficeAgreesOnLinks) {
+  const auto withPlainLabel = [](const Text& line) {
+    return Text(Trim(Replace(line, u"\t", u" ")));
+  };
+  Lines ours = OurLines("libreoffice_links.rtf");
+  Lines theirs = LinesOf("libreoffice_links.txt");
+  ForEach(ours, withPlainLabel);
+  ForEach(theirs, withPlainLabel);
+  ASSERT_EQ(theirs.at(1), u"see this one1, too");
+  theirs.at(1) = u"see this one, too";
+  EXPECT_EQ(ours, theirs);
+}
+
+// AbiWord marks a change of direction, puts a note into the text and loses the list.
+TEST(RtfSamples, AbiWordAgreesOnLinksButForTheListThatItLoses) {
+  Text theirs = FromUtf8(Sample("abiword_links.txt"));
+  theirs = Replace(Replace(theirs, u"\n\tپانویس", u""), u"\u200F", u"");
+  Lines ours = OurLines("abiword_links.rtf");
+  ASSERT_EQ(ours.size(), 5U);
+  EXPECT_EQ(ours.at(2), u"\tسیب");
+  EXPECT_EQ(ours.at(3), u"\tانار شیرین");
+  Drop(ours, [](const Text& line) { return line.starts_with(u'\t'); });
+  EXPECT_EQ(ours, Split(theirs, u"\n"));
+}
+
 TEST(RtfSamples, BothAgreeOnTheTextAroundPictures) {
   for (const std::string name : {"libreoffice_pictures", "abiword_pictures"}) {
     EXPECT_EQ(LinesWithoutPictures(name + ".rtf"), LinesOf(name + ".txt")) << name;

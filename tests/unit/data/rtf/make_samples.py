@@ -93,6 +93,10 @@ def picture(name):
     )
 
 
+def link(text):
+    return f'<text:a xlink:type="simple" xlink:href="http://example.com/a?b=c&amp;d">{text}</text:a>'
+
+
 def png():
     def chunk(kind, data):
         body = kind + data
@@ -159,6 +163,12 @@ SAMPLES = {
         paragraph("متن با پانویس" + note("این پانویس است.") + " و دنبالهٔ متن"),
         paragraph("بند دیگر"),
     ],
+    "links": [
+        paragraph("پیش " + link("پیوند نخست") + " میان " + link("second link") + " پس"),
+        paragraph("see " + link(span("b", "this") + " one") + note("پانویس") + ", too", "L"),
+        items("bullets", [link("سیب"), "انار " + link("شیرین")]),
+        paragraph("پایان"),
+    ],
     "pictures": [
         paragraph("پیش " + picture("a.png") + " میان " + picture("b.jpg") + " پس"),
         paragraph(picture("a.png") + "{0}"),
@@ -167,7 +177,7 @@ SAMPLES = {
 }
 
 
-def write_odt(path, body):
+def write_odt(path, body, page_styles=None):
     mime = "application/vnd.oasis.opendocument.text"
     content = (
         f'<?xml version="1.0" encoding="UTF-8"?><office:document-content {NAMESPACES} '
@@ -178,6 +188,7 @@ def write_odt(path, body):
     manifest_name = "urn:oasis:names:tc:opendocument:xmlns:manifest:1.0"
     entries = [("/", mime), ("content.xml", "text/xml"), ("Pictures/a.png", "image/png"),
                ("Pictures/b.jpg", "image/jpeg")]
+    entries += [("styles.xml", "text/xml")] if page_styles else []
     manifest = (
         f'<?xml version="1.0" encoding="UTF-8"?><manifest:manifest xmlns:manifest="{manifest_name}" '
         'manifest:version="1.2">'
@@ -189,6 +200,8 @@ def write_odt(path, body):
         odt.writestr(zipfile.ZipInfo("mimetype"), mime)
         odt.writestr("content.xml", content)
         odt.writestr("META-INF/manifest.xml", manifest)
+        if page_styles:
+            odt.writestr("styles.xml", page_styles)
         odt.writestr("Pictures/a.png", png())
         odt.writestr("Pictures/b.jpg", jpeg())
 
