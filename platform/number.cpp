@@ -1,9 +1,9 @@
-#include <locale.h>
-#include <clocale>
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 #include <string>
+#include <system_error>
 
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -33,58 +33,34 @@ std::string NumberUnits(TextView text) {
   return ascii;
 }
 
-// Takes a number's parts from the front of its text.
-class NumberParts {
- public:
-  explicit NumberParts(std::string_view rest) : rest_(rest) {}
-
-  bool Take(char wanted) {
-    if (rest_.empty() || rest_.front() != wanted) return false;
-    rest_.remove_prefix(1);
-    return true;
-  }
-  void TakeSign() {
-    if (!Take('-')) Take('+');
-  }
-  bool TakeDigits() {
-    const std::size_t behind = rest_.find_first_not_of("0123456789");
-    const std::size_t count = behind == std::string_view::npos ? rest_.size() : behind;
-    rest_.remove_prefix(count);
-    return count > 0;
-  }
-  bool AtEnd() const { return rest_.empty(); }
-
- private:
-  std::string_view rest_;
-};
-
-bool IsNumber(std::string_view ascii) {
-  NumberParts parts(ascii);
-  parts.TakeSign();
-  bool digits = parts.TakeDigits();
-  if (parts.Take('.')) digits = parts.TakeDigits() || digits;
-  if (!digits) return false;
-  if (parts.Take('e')) {
-    parts.TakeSign();
-    if (!parts.TakeDigits()) return false;
-  }
-  return parts.AtEnd();
-}
-
-// The process's own locale may have another decimal mark.
-double InPlainLocale(const std::string& ascii) {
-  static const locale_t kPlain = newlocale(LC_ALL_MASK, "C", nullptr);
-  return strtod_l(ascii.c_str(), nullptr, kPlain);
+// Whether a number that no double can hold is too large, and not too small.
+bool IsLarge(std::string_view ascii) {
+  const std::size_t mark = std::min(ascii.find('e'), ascii.size());
+  const std::string_view digits = ascii.substr(0, mark);
+  std::string_view power = ascii.substr(std::min(mark + 1, ascii.size()));
+  if (power.starts_with('+')) power.remove_prefix(1);
+  std::int32_t exponent = 0;
+  const std::errc error = std::from_chars(power.data(), power.data() + power.size(), exponent).ec;
+  if (error == std::errc::result_out_of_range) return !power.starts_with('-');
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::size_t first = digits.find_first_of("123456789");
+  return static_cast<Position>(point) - static_cast<Position>(first) + exponent > 0;
 }
 
 }  // namespace
 
 double ToNumber(TextView text) {
   const std::string ascii = NumberUnits(Trim(text));
-  if (!IsNumber(ascii)) FailNoNumber();
-  const double value = InPlainLocale(ascii);
-  if (std::isinf(value)) FailOverflow();
-  return value;
+  std::string_view number = ascii;
+  if (number.starts_with('+')) number.remove_prefix(1);
+  if (number.size() < ascii.size() && number.starts_with('-')) FailNoNumber();
+  const char* const end = number.data() + number.size();
+  double value = 0;
+  const auto [behind, error] = std::from_chars(number.data(), end, value);
+  if (error == std::errc::invalid_argument || behind != end) FailNoNumber();
+  if (error == std::errc()) return value;
+  if (IsLarge(number)) FailOverflow();
+  return number.starts_with('-') ? -0.0 : 0.0;
 }
 
 std::int16_t ToInt16(double value) {

@@ -231,6 +231,31 @@ TEST(ToNumber, BeyondTheRangeIsAnOverflow) {
   EXPECT_EQ(ToNumber(u"0e99999999999"), 0);
 }
 
+TEST(ToNumber, TooSmallIsNothingHoweverItIsWritten) {
+  const Text zeros(400, u'0');
+  EXPECT_EQ(ToNumber(u"0." + zeros + u"1"), 0);
+  EXPECT_EQ(ToNumber(zeros + u"." + zeros + u"1e+2"), 0);
+  EXPECT_EQ(ToNumber(u"1" + zeros + u"e-800"), 0);
+  EXPECT_TRUE(std::signbit(ToNumber(u"-1e-999")));
+  EXPECT_EQ(ToNumber(u"5e-324"), std::numeric_limits<double>::denorm_min());
+}
+
+TEST(ToNumber, TooLargeIsAnOverflowHoweverItIsWritten) {
+  const Text zeros(400, u'0');
+  EXPECT_THROW(ToNumber(u"1" + zeros), Failure);
+  EXPECT_THROW(ToNumber(u"+1" + zeros + u"." + zeros), Failure);
+  EXPECT_THROW(ToNumber(u"0." + zeros + u"1e+999"), Failure);
+  EXPECT_THROW(ToNumber(u"1" + zeros + u"e-9"), Failure);
+  EXPECT_EQ(ToNumber(u"0." + zeros + u"1e401"), 1);
+  EXPECT_EQ(ToNumber(u"1.7976931348623157e308"), std::numeric_limits<double>::max());
+}
+
+TEST(ToNumber, HasOneSign) {
+  for (const TextView text : {u"+-5", u"-+5", u"++5", u"--5", u"+", u"-", u"5e+-2", u"5e"}) {
+    EXPECT_EQ(DescriptionOf([&] { ToNumber(text); }), u"Type mismatch") << ToUtf8(text);
+  }
+}
+
 TEST(ToNumber, DoesNotFollowTheProcessLocale) {
   const char* const set = setlocale(LC_NUMERIC, "de_DE.UTF-8");
   EXPECT_EQ(ToNumber(u"2.5"), 2.5) << (set != nullptr ? set : "not installed");
