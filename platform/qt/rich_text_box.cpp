@@ -16,6 +16,7 @@
 #include "platform/qt/conversions.h"
 #include "platform/qt/copied_text.h"
 #include "platform/qt/fonts.h"
+#include "platform/qt/line_wrapping.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/rich_text_document.h"
 #include "platform/qt/trampoline.h"
@@ -101,6 +102,19 @@ class RichTextEdit : public QTextEdit {
   }
   void DropSelection() { selection_ = QTextCursor(); }
 
+  // Shows the document, which becomes the box's own, in the place of the one before.
+  void Take(std::unique_ptr<QTextDocument> content) {
+    QTextDocument* const taken = content.release();
+    // Nothing is laid out before the box has said how wide and where its lines are broken; else a
+    // large text would be laid out several times.
+    taken->setPageSize(QSizeF(0, 0));
+    setWordWrapMode(ToolkitWrapping(WrappingOf(*taken)));
+    taken->setParent(this);
+    setDocument(taken);
+    connect(taken, &QTextDocument::contentsChange, this,
+            [this](int position, int, int added) { FitWrapping(position, added); });
+  }
+
  protected:
   // The box asks itself about input methods while code changes it.
   bool event(QEvent* event) override {
@@ -177,6 +191,14 @@ class RichTextEdit : public QTextEdit {
     if (!selection_.isNull()) setTextCursor(std::exchange(selection_, {}));
   }
 
+  // Comes before the toolkit lays out what has changed. That an endless word is gone the whole text
+  // tells only.
+  void FitWrapping(int position, int added) {
+    const bool anywhere = wordWrapMode() == QTextOption::WrapAnywhere;
+    setWordWrapMode(ToolkitWrapping(
+        anywhere ? WrappingOf(*document()) : WrappingOf(*document(), position, position + added)));
+  }
+
   QTextCursor selection_;
 };
 
@@ -212,10 +234,7 @@ void Replace(RichTextEdit& edit, const std::function<void(QTextCursor&)>& fill) 
   QTextCursor cursor(content.get());
   fill(cursor);
   content->setUndoRedoEnabled(true);
-  // Without a width the box lays the new document out twice, first in endless lines.
-  content->setPageSize(QSizeF(edit.viewport()->width(), -1));
-  content->setParent(&edit);
-  edit.setDocument(content.release());
+  edit.Take(std::move(content));
   // The box itself deletes only the document that it was made with.
   delete before;
 }
