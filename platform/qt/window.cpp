@@ -171,6 +171,33 @@ class Rollback {
   bool done_ = false;
 };
 
+// Runs events for as long as a window is on the screen.
+class WhileShown : public QEventLoop {
+ public:
+  explicit WhileShown(QWidget* window) : window_(window) {
+    window->installEventFilter(this);
+    connect(window, &QObject::destroyed, this, &QEventLoop::quit);
+  }
+
+  // A window may be hidden and shown again within one event. The program's end ends this, too.
+  void Wait() {
+    while (window_ != nullptr && window_->isVisible() && exec() == kHidden) {
+    }
+  }
+
+ protected:
+  bool eventFilter(QObject* window, QEvent* event) override {
+    // A window that is minimised is hidden by the desktop, and still visible to the toolkit.
+    const bool hides = event->type() == QEvent::Hide;
+    if (hides && !static_cast<const QWidget*>(window)->isVisible()) exit(kHidden);
+    return false;
+  }
+
+ private:
+  static constexpr int kHidden = 0;
+  QPointer<QWidget> window_;
+};
+
 }  // namespace
 
 Window::Window(const WindowDefinition& definition) : definition_(definition) {}
@@ -256,9 +283,7 @@ void Window::ShowModal(Window* owner) {
   widget->windowHandle()->setTransientParent(over != nullptr ? over->windowHandle() : nullptr);
   if (definition_.opensAt == OpensAt::kOwnerCentre) Centre(*widget, over);
   widget->show();
-  while (widget != nullptr && widget->isVisible()) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
+  WhileShown(widget).Wait();
   if (widget != nullptr) widget->setWindowModality(Qt::NonModal);
 }
 

@@ -299,6 +299,52 @@ TEST(PlatformWindow, ModalWindowsNest) {
   EXPECT_THAT(order, ElementsAre("inner hides", "inner has returned"));
 }
 
+// In the window's own events, and before the program has begun to wait for any.
+TEST(PlatformWindow, WhatIsDeletedLaterIsGoneWhileAModalWindowIsOpen) {
+  Small window;
+  const QPointer<QObject> early = new QObject;
+  const QPointer<QObject> late = new QObject;
+  early->deleteLater();
+  bool areGone = false;
+  Soon([&] {
+    late->deleteLater();
+    Soon([&] {
+      areGone = early == nullptr && late == nullptr;
+      window.Hide();
+    });
+  });
+  window.ShowModal(nullptr);
+  EXPECT_TRUE(areGone);
+}
+
+TEST(PlatformWindow, AModalWindowThatIsShownAgainAtOnceIsStillModal) {
+  Small window;
+  int shown = 0;
+  Soon([&] {
+    window.Hide();
+    window.Show();
+    Soon([&] {
+      shown = window.IsVisible() ? 1 : 0;
+      window.Hide();
+    });
+  });
+  window.ShowModal(nullptr);
+  EXPECT_EQ(shown, 1);
+  EXPECT_FALSE(window.IsVisible());
+}
+
+// A session that ends closes nothing by itself.
+TEST(PlatformWindow, AModalWindowDoesNotOutlastTheProgram) {
+  Small window;
+  QTimer::singleShot(0, [&] {
+    window.Load();
+    Soon([] { QCoreApplication::exit(7); });
+    window.ShowModal(nullptr);
+    window.Hide();
+  });
+  EXPECT_EQ(QApplication::exec(), 7);
+}
+
 TEST(PlatformWindow, OtherWindowsGetNoInputMeanwhile) {
   Small owner(kSizable);
   int clicks = 0;
