@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -76,9 +77,23 @@ QPalette Paper() {
   return palette;
 }
 
+// A selection goes to the edge of the box, so that an empty line shows that it is selected: else
+// nobody would see that a passage is blank before it is filed.
+class SelectionStyle : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_RichText_FullWidthSelection) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+};
+
 class RichTextEdit : public QTextEdit {
  public:
   explicit RichTextEdit(QWidget* parent) : QTextEdit(parent) {
+    auto* style = new SelectionStyle;
+    style->setParent(this);
+    setStyle(style);
     setPalette(Paper());
     setLayoutDirection(Qt::RightToLeft);
     setFont(RichTextFont());

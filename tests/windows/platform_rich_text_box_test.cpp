@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QTest>
 #include <QTextBlock>
@@ -191,6 +192,28 @@ TEST_F(PlatformRichTextBox, WhatCodeSelectsIsSelectedOnTheScreenToo) {
   matn.onKeyDown = [&](int, int) { Select(4, 2); };
   QTest::keyClick(&Edit(), Qt::Key_Delete);
   EXPECT_EQ(matn.Text(), u"one three");
+}
+
+// Else a passage of nothing but paragraph ends would be filed unseen.
+TEST_F(PlatformRichTextBox, AnEmptyLineOfASelectionIsHighlighted) {
+  window.ShowActive();
+  for (const Text& text : {Text(u"يك\r\n\r\nدو\r\n\r\nسه"), Text(u"\r\n\r\n\r\n\r\n")}) {
+    matn.SetText(text);
+    Select(1, matn.TextLength() / 2 - 1);
+    Robot::Settle();
+    const QImage shown = Edit().viewport()->grab().toImage();
+    const QColor highlight = Edit().palette().color(QPalette::Highlight);
+    const auto colourOf = [&](int paragraph) {
+      const QTextBlock block = Edit().document()->findBlockByNumber(paragraph);
+      const QRectF place = Edit().document()->documentLayout()->blockBoundingRect(block);
+      return shown.pixelColor(shown.width() / 2, qRound(place.center().y()));
+    };
+    EXPECT_EQ(colourOf(1), highlight);
+    EXPECT_NE(colourOf(3), highlight);
+    matn.SetSelLength(0);
+    Robot::Settle();
+    EXPECT_NE(Edit().viewport()->grab().toImage(), shown);
+  }
 }
 
 TEST_F(PlatformRichTextBox, PersianTypedIntoAnEmptyBoxStartsFromTheRight) {
