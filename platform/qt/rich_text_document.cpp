@@ -157,24 +157,45 @@ rtf::Paragraph SelectedParagraph(const QTextBlock& block, int start, int end) {
   return paragraph;
 }
 
+quint32 NumberAt(const QByteArray& bytes, qsizetype at) {
+  return qFromLittleEndian<quint32>(bytes.constData() + at);
+}
+
+QByteArray Little(quint32 number) {
+  const quint32 little = qToLittleEndian(number);
+  return {reinterpret_cast<const char*>(&little), sizeof little};
+}
+
+constexpr qsizetype kShortHeader = 40;
+constexpr qsizetype kLongHeader = 108;
+constexpr quint32 kColourMasks = 3;  // red, green, blue
+constexpr quint32 kClearMasks = 6;   // and how clear a pixel is
+constexpr qsizetype kMask = 4;
+
+// Behind a short header stand the masks that tell which bits of a pixel are which colour; a long
+// one holds them itself, all four of them. The toolkit reads four of them there only.
+QByteArray WithMasksInHeader(const QByteArray& dib) {
+  constexpr qsizetype kMasks = 4 * kMask;
+  const bool masksBehind = NumberAt(dib, 0) == kShortHeader && NumberAt(dib, 16) == kClearMasks;
+  if (!masksBehind || dib.size() < kShortHeader + kMasks) return dib;
+  QByteArray header = dib.first(kShortHeader + kMasks);
+  header.replace(0, kMask, Little(kLongHeader)).replace(16, kMask, Little(kColourMasks));
+  return header + QByteArray(kLongHeader - header.size(), '\0') + dib.sliced(header.size());
+}
+
 // A bitmap as rich text holds it lacks the 14 bytes that its file begins with.
-QByteArray WithBitmapFileHeader(const std::string& dib) {
-  constexpr int kFileHeader = 14;
-  if (dib.size() < 40) return {};
-  const auto number = [&](std::size_t at) {
-    return qFromLittleEndian<quint32>(reinterpret_cast<const uchar*>(dib.data()) + at);
-  };
-  const quint32 bitsPerPixel = number(12) >> 16;
-  const quint32 colours = number(32) != 0 ? number(32) : bitsPerPixel <= 8 ? 1U << bitsPerPixel : 0;
-  QByteArray file("BM");
-  const auto append = [&](quint32 value) {
-    const quint32 little = qToLittleEndian(value);
-    file.append(reinterpret_cast<const char*>(&little), sizeof little);
-  };
-  append(static_cast<quint32>(dib.size()) + kFileHeader);
-  append(0);
-  append(kFileHeader + number(0) + 4 * colours);
-  return file + QByteArray::fromStdString(dib);
+QByteArray WithBitmapFileHeader(const std::string& picture) {
+  constexpr quint32 kFileHeader = 14;
+  if (picture.size() < kShortHeader) return {};
+  const QByteArray dib = WithMasksInHeader(QByteArray::fromStdString(picture));
+  const quint32 header = NumberAt(dib, 0);
+  const quint32 bitsPerPixel = NumberAt(dib, 12) >> 16;
+  const bool masksBehind = header == kShortHeader && NumberAt(dib, 16) == kColourMasks;
+  const quint32 masks = masksBehind ? 3 * kMask : 0;
+  quint32 colours = NumberAt(dib, 32);
+  if (colours == 0 && bitsPerPixel <= 8) colours = 1U << bitsPerPixel;
+  return "BM" + Little(static_cast<quint32>(dib.size()) + kFileHeader) + Little(0) +
+         Little(kFileHeader + header + masks + 4 * colours) + dib;
 }
 
 void InsertPicture(QTextCursor& cursor, const rtf::Picture& picture,

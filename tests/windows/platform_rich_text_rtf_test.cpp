@@ -83,6 +83,46 @@ TEST_F(PlatformRichText, PicturesOfAllKindsAreDrawn) {
   }
 }
 
+// How a bitmap says which bits are which colour: in masks behind a short header, of which a long
+// one has room itself.
+struct MaskedBitmap {
+  std::uint32_t header;
+  std::uint32_t compression;
+  int masksBehind;
+};
+
+// A picture of 4 by 4 pixels without its file's header: the left half red, the right half blue.
+std::string BytesOf(const MaskedBitmap& kind) {
+  std::string bytes;
+  const auto add = [&](std::uint32_t value) {
+    for (int i = 0; i < 4; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+  };
+  constexpr std::uint32_t kPlaneOf32Bits = 1U | 32U << 16U;
+  for (const std::uint32_t value : {kind.header, 4U, 4U, kPlaneOf32Bits, kind.compression, 64U}) {
+    add(value);
+  }
+  bytes.resize(40);
+  for (const std::uint32_t mask : {0xFFU, 0xFF00U, 0xFF0000U, 0xFF000000U}) add(mask);
+  bytes.resize(kind.masksBehind > 0 ? 40U + 4U * static_cast<unsigned>(kind.masksBehind)
+                                    : kind.header);
+  for (int i = 0; i < 16; ++i) add(i % 4 < 2 ? 0xFF0000FFU : 0xFFFF0000U);
+  return bytes;
+}
+
+TEST_F(PlatformRichText, ABitmapWithMasksIsDrawnInItsPlace) {
+  window.ShowActive();
+  for (const auto& kind : {MaskedBitmap{40, 3, 3}, MaskedBitmap{40, 6, 4}, MaskedBitmap{108, 3, 0},
+                           MaskedBitmap{124, 3, 0}}) {
+    const Picture picture = {PictureKind::kBitmap, BytesOf(kind), 1500, 1500};
+    matn.SetTextRTF(RtfOf({{{Alignment::kLeft, Direction::kLeftToRight, {{{}, picture}}}}}));
+    const QImage drawn = Edit().viewport()->grab().toImage();
+    for (const int y : {10, 50, 95}) {
+      EXPECT_EQ(drawn.pixelColor(15, y), QColor(Qt::red)) << kind.header << kind.compression << y;
+      EXPECT_EQ(drawn.pixelColor(95, y), QColor(Qt::blue)) << kind.header << kind.compression << y;
+    }
+  }
+}
+
 TEST_F(PlatformRichText, SelRtfRoundTrips) {
   matn.SetTextRTF(RtfOf(OneOfEverything()));
   SelectAll();
