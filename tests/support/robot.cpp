@@ -41,7 +41,7 @@ QListWidget& ListOf(const QString& window, const QString& list) {
 
 QPoint LinePoint(QListWidget& list, int line) {
   if (line < 0 || line >= list.count()) Complain(QStringLiteral("No line %1").arg(line));
-  list.scrollToItem(list.item(line));
+  list.scrollTo(list.model()->index(line, 0));
   return list.visualItemRect(list.item(line)).center();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <array>
@@ -267,6 +268,106 @@ TEST_F(PlatformLists, AWheelThatPassesOverADropDownChoosesNothingElse) {
   widget.setFocus();
   TurnWheelOver(widget);
   EXPECT_EQ(combo.ListIndex(), 1);
+}
+
+// The list places its lines by a rule of its own, and nobody sees or feels a difference to the
+// toolkit's: the same lines stand in both, and both are told the same.
+class PlatformListBesideTheToolkits : public PlatformLists {
+ protected:
+  PlatformListBesideTheToolkits() {
+    lines.Clear();
+    for (int i = 0; i < 100; ++i) lines.AddItem(u"سطر " + platform::FromNumber(i));
+    lines.SetList(40, Text(u"سطري بسيار درازتر از آن كه در پهناي اين فهرست جا شود و بريده نگردد"));
+    window.ShowActive();
+    plain_ = new QListWidget(&window.OnScreen());
+    plain_->setGeometry(Own().geometry());
+    plain_->setLayoutDirection(Own().layoutDirection());
+    plain_->setUniformItemSizes(true);
+    plain_->setTextElideMode(Qt::ElideRight);
+    plain_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (int i = 0; i < 100; ++i) plain_->addItem(Own().item(i)->text());
+    plain_->show();
+    Robot::Settle();
+    InBoth([](QListWidget& list) { list.setCurrentRow(0); });
+  }
+
+  static QListWidget& Own() { return Robot::FindAs<QListWidget>("Lists", "lines"); }
+  QListWidget& Plain() const { return *plain_; }
+  void InBoth(const std::function<void(QListWidget&)>& act) const {
+    for (QListWidget* list : {&Own(), plain_}) {
+      list->raise();
+      list->setFocus();
+      act(*list);
+      Robot::Settle();
+    }
+  }
+  void ExpectTheSame(const std::string& when) const {
+    EXPECT_EQ(Own().currentRow(), Plain().currentRow()) << when;
+    EXPECT_EQ(Own().verticalScrollBar()->value(), Plain().verticalScrollBar()->value()) << when;
+    EXPECT_EQ(Own().verticalScrollBar()->maximum(), Plain().verticalScrollBar()->maximum()) << when;
+    std::vector<QImage> pictures;
+    InBoth([&](QListWidget& list) { pictures.push_back(list.grab().toImage()); });
+    EXPECT_TRUE(pictures[0] == pictures[1]) << when;
+  }
+
+ private:
+  QListWidget* plain_ = nullptr;
+};
+
+TEST_F(PlatformListBesideTheToolkits, KeysLeadToTheSameLine) {
+  ExpectTheSame("at first");
+  for (const int key :
+       {Qt::Key_Down, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_Up, Qt::Key_PageUp,
+        Qt::Key_End, Qt::Key_Down, Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_Right,
+        Qt::Key_Home, Qt::Key_Up, Qt::Key_PageUp, Qt::Key_PageDown}) {
+    InBoth([&](QListWidget& list) { QTest::keyClick(&list, static_cast<Qt::Key>(key)); });
+    ExpectTheSame("key " + std::to_string(key));
+  }
+}
+
+TEST_F(PlatformListBesideTheToolkits, ClicksAndTheWheelDoTheSame) {
+  for (const int y : {3, 30, 75, 158}) {
+    InBoth([&](QListWidget& list) {
+      QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {20, y});
+      list.verticalScrollBar()->setValue(list.verticalScrollBar()->value() + 7);
+    });
+    ExpectTheSame("click at " + std::to_string(y));
+  }
+}
+
+TEST_F(PlatformListBesideTheToolkits, CodeScrollsToTheSamePlace) {
+  using Hint = QAbstractItemView::ScrollHint;
+  for (const int row : {0, 50, 99, 20, 40}) {
+    for (const Hint hint : {Hint::EnsureVisible, Hint::PositionAtTop, Hint::PositionAtBottom,
+                            Hint::PositionAtCenter}) {
+      InBoth([&](QListWidget& list) { list.scrollTo(list.model()->index(row, 0), hint); });
+      ExpectTheSame("row " + std::to_string(row) + ", hint " + std::to_string(hint));
+    }
+    InBoth([&](QListWidget& list) { list.setCurrentRow(row); });
+    ExpectTheSame("current row " + std::to_string(row));
+  }
+}
+
+TEST_F(PlatformListBesideTheToolkits, LinesComeAndGoInBoth) {
+  InBoth([](QListWidget& list) {
+    list.insertItem(100, "last");
+    list.setCurrentRow(100);
+  });
+  ExpectTheSame("a line behind the last");
+  InBoth([](QListWidget& list) { list.item(97)->setText("another text"); });
+  ExpectTheSame("another text");
+  InBoth([](QListWidget& list) { delete list.takeItem(50); });
+  ExpectTheSame("a line gone");
+  InBoth([](QListWidget& list) {
+    QFont large = list.font();
+    large.setPointSize(24);
+    list.setFont(large);
+  });
+  ExpectTheSame("a larger font");
+  InBoth([](QListWidget& list) { list.resize(100, 90); });
+  ExpectTheSame("a smaller list");
+  InBoth([](QListWidget& list) { list.clear(); });
+  ExpectTheSame("no line");
 }
 
 }  // namespace
