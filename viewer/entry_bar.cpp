@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "viewer/book/known_files.h"
+#include "viewer/book/shown_name.h"
 
 namespace viewer {
 namespace {
@@ -98,7 +99,7 @@ void EntryBar::ShowWhatFits() {
 bool EntryBar::IsThere(const QString& path, const QString& what, const QString& ending) {
   if (!path.isEmpty()) return true;
   const QString file = StemOf(node_) + ending;
-  qWarning().noquote() << "Can't be read:" << surroundings_.book.Root() + u'/' + file;
+  qWarning().noquote() << "Can't be read:" << WithSigns(surroundings_.book.Root() + u'/' + file);
   Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد.\n") + AsPath(file));
   return false;
 }
@@ -112,9 +113,7 @@ void EntryBar::OpenAttachment() {
   if ((isDocument && !isExecutable) || MayOpen()) OpenWithItsProgram();
 }
 
-QString EntryBar::AttachmentName() const {
-  return AsPath(WithoutTurns(QFileInfo(media_.attachment).fileName()));
-}
+QString EntryBar::AttachmentName() const { return AsPath(QFileInfo(media_.attachment).fileName()); }
 
 bool EntryBar::MayOpen() {
   return Ask(window(), QStringLiteral("باز کردن این پیوست شاید برنامه\u200Cای را اجرا کند:\n") +

@@ -8,10 +8,15 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "viewer/book/shown_name.h"
+
 namespace viewer {
 namespace {
 
 constexpr int kLongestCaption = 400;
+constexpr qsizetype kLongestTipWord = 40;
+constexpr int kWidestPath = 300;  // pixels, so that it stays on one line of a box
+constexpr QChar kDots(0x2026);
 constexpr qreal kLineSpacing = 1.12;  // marks above and below letters need their room
 
 Look PaperLook() {
@@ -85,6 +90,27 @@ QString Shortened(const QFont& font, const QString& text, const QTextLine& last,
          QFontMetrics(font).elidedText(text.mid(start), Qt::ElideRight, width - 2);
 }
 
+// With a place to break the line in each long word: a tip would be as wide as the longest one.
+QString WithBreaks(const QString& text) {
+  QString broken;
+  qsizetype run = 0;
+  for (const QChar character : text) {
+    run = character.isSpace() ? 0 : run + 1;
+    if (run > kLongestTipWord && !character.isLowSurrogate()) {
+      broken += QChar(0x200B);
+      run = 1;
+    }
+    broken += character;
+  }
+  return broken;
+}
+
+// Of a path without end, as much as could ever be seen.
+QString EndsOf(const QString& path) {
+  constexpr qsizetype kEnd = 300;
+  return path.size() <= 2 * kEnd ? path : path.first(kEnd) + kDots + path.last(kEnd);
+}
+
 // A family that isn't there, first in the list, makes the toolkit sort all of the machine's fonts,
 // a tenth of the work of the start.
 const QStringList& Families() {
@@ -137,16 +163,20 @@ QString PersianNumber(qint64 number) {
 }
 
 QString AsCaption(const QString& text) {
-  QString caption = text.left(kLongestCaption).simplified();
-  if (text.size() > kLongestCaption) caption += QChar(0x2026);
+  QString caption = WithSigns(text.left(kLongestCaption).simplified());
+  if (text.size() > kLongestCaption) caption += kDots;
   return caption;
 }
 
 QString AsToolTip(const QString& text) {
-  return QStringLiteral("<qt>%1</qt>").arg(AsCaption(text).toHtmlEscaped());
+  return QStringLiteral("<qt>%1</qt>").arg(WithBreaks(AsCaption(text)).toHtmlEscaped());
 }
 
-QString AsPath(const QString& path) { return QChar(0x2066) + path + QChar(0x2069); }
+QString AsPath(const QString& path) {
+  const QFontMetrics metrics(ViewerFont(kCaptionPixels));
+  const QString name = WithSigns(WithoutTurns(EndsOf(path)));
+  return QChar(0x2066) + metrics.elidedText(name, Qt::ElideMiddle, kWidestPath) + QChar(0x2069);
+}
 
 void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,
               Qt::Alignment alignment) {

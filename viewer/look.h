@@ -41,12 +41,15 @@ inline constexpr int kHeadingPixels = 19;
 // With Persian digits.
 QString PersianNumber(qint64 number);
 
-// A text of the book as one line of bounded length, for lists and cards.
+// A text of the book as one line of bounded length, for lists, cards and titles of windows; with
+// signs for controls.
 QString AsCaption(const QString& text);
-// The same for a tool tip, which would take signs of a mark-up language in it for such.
+// The same for a tool tip, which would take signs of a mark-up language in it for such and be as
+// wide as its longest word.
 QString AsToolTip(const QString& text);
 
-// A path amid Persian words, from left to right whatever it ends with.
+// A name or a path of the book amid Persian words: from left to right whatever it ends with, on one
+// line, with signs for controls; a long one is cut in its middle, so that its extension is seen.
 QString AsPath(const QString& path);
 
 // Draws at most `lines` lines from right to left, the last one shortened where the text is longer.

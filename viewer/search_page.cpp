@@ -7,6 +7,8 @@
 #include <QTextLayout>
 #include <QVBoxLayout>
 
+#include "viewer/book/shown_name.h"
+
 namespace viewer {
 namespace {
 
@@ -81,7 +83,7 @@ class SearchPage::Painter : public QStyledItemDelegate {
     for (QChar& character : shown) {
       if (character.isSpace()) character = QLatin1Char(' ');
     }
-    QTextLayout layout(shown, ViewerFont(14));
+    QTextLayout layout(WithSigns(shown), ViewerFont(14));
     QTextOption option(Qt::AlignRight);
     option.setTextDirection(Qt::RightToLeft);
     option.setWrapMode(QTextOption::WordWrap);

@@ -102,6 +102,17 @@ TEST(TextFile, TheLogNamesAFolderInPlaceOfAFile) {
   EXPECT_EQ(Log::Lines(), QStringList{QStringLiteral("Can't be read: ") + path});
 }
 
+// A terminal would obey them.
+TEST(TextFile, TheLogHasSignsForTheControlsInAName) {
+  const BookMaker maker;
+  const Log log;
+  EXPECT_FALSE(ReadText(maker.Book(), QStringLiteral("DATA/TXT/a\u001B[2J\n.htm")));
+  EXPECT_FALSE(ReadText(maker.PathOf(QStringLiteral("\u001B.htm"))));
+  ASSERT_EQ(Log::Lines().size(), 2);
+  EXPECT_TRUE(Log::Lines()[0].endsWith(QStringLiteral("/a\uFFFD[2J\uFFFD.htm")));
+  EXPECT_TRUE(Log::Lines()[1].endsWith(QStringLiteral("/\uFFFD.htm")));
+}
+
 TEST(TextFile, APipeIsNoText) {
   const BookMaker maker;
   const QString path = maker.PathOf(QStringLiteral("Data/TXT/x.htm"));

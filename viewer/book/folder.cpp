@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "viewer/book/shown_name.h"
+
 namespace viewer {
 namespace {
 
@@ -136,7 +138,9 @@ QString BookFolder::Resolve(const QString& pathInBook) const {
 
 QString BookFolder::Needed(const QString& pathInBook) const {
   QString path = Resolve(pathInBook);
-  if (path.isEmpty()) qWarning().noquote() << "Can't be read:" << root_ + u'/' + pathInBook;
+  if (path.isEmpty()) {
+    qWarning().noquote() << "Can't be read:" << WithSigns(root_ + u'/' + pathInBook);
+  }
   return path;
 }
 

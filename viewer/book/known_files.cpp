@@ -8,14 +8,15 @@
 namespace viewer {
 namespace {
 
-// Without those that may hold a program for the program that opens them: pages of the web,
-// documents with macros.
+// Without those that may hold a program for the program that opens them: pages of the web;
+// documents, tables and shows that may have macros, also under the name of rich text; tables of
+// plain text, whose formulas may start something; shows that fill the screen as they open. Scripts
+// of a PDF or an EPUB stay within what their readers allow them.
 const QStringList& DocumentExtensions() {
-  static const QStringList kExtensions =
-      QStringLiteral(
-          ".pdf .txt .rtf .csv .doc .docx .xls .xlsx .ppt .pptx .pps .ppsx .odt .ods .odp .epub "
-          ".djvu .djv .jpg .jpeg .jpe .png .gif .bmp .tif .tiff .webp")
-          .split(u' ');
+  static const QStringList kExtensions = QStringLiteral(
+                                             ".pdf .txt .docx .xlsx .pptx .epub .djvu .djv "
+                                             ".jpg .jpeg .jpe .png .gif .bmp .tif .tiff .webp")
+                                             .split(u' ');
   return kExtensions;
 }
 
@@ -25,23 +26,12 @@ bool IsKnownFilm(const QString& extension) {
          extension != QLatin1String(".dat");
 }
 
-bool IsTurn(QChar character) {
-  const char16_t c = character.unicode();
-  return (c >= u'\u202A' && c <= u'\u202E') || (c >= u'\u2066' && c <= u'\u2069') ||
-         c == u'\u200E' || c == u'\u200F' || c == u'\u061C';
-}
-
 }  // namespace
 
 bool IsKnownDocument(const QString& fileName) {
   const QString extension = u'.' + QFileInfo(fileName).suffix().toLower();
   return DocumentExtensions().contains(extension) || SoundExtensions().contains(extension) ||
          IsKnownFilm(extension);
-}
-
-QString WithoutTurns(const QString& fileName) {
-  QString name = fileName;
-  return name.removeIf(IsTurn);
 }
 
 }  // namespace viewer

@@ -7,6 +7,8 @@
 #include <QtEndian>
 #include <algorithm>
 
+#include "viewer/book/shown_name.h"
+
 namespace viewer {
 namespace {
 
@@ -34,13 +36,15 @@ std::optional<QString> ReadText(const QString& path) {
   const QFileInfo info(path);
   QFile file(path);
   if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
-    qWarning().noquote() << "Can't be read:" << path;
+    qWarning().noquote() << "Can't be read:" << WithSigns(path);
     return std::nullopt;
   }
-  if (file.size() > kLongestText) qWarning().noquote() << "Too long, read in part:" << path;
+  if (file.size() > kLongestText) {
+    qWarning().noquote() << "Too long, read in part:" << WithSigns(path);
+  }
   const QByteArray bytes = file.read(std::min(file.size(), kLongestText));
   if (file.error() != QFileDevice::NoError) {
-    qWarning().noquote() << "Read in part:" << path << file.errorString();
+    qWarning().noquote() << "Read in part:" << WithSigns(path) << file.errorString();
     if (bytes.isEmpty()) return std::nullopt;
   }
   return DecodeText(bytes);
