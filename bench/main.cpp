@@ -30,26 +30,28 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 20> kRows = {{{"build", bench::MeasureTextBuild},
-                                                {"media", bench::MeasureMediaBuild},
-                                                {"mixed", bench::MeasureMixedBuild},
-                                                {"gallery", bench::MeasureGalleryBuild},
-                                                {"export", bench::MeasureExport},
-                                                {"print", bench::MeasurePrintPages},
-                                                {"print-disk", bench::MeasurePrintPagesOnDisk},
-                                                {"rep", bench::MeasureCleanUp},
-                                                {"rebuild", bench::MeasureRebuilding},
-                                                {"rebuild-line", bench::MeasureRebuildingOneLine},
-                                                {"plain", bench::MeasurePlainText},
-                                                {"rtf", bench::MeasureRichText},
-                                                {"f3", bench::MeasureMarking},
-                                                {"entry", bench::MeasureOpeningEntry},
-                                                {"scroll", bench::MeasureScrollStep},
-                                                {"start", bench::MeasureStart},
-                                                {"start-offscreen", bench::MeasureStartOffscreen},
-                                                {"memory", bench::MeasureMemory},
-                                                {"viewer-search", bench::MeasureViewerSearch},
-                                                {"viewer-start", bench::MeasureViewerStart}}};
+const std::array<bench::NamedRow, 21> kRows = {
+    {{"build", bench::MeasureTextBuild},
+     {"media", bench::MeasureMediaBuild},
+     {"mixed", bench::MeasureMixedBuild},
+     {"gallery", bench::MeasureGalleryBuild},
+     {"export", bench::MeasureExport},
+     {"print", bench::MeasurePrintPages},
+     {"print-disk", bench::MeasurePrintPagesOnDisk},
+     {"rep", bench::MeasureCleanUp},
+     {"rebuild", bench::MeasureRebuilding},
+     {"rebuild-line", bench::MeasureRebuildingOneLine},
+     {"plain", bench::MeasurePlainText},
+     {"rtf", bench::MeasureRichText},
+     {"f3", bench::MeasureMarking},
+     {"entry", bench::MeasureOpeningEntry},
+     {"scroll", bench::MeasureScrollStep},
+     {"start", bench::MeasureStart},
+     {"start-offscreen", bench::MeasureStartOffscreen},
+     {"memory", bench::MeasureMemory},
+     {"viewer-search", bench::MeasureViewerSearch},
+     {"viewer-start", bench::MeasureViewerStart},
+     {"viewer-many", bench::MeasureViewerManyCollections}}};
 
 struct Order {
   int rounds = kFewestRounds;

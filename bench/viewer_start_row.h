@@ -10,4 +10,8 @@ namespace bench {
 // its own, Xvfb).
 Row MeasureViewerStart(const Plan& plan);
 
+// The same with 100,000 collections and no pages, beside the viewer itself with 1,000: what is more
+// is the reading of a file of a hundred times the size.
+Row MeasureViewerManyCollections(const Plan& plan);
+
 }  // namespace bench

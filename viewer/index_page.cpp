@@ -4,6 +4,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollBar>
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
@@ -11,16 +12,11 @@
 namespace viewer {
 namespace {
 
-constexpr int kMargin = 22;
-constexpr int kGap = 16;
-constexpr int kPadding = 14;
-constexpr int kNarrowestCard = 270;
-constexpr int kWidestCard = 470;
-constexpr int kLowestCard = 158;
-constexpr int kHighestCard = 236;
-constexpr int kLowestPicture = 172;
-constexpr int kHighestPicture = 320;
-constexpr int kCreditHeight = 26;
+// Cards are there for what can be seen and so many before and behind it: where the focus goes next,
+// and what a screen reader finds. An ordinary book has all of its cards.
+constexpr std::size_t kCardsAround = 100;
+constexpr int kRoomAround = 50;  // pixels, between a card with the focus and the edge of the view
+constexpr int kScrollStep = 20;
 
 // In its own direction, whatever script it begins with.
 QString CreditOf(const Index& index) {
@@ -144,144 +140,207 @@ void CollectionCard::keyPressEvent(QKeyEvent* event) {
   event->key() == Qt::Key_Space ? QAbstractButton::keyPressEvent(event) : event->ignore();
 }
 
-// What the cards stand on.
+// What the cards stand on, as far as it is seen.
 class IndexPage::Shelves : public QWidget {
  public:
-  explicit Shelves(const Look& look) : look_(look) {}
-  std::vector<QRect> boxes;
+  Shelves(const Look& look, const ShelfPlan& plan, QWidget* parent)
+      : QWidget(parent), look_(look), plan_(plan) {}
   QString credit;
+  int scrolled = 0;
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.setPen(look_.faint);
-    painter.setFont(ViewerFont(kCaptionPixels));
-    DrawText(painter, {kMargin, height() - kCreditHeight, width() - 2 * kMargin, kCreditHeight},
-             credit, 1, Qt::AlignHCenter | Qt::AlignVCenter);
+    PaintCredit(painter);
     if (look_.dark) return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look_.edge, 1));
     painter.setBrush(look_.panel);
-    for (const QRect& box : boxes) painter.drawRoundedRect(box, 12, 12);
+    // A shelf of any height, as far as its corners can be seen.
+    const QRect seen = rect().adjusted(0, -100, 0, 100);
+    for (const QRect& shelf : plan_.Shelves()) {
+      const QRect box = shelf.translated(0, -scrolled).intersected(seen);
+      if (!box.isEmpty()) painter.drawRoundedRect(box, 12, 12);
+    }
   }
 
  private:
+  void PaintCredit(QPainter& painter) const {
+    const int top = plan_.Height() - ShelfPlan::kCreditHeight - scrolled;
+    const QRect line(ShelfPlan::kMargin, top, width() - 2 * ShelfPlan::kMargin,
+                     ShelfPlan::kCreditHeight);
+    if (!line.intersects(rect())) return;
+    painter.setPen(look_.faint);
+    painter.setFont(ViewerFont(kCaptionPixels));
+    DrawText(painter, line, credit, 1, Qt::AlignHCenter | Qt::AlignVCenter);
+  }
+
   const Look& look_;
+  const ShelfPlan& plan_;
 };
 
 IndexPage::IndexPage(const BookFolder& book, const Index& index, const Look& look,
                      Pictures& pictures)
-    : look_(look), credit_(CreditOf(index)), shelves_(new Shelves(look)) {
+    : book_(book),
+      collections_(index.collections),
+      look_(look),
+      pictures_(pictures),
+      credit_(CreditOf(index)),
+      plan_(index.collections),
+      shelves_(new Shelves(look, plan_, viewport())) {
   setObjectName(QStringLiteral("index"));
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   viewport()->setAutoFillBackground(false);
+  verticalScrollBar()->setSingleStep(kScrollStep);
   shelves_->setObjectName(QStringLiteral("shelves"));
-  for (const Collection& collection : index.collections) {
-    auto* const card = new CollectionCard(book, collection, look, pictures, shelves_);
-    card->installEventFilter(this);
-    QObject::connect(card, &QAbstractButton::clicked, this, [this, card] {
-      if (onChosen) onChosen(card->Shown());
-    });
-    cards_.push_back(card);
-  }
   shelves_->setAccessibleDescription(AsCaption(index.credit));
-  setWidget(shelves_);
-  shelves_->setAutoFillBackground(false);
 }
 
 void IndexPage::ShowTheRest() {
+  showsAll_ = true;
   shelves_->credit = credit_;
   shelves_->update();
-  for (CollectionCard* card : cards_) card->ShowPicture();
+  for (const auto& [number, card] : cards_) card->ShowPicture();
 }
 
 void IndexPage::FocusCard(const Collection& collection) {
-  for (CollectionCard* card : cards_) {
-    if (AreSame(card->Shown(), collection)) card->setFocus();
+  const auto found = std::ranges::find_if(
+      collections_, [&](const Collection& each) { return AreSame(each, collection); });
+  if (found != collections_.end()) {
+    Focus(static_cast<std::size_t>(found - collections_.begin()));
   }
 }
 
-void IndexPage::resizeEvent(QResizeEvent* event) {
-  QScrollArea::resizeEvent(event);
-  Place();
+void IndexPage::Focus(std::size_t number) {
+  current_ = number;
+  ScrollTo(number);
+  CardOf(number).setFocus(Qt::TabFocusReason);
 }
 
-// Each row on a shelf of its own, from right to left, in as many lines as it needs.
-void IndexPage::Place() {
-  const int width = viewport()->width();
-  const int inner = width - 2 * kMargin - 2 * kPadding;
-  const int third = (viewport()->height() - kMargin - kCreditHeight) / 3 - 2 * kPadding;
-  const int height = look_.dark ? std::clamp(third, kLowestPicture, kHighestPicture)
-                                : std::clamp(third - kGap, kLowestCard, kHighestCard);
-  int top = kMargin;
-  shelves_->boxes.clear();
-  for (auto first = cards_.begin(); first != cards_.end();) {
-    const QChar row = (*first)->Shown().row;
-    const auto last = std::find_if(first, cards_.end(), [row](const CollectionCard* card) {
-      return card->Shown().row != row;
-    });
-    const int count = static_cast<int>(last - first);
-    const int widest = look_.dark ? height * 17 / 10 : kWidestCard;
-    const int narrowest = look_.dark ? height : kNarrowestCard;
-    const int fitting = std::max(1, (inner + kGap) / (narrowest + kGap));
-    const int columns = std::clamp(count, 1, fitting);
-    const int each = std::min(widest, (inner - (columns - 1) * kGap) / columns);
-    const int used = columns * each + (columns - 1) * kGap;
-    const int right = width - kMargin - kPadding - (inner - used) / 2;
-    const int lines = (count + columns - 1) / columns;
-    for (int i = 0; i < count; ++i) {
-      const int x = right - (i % columns) * (each + kGap) - each;
-      const int y = top + kPadding + (i / columns) * (height + kGap);
-      first[i]->setGeometry(x, y, each, height);
-    }
-    const int shelf = 2 * kPadding + lines * height + (lines - 1) * kGap;
-    shelves_->boxes.emplace_back(kMargin, top, width - 2 * kMargin, shelf);
-    top += shelf + (look_.dark ? 0 : kGap);
-    first = last;
+CollectionCard& IndexPage::CardOf(std::size_t number) {
+  CollectionCard*& card = cards_[number];
+  if (card != nullptr) return *card;
+  card = new CollectionCard(book_, collections_[number], look_, pictures_, shelves_);
+  card->installEventFilter(this);
+  QObject::connect(card, &QAbstractButton::clicked, this, [this, made = card] {
+    if (onChosen) onChosen(made->Shown());
+  });
+  if (showsAll_) card->ShowPicture();
+  isChanged_ = true;
+  return *card;
+}
+
+void IndexPage::resizeEvent(QResizeEvent* /*event*/) {
+  const QSize view = viewport()->size();
+  plan_.Fit(view, look_.dark);
+  shelves_->resize(view);
+  verticalScrollBar()->setPageStep(view.height());
+  verticalScrollBar()->setRange(0, plan_.Height() - view.height());
+  Arrange();
+}
+
+void IndexPage::scrollContentsBy(int /*dx*/, int /*dy*/) { Arrange(); }
+
+void IndexPage::Arrange() {
+  const int scrolled = verticalScrollBar()->value();
+  const auto [first, end] = plan_.CardsWithin(scrolled, scrolled + viewport()->height());
+  const std::size_t from = first - std::min(first, kCardsAround);
+  const std::size_t until = std::min(end + kCardsAround, collections_.size());
+  DropCardsBut(from, until);
+  for (std::size_t number = from; number < until; ++number) CardOf(number);
+  for (const auto& [number, card] : cards_) {
+    card->setGeometry(plan_.PlaceOf(number).translated(0, -scrolled));
+    card->show();
   }
-  const int end = top + kCreditHeight - (look_.dark ? 0 : kGap);
-  shelves_->resize(width, std::max(end, viewport()->height()));
+  shelves_->scrolled = scrolled;
   shelves_->update();
+  if (isChanged_) OrderCards();
+}
+
+// One of them may be handling the key that has brought the others.
+void IndexPage::DropCardsBut(std::size_t from, std::size_t until) {
+  std::erase_if(cards_, [&](const auto& each) {
+    const auto [number, card] = each;
+    if ((number >= from && number < until) || number == current_) return false;
+    card->hide();
+    card->setObjectName({});
+    card->deleteLater();
+    return true;
+  });
+}
+
+// The tab key goes from card to card as they stand.
+void IndexPage::OrderCards() {
+  isChanged_ = false;
+  QWidget* before = nullptr;
+  for (const auto& [number, card] : cards_) {
+    if (before != nullptr) setTabOrder(before, card);
+    before = card;
+  }
+}
+
+void IndexPage::ScrollTo(std::size_t number) {
+  const QRect place = plan_.PlaceOf(number).adjusted(0, -kRoomAround, 0, kRoomAround);
+  QScrollBar& bar = *verticalScrollBar();
+  const int lowest = place.bottom() + 1 - viewport()->height();
+  bar.setValue(std::min(std::max(bar.value(), lowest), place.top()));
 }
 
 bool IndexPage::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) ensureWidgetVisible(qobject_cast<QWidget*>(watched));
-  if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key >= Qt::Key_Left && key <= Qt::Key_Down) {
-      Step(key);
-      return true;
-    }
+  if (event->type() == QEvent::FocusIn) {
+    current_ = NumberOf(watched);
+    ScrollTo(current_);
   }
-  return QScrollArea::eventFilter(watched, event);
+  if (event->type() == QEvent::KeyPress && Step(static_cast<QKeyEvent*>(event)->key())) return true;
+  return QAbstractScrollArea::eventFilter(watched, event);
 }
 
-void IndexPage::Step(int key) {
-  for (CollectionCard* card : cards_) {
-    if (!card->hasFocus()) continue;
-    if (CollectionCard* const next = Nearest(*card, key)) next->setFocus(Qt::TabFocusReason);
-    return;
-  }
+std::size_t IndexPage::NumberOf(const QObject* card) const {
+  const auto found =
+      std::ranges::find_if(cards_, [card](const auto& each) { return each.second == card; });
+  return found == cards_.end() ? current_ : found->first;
 }
 
-// The card that lies next in the direction of the arrow.
-CollectionCard* IndexPage::Nearest(const CollectionCard& from, int key) const {
-  CollectionCard* best = nullptr;
+bool IndexPage::focusNextPrevChild(bool next) {
+  const auto card = cards_.find(current_);
+  const bool isInside = card != cards_.end() && card->second->hasFocus();
+  const bool isLast = next ? current_ + 1 >= collections_.size() : current_ == 0;
+  if (!isInside || isLast) return QAbstractScrollArea::focusNextPrevChild(next);
+  Focus(next ? current_ + 1 : current_ - 1);
+  return true;
+}
+
+// True if the key leads from card to card, whether or not there is one.
+bool IndexPage::Step(int key) {
+  if (key == Qt::Key_Home || key == Qt::Key_End) {
+    Focus(key == Qt::Key_Home ? 0 : collections_.size() - 1);
+    return true;
+  }
+  if (key < Qt::Key_Left || key > Qt::Key_Down) return false;
+  ScrollTo(current_);  // where its neighbours are
+  Focus(Nearest(current_, key));
+  return true;
+}
+
+// The card that lies next in the direction of the arrow; the same where there is none.
+std::size_t IndexPage::Nearest(std::size_t from, int key) const {
+  const QRect start = plan_.PlaceOf(from);
+  std::size_t best = from;
   int bestDistance = std::numeric_limits<int>::max();
-  for (CollectionCard* card : cards_) {
-    const QPoint way = card->geometry().center() - from.geometry().center();
+  for (const auto& [number, card] : cards_) {
+    const QPoint way = plan_.PlaceOf(number).center() - start.center();
     const bool sideways = key == Qt::Key_Left || key == Qt::Key_Right;
     const int along = key == Qt::Key_Left    ? -way.x()
                       : key == Qt::Key_Right ? way.x()
                       : key == Qt::Key_Up    ? -way.y()
                                              : way.y();
     const int across = std::abs(sideways ? way.y() : way.x());
-    if (along <= 0 || (sideways && across > from.height() / 2)) continue;
+    if (along <= 0 || (sideways && across > start.height() / 2)) continue;
     const int distance = along * (sideways ? 1 : 3) + across;
     if (distance < bestDistance) {
-      best = card;
+      best = number;
       bestDistance = distance;
     }
   }

@@ -2,14 +2,17 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QScrollArea>
+#include <QAbstractScrollArea>
+#include <cstddef>
 #include <functional>
+#include <map>
 #include <vector>
 
 #include "viewer/book/folder.h"
 #include "viewer/book/index.h"
 #include "viewer/look.h"
 #include "viewer/pictures.h"
+#include "viewer/shelf_plan.h"
 
 namespace viewer {
 
@@ -45,8 +48,9 @@ class CollectionCard : public QAbstractButton {
   bool looked_ = false;
 };
 
-// The rows as shelves (first template), or as walls of pictures (second).
-class IndexPage : public QScrollArea {
+// The rows as shelves (first template), or as walls of pictures (second). Has a card only for what
+// is near the view: a book may have any number of collections. The index must outlive it.
+class IndexPage : public QAbstractScrollArea {
  public:
   IndexPage(const BookFolder& book, const Index& index, const Look& look, Pictures& pictures);
 
@@ -58,18 +62,33 @@ class IndexPage : public QScrollArea {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   class Shelves;
-  void Place();
-  void Step(int key);
-  CollectionCard* Nearest(const CollectionCard& from, int key) const;
+  void Focus(std::size_t number);
+  CollectionCard& CardOf(std::size_t number);
+  void Arrange();
+  void DropCardsBut(std::size_t from, std::size_t until);
+  void OrderCards();
+  void ScrollTo(std::size_t number);
+  std::size_t NumberOf(const QObject* card) const;
+  bool Step(int key);
+  std::size_t Nearest(std::size_t from, int key) const;
 
+  const BookFolder& book_;
+  const std::vector<Collection>& collections_;
   const Look& look_;
+  Pictures& pictures_;
   QString credit_;
+  ShelfPlan plan_;
   Shelves* shelves_;
-  std::vector<CollectionCard*> cards_;
+  std::map<std::size_t, CollectionCard*> cards_;  // by their number in the book
+  std::size_t current_ = 0;                       // has the focus, or had it last
+  bool isChanged_ = false;                        // cards have come since they were ordered
+  bool showsAll_ = false;
 };
 
 }  // namespace viewer

@@ -139,6 +139,24 @@ TEST(Index, ACollectionWithoutALineIsTheLastOfItsRow) {
                          QStringLiteral("b1"), QStringLiteral("b7"), QStringLiteral("c4")}));
 }
 
+TEST(Index, OfCollectionsWithoutALineAThousandAreShown) {
+  const BookMaker maker;
+  QString lines;
+  for (int i = 1; i <= 20'000; ++i) {
+    lines += LineOf("cTitle%1", "txt", QStringLiteral("c")).arg(i);
+  }
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
+  for (int i = 1; i <= 1010; ++i) {
+    maker.Write(QStringLiteral("Data/_xml/bTitle%1.xml").arg(i), QStringLiteral("<Tree>\r\n"));
+  }
+  const QStringList keys = Keys(ReadIndex(maker.Book()));
+  ASSERT_EQ(keys.size(), 21'000);
+  EXPECT_EQ(keys.front(), QStringLiteral("b1"));
+  EXPECT_EQ(keys[999], QStringLiteral("b1000"));
+  EXPECT_EQ(keys[1000], QStringLiteral("c1"));
+  EXPECT_EQ(keys.back(), QStringLiteral("c20000"));
+}
+
 TEST(Index, OtherFilesAreNoCollections) {
   EXPECT_TRUE(KeysBeside({}, {"GAL.xml", "dTitle1.xml", "aTitle0.xml", "aTitle01.xml", "aTitle.xml",
                               "aTitle1.xml.bak", "xaTitle1.xml", "aTitle9999999999.xml"})

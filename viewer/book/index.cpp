@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QtDebug>
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -116,11 +117,6 @@ std::optional<Collection> CollectionOf(const QString& fileName) {
   return Collection{match.captured(1).front(), match.captured(2).toInt(), false, {}};
 }
 
-bool Stands(const Index& index, const Collection& collection) {
-  return std::ranges::any_of(index.collections,
-                             [&](const Collection& each) { return AreSame(each, collection); });
-}
-
 // Those whose files lie in the book, by number.
 std::vector<Collection> CollectionsInFolder(const BookFolder& book) {
   std::vector<Collection> found;
@@ -133,18 +129,36 @@ std::vector<Collection> CollectionsInFolder(const BookFolder& book) {
   return found;
 }
 
+std::pair<QChar, int> KeyOf(const Collection& collection) {
+  return {collection.row, collection.number};
+}
+
+// Those of them without a line in the index, as many as are looked at: each file is opened.
+std::vector<Collection> Unlisted(const BookFolder& book, const Index& index) {
+  constexpr std::size_t kMost = 1000;
+  std::vector<Collection> unlisted;
+  for (Collection& collection : CollectionsInFolder(book)) {
+    // So far the listed ones stand by row and number.
+    if (std::ranges::binary_search(index.collections, KeyOf(collection), {}, KeyOf)) continue;
+    if (unlisted.size() == kMost) {
+      qWarning() << "The index leaves out too many collections; shown of them:" << kMost;
+      break;
+    }
+    unlisted.push_back(std::move(collection));
+  }
+  return unlisted;
+}
+
 // What only the folder tells of, each at the end of its row.
 void AddUnlisted(const BookFolder& book, Index& index) {
-  for (Collection& collection : CollectionsInFolder(book)) {
-    if (Stands(index, collection)) continue;
+  for (Collection& collection : Unlisted(book, index)) {
     const std::optional<bool> isGallery = IsGalleryFile(book, collection);
     if (!isGallery) continue;
     collection.isGallery = *isGallery;
     collection.title = QStringLiteral("بدون عنوان");
-    const auto behind =
-        std::ranges::upper_bound(index.collections, collection.row, {}, &Collection::row);
-    index.collections.insert(behind, std::move(collection));
+    index.collections.push_back(std::move(collection));
   }
+  std::ranges::stable_sort(index.collections, {}, &Collection::row);
 }
 
 }  // namespace
