@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
+#include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -34,6 +37,13 @@ class LauncherTest : public testing::Test {
     std::getline(pipe, line);
     return line;
   }
+
+  // Each program has ended once it has told.
+  void TearDown() override {
+    while (waitpid(-1, nullptr, 0) > 0) {
+    }
+  }
+  static bool HasChildren() { return waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD; }
 
   TemporaryFolder folder_;
 };
@@ -71,7 +81,10 @@ class HandlerTest : public LauncherTest {
     MakeProgram("xdg-open");
     setenv("PATH", (folder_.HostPath() + ":" + before_).c_str(), 1);
   }
-  void TearDown() override { setenv("PATH", before_.c_str(), 1); }
+  void TearDown() override {
+    setenv("PATH", before_.c_str(), 1);
+    LauncherTest::TearDown();
+  }
 
  private:
   const std::string before_ = std::getenv("PATH");
@@ -91,9 +104,31 @@ TEST_F(HandlerTest, GetsAFileThatMayBeExecutedAndIsNoProgram) {
   EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("main.exe"));
 }
 
-TEST_F(LauncherTest, WhatIsNotThereIsPassedOver) {
-  platform::HostLauncher().Open(folder_.Path(u"missing.exe"), folder_.Path(u"missing"));
+TEST_F(HandlerTest, NothingIsStartedInAFolderThatIsNotThere) {
+  std::ofstream(folder_.HostPath("main.exe")) << "#!/bin/sh\n";
+  fs::permissions(folder_.HostPath("main.exe"), fs::perms::owner_all);
+  for (const char16_t* file : {u"main.exe", u"missing.exe", u"told"}) {
+    platform::HostLauncher().Open(folder_.Path(file), folder_.Path(u"missing"));
+    EXPECT_FALSE(HasChildren());
+  }
   platform::HostLauncher().Open(u"Q:\\x.exe", u"Q:\\");
+  EXPECT_FALSE(HasChildren());
+}
+
+// The desktop tells the reader that it isn't there.
+TEST_F(HandlerTest, GetsAFileThatIsNotThere) {
+  platform::HostLauncher().Open(folder_.Path(u"missing.pdf"), folder_.Path());
+  EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("missing.pdf"));
+}
+
+TEST_F(LauncherTest, AProgramThatHasEndedIsLetGoWithTheNext) {
+  MakeProgram("main.exe");
+  platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path());
+  ReadTold();
+  siginfo_t ended = {};
+  ASSERT_EQ(waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT), 0);
+  platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path(u"missing"));
+  EXPECT_FALSE(HasChildren());
 }
 
 }  // namespace
