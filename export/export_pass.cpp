@@ -3,6 +3,7 @@
 #include "core/book_places.h"
 #include "core/numbers.h"
 #include "export/export_places.h"
+#include "platform/busy_pointer.h"
 #include "platform/failure.h"
 
 namespace exporting {
@@ -23,6 +24,7 @@ ExportPass::ExportPass(core::Form1& form1, platform::Launcher& launcher)
 
 void ExportPass::Export() {
   report_.Catching(core::failure::kExport, [&] {
+    const platform::BusyPointer busy;
     form1_.MakeDefaultFolder(form1_.ExBox, kDefaultTarget);
     form1_.MakeAbsolute(form1_.ExBox);
     form1_.MakeAbsolute(form1_.idir);

@@ -4,6 +4,7 @@
 #include "core/book_places.h"
 #include "core/numbers.h"
 #include "platform/application.h"
+#include "platform/busy_pointer.h"
 #include "platform/message_box.h"
 #include "platform/rtf/rtf.h"
 #include "workbench/build_pass.h"
@@ -56,6 +57,7 @@ class WorkbenchDesk : public BuildDesk {
 
 void Form3::MakeFile() {
   report_.Catching(core::failure::kBuild, [&] {
+    const platform::BusyPointer busy;
     const BuildOrder order{.work = *this,
                            .words = words,
                            .rowLetter = rowLetter,

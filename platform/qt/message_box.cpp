@@ -12,6 +12,7 @@
 #include "platform/caption.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/pointer_at_rest.h"
 
 namespace platform {
 namespace {
@@ -52,6 +53,7 @@ QMessageBox::StandardButton Ask(TextView prompt, TextView title, QMessageBox::Ic
   CentreButtons(*box);
   NameButtons(*box);
   box->setLayoutDirection(Qt::RightToLeft);
+  const PointerAtRest rest;
   const int pressed = box->exec();
   delete box;
   return static_cast<QMessageBox::StandardButton>(pressed);
