@@ -9,6 +9,7 @@
 #include "platform/message_box.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/fonts.h"
+#include "platform/qt/toolkit_texts.h"
 #include "platform/qt/trampoline.h"
 
 namespace platform {
@@ -34,6 +35,7 @@ struct Application::Peer {
 Application::Application(int& argc, char** argv) {
   peer_ = std::make_unique<Peer>(argc, argv);
   processHasEnded = false;
+  MakeToolkitSpeakPersian(peer_->application);
   QApplication::setFont(WindowFont());
   QApplication::setQuitOnLastWindowClosed(false);
 }

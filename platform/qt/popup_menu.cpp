@@ -1,9 +1,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
-#include <QPainter>
-#include <QProxyStyle>
-#include <QStyleOption>
 
 #include "platform/caption.h"
 #include "platform/qt/conversions.h"
@@ -21,26 +18,11 @@ QPoint Place(const QWidget& window) {
   return at.mapToGlobal(at.rect().center());
 }
 
-// The styles put a menu's texts to the side where the program's language begins, not the menu's.
-class MenuStyle : public QProxyStyle {
- public:
-  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                   const QWidget* widget) const override {
-    painter->setLayoutDirection(option->direction);
-    QProxyStyle::drawControl(element, option, painter, widget);
-  }
-};
-
 }  // namespace
 
 std::unique_ptr<Control::Peer> MakeMenu(const ControlRow&, QWidget* parent) {
   auto peer = std::make_unique<Control::Peer>();
-  auto* menu = new QMenu(parent);
-  menu->setLayoutDirection(Qt::RightToLeft);
-  auto* style = new MenuStyle;
-  style->setParent(menu);
-  menu->setStyle(style);
-  peer->widget = menu;
+  peer->widget = new QMenu(parent);
   return peer;
 }
 

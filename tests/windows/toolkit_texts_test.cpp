@@ -1,0 +1,195 @@
+// The toolkit's own words are Persian in every window: its menus, its buttons, what it tells a
+// screen reader. No translation of the host takes part.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAccessible>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/qt/conversions.h"
+#include "platform/text.h"
+#include "support/window_catalogue.h"
+#include "tests/support/small_window.h"
+
+namespace {
+
+using platform::WindowDefinition;
+using testing::IsEmpty;
+using testing_support::Robot;
+using testing_support::SmallWindow;
+
+// Names of keys stand behind a tab and stay as they are on the keys.
+bool HasLatin(const QString& text) {
+  const QString words = text.section(u'\t', 0, 0);
+  return std::ranges::any_of(words, [](QChar letter) {
+    return letter.script() == QChar::Script_Latin && letter.isLetter();
+  });
+}
+
+std::vector<QString> TextsOf(const QMenu& menu) {
+  std::vector<QString> texts;
+  for (const QAction* action : menu.actions()) {
+    if (action->isSeparator()) continue;
+    texts.push_back(action->text());
+    if (action->menu() == nullptr) continue;
+    for (const QString& text : TextsOf(*action->menu())) texts.push_back(text);
+  }
+  return texts;
+}
+
+struct Opened {
+  std::vector<QString> texts;
+  Qt::LayoutDirection direction = Qt::LeftToRight;
+};
+
+// The menu that a right click into the widget opens; no texts where none opens.
+Opened MenuOf(QWidget& widget) {
+  Opened opened;
+  const auto take = [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return;
+    opened = {TextsOf(*menu), menu->layoutDirection()};
+    menu->close();
+  };
+  QTimer::singleShot(0, &widget, take);  // some menus run a loop of their own
+  const QPoint at(3, 3);
+  QContextMenuEvent click(QContextMenuEvent::Mouse, at, widget.mapToGlobal(at));
+  QApplication::sendEvent(&widget, &click);
+  Robot::Settle();
+  return opened;
+}
+
+// One line for each text in Latin letters.
+std::vector<std::string> Latin(const std::vector<QString>& texts) {
+  std::vector<std::string> latin;
+  for (const QString& text : texts) {
+    if (HasLatin(text)) latin.push_back(text.toStdString());
+  }
+  return latin;
+}
+
+std::vector<QWidget*> WidgetsWithMenus(const QWidget& window) {
+  std::vector<QWidget*> widgets;
+  for (auto* edit : window.findChildren<QLineEdit*>()) widgets.push_back(edit);
+  for (auto* bar : window.findChildren<QScrollBar*>()) widgets.push_back(bar);
+  for (auto* area : window.findChildren<QAbstractScrollArea*>()) {
+    widgets.push_back(area->viewport());
+  }
+  return widgets;
+}
+
+class ToolkitTexts : public testing::TestWithParam<const WindowDefinition*> {};
+
+INSTANTIATE_TEST_SUITE_P(All, ToolkitTexts,
+                         testing::Values(&support::Form1Definition(), &support::Form2Definition(),
+                                         &support::Form3Definition(), &support::Form4Definition(),
+                                         &support::Form5Definition(), &support::Form6Definition()),
+                         [](const auto& each) { return platform::ToUtf8(each.param->name); });
+
+TEST_P(ToolkitTexts, EveryMenuOfAWindowIsPersianAndReadsFromTheRight) {
+  SmallWindow window(*GetParam());
+  window.ShowActive();
+  int menus = 0;
+  for (QWidget* widget : WidgetsWithMenus(window.OnScreen())) {
+    const Opened opened = MenuOf(*widget);
+    if (opened.texts.empty()) continue;
+    ++menus;
+    const std::string name = widget->objectName().toStdString();
+    EXPECT_THAT(Latin(opened.texts), IsEmpty()) << name;
+    EXPECT_EQ(opened.direction, Qt::RightToLeft) << name;
+  }
+  EXPECT_GT(menus, 0);
+}
+
+TEST(ToolkitMenu, KeepsTheNamesOfKeysAndHasNoMnemonics) {
+  QLineEdit edit;
+  edit.show();
+  const Opened opened = MenuOf(edit);
+  EXPECT_THAT(opened.texts, testing::Contains(QStringLiteral("كپي\tCtrl+C")));
+  EXPECT_THAT(opened.texts, testing::Each(testing::Not(testing::Truly(
+                                [](const QString& text) { return text.contains(u'&'); }))));
+}
+
+TEST(ToolkitMenu, OfALinkANumberAndABarIsPersian) {
+  QTextBrowser browser;
+  browser.setHtml(QStringLiteral("<a href=\"x\">نشاني</a>"));
+  browser.show();
+  QSpinBox number;
+  number.show();
+  QScrollBar bar(Qt::Horizontal);
+  bar.setRange(0, 100);
+  bar.show();
+  for (QWidget* widget :
+       {browser.viewport(), static_cast<QWidget*>(&number), static_cast<QWidget*>(&bar)}) {
+    const Opened opened = MenuOf(*widget);
+    EXPECT_GE(opened.texts.size(), 3U) << widget->metaObject()->className();
+    EXPECT_THAT(Latin(opened.texts), IsEmpty()) << widget->metaObject()->className();
+  }
+}
+
+// It is in the menus where the keyboard has a layout from right to left.
+TEST(ToolkitMenu, OfControlCharactersIsPersian) {
+  std::vector<QString> texts;
+  for (const char* source :
+       {"LRM Left-to-right mark", "RLM Right-to-left mark", "ZWJ Zero width joiner",
+        "ZWNJ Zero width non-joiner", "ZWSP Zero width space",
+        "LRE Start of left-to-right embedding", "RLE Start of right-to-left embedding",
+        "LRO Start of left-to-right override", "RLO Start of right-to-left override",
+        "PDF Pop directional formatting", "LRI Left-to-right isolate", "RLI Right-to-left isolate",
+        "FSI First strong isolate", "PDI Pop directional isolate",
+        "Insert Unicode control character"}) {
+    texts.push_back(QCoreApplication::translate("QUnicodeControlCharacterMenu", source));
+  }
+  EXPECT_THAT(Latin(texts), IsEmpty());
+}
+
+TEST(ToolkitButtons, OfEveryBoxArePersian) {
+  QMessageBox box;
+  box.setText(QStringLiteral("متن"));
+  box.setDetailedText(QStringLiteral("جزئيات"));
+  constexpr int kAll = 0x0fffff00;  // every standard button
+  box.setStandardButtons(QMessageBox::StandardButtons(kAll));
+  std::vector<QString> texts;
+  for (const auto* button : box.findChildren<QAbstractButton*>()) texts.push_back(button->text());
+  EXPECT_GE(texts.size(), 19U);
+  EXPECT_THAT(Latin(texts), IsEmpty());
+}
+
+TEST(ToolkitActions, AreDescribedToAScreenReaderInPersian) {
+  std::vector<QString> texts;
+  for (const QString& name :
+       {QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::increaseAction(),
+        QAccessibleActionInterface::decreaseAction(), QAccessibleActionInterface::showMenuAction(),
+        QAccessibleActionInterface::setFocusAction(), QAccessibleActionInterface::toggleAction(),
+        QAccessibleActionInterface::scrollLeftAction(),
+        QAccessibleActionInterface::scrollRightAction(),
+        QAccessibleActionInterface::scrollUpAction(),
+        QAccessibleActionInterface::scrollDownAction(),
+        QAccessibleActionInterface::previousPageAction(),
+        QAccessibleActionInterface::nextPageAction()}) {
+    QPushButton button;
+    auto* actions = QAccessible::queryAccessibleInterface(&button)->actionInterface();
+    texts.push_back(actions->localizedActionName(name));
+    texts.push_back(actions->localizedActionDescription(name));
+  }
+  EXPECT_EQ(std::ranges::count(texts, QString()), 0);
+  EXPECT_THAT(Latin(texts), IsEmpty());
+}
+
+}  // namespace
