@@ -7,6 +7,7 @@
 
 #include "viewer/book/folder.h"
 #include "viewer/look.h"
+#include "viewer/toolkit_texts.h"
 #include "viewer/window.h"
 
 namespace {
@@ -40,6 +41,7 @@ QIcon WindowIcon() {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  viewer::MakeToolkitSpeakPersian(application);
   QApplication::setLayoutDirection(Qt::RightToLeft);
   QApplication::setFont(viewer::ViewerFont(viewer::kCaptionPixels));
   const QStringList arguments = QApplication::arguments();

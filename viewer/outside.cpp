@@ -1,13 +1,10 @@
 #include "viewer/outside.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLibraryInfo>
 #include <QPrintDialog>
 #include <QProcess>
-#include <QTranslator>
 #include <QUrl>
 
 #include "viewer/film_window.h"
@@ -35,18 +32,7 @@ void ShowFilm(const QString& path, const QString& title, QWidget* parent,
   film->show();
 }
 
-// The toolkit's own dialogs speak Persian where its translations are installed.
-void SpeakPersian() {
-  static QTranslator translator;
-  if (!translator.isEmpty()) return;
-  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-  if (translator.load(QStringLiteral("qtbase_fa"), folder)) {
-    QCoreApplication::installTranslator(&translator);
-  }
-}
-
 void Print(const std::function<void(QPrinter&)>& draw, QWidget* parent) {
-  SpeakPersian();
   QPrinter printer(QPrinter::HighResolution);
   QPrintDialog dialog(&printer, parent);
   dialog.setObjectName(QStringLiteral("printDialog"));
@@ -54,8 +40,10 @@ void Print(const std::function<void(QPrinter&)>& draw, QWidget* parent) {
 }
 
 QString ChooseFolder(QWidget* parent) {
-  SpeakPersian();
-  return QFileDialog::getExistingDirectory(parent, QStringLiteral("پوشه\u200Cی کتاب را برگزینید"));
+  // The desktop's own dialog would speak the desktop's language.
+  return QFileDialog::getExistingDirectory(
+      parent, QStringLiteral("پوشه\u200Cی کتاب را برگزینید"), {},
+      QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
 }
 
 }  // namespace

@@ -132,8 +132,10 @@ class PersianTexts : public QTranslator {
  public:
   using QTranslator::QTranslator;
   bool isEmpty() const override { return false; }
-  // The same English words mean the same in all of the toolkit, so its contexts don't matter.
-  QString translate(const char*, const char* source, const char*, int) const override {
+  // The same English words mean the same in all of the toolkit, so of its contexts only that of the
+  // keys' names matters: those stay as they are on the keys.
+  QString translate(const char* context, const char* source, const char*, int) const override {
+    if (context == std::string_view("QShortcut")) return {};
     std::string plain(source);
     std::erase(plain, '&');
     return PersianOf(plain);

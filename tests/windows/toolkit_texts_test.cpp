@@ -143,6 +143,10 @@ TEST(ToolkitMenu, OfALinkANumberAndABarIsPersian) {
   }
 }
 
+TEST(ToolkitMenu, LeavesTheNamesOfKeysThatAreWordsToo) {
+  EXPECT_EQ(QKeySequence(Qt::Key_Copy).toString(QKeySequence::NativeText), QStringLiteral("Copy"));
+}
+
 // It is in the menus where the keyboard has a layout from right to left.
 TEST(ToolkitMenu, OfControlCharactersIsPersian) {
   std::vector<QString> texts;
