@@ -7,8 +7,9 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <algorithm>
+
+#include "platform/qt/line_delegate.h"
 
 namespace platform {
 namespace {
@@ -19,23 +20,10 @@ void Run(const std::function<void()>& handler) {
   if (copy) copy();
 }
 
-// One line a row, also for a text of several lines.
-class OneLineDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QString displayText(const QVariant& value, const QLocale& locale) const override {
-    QString text = QStyledItemDelegate::displayText(value, locale);
-    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-    // The toolkit has turned single line ends into this sign of its own.
-    return text.replace(QChar::LineSeparator, u' ').replace(u'\r', u' ').replace(u'\n', u' ');
-  }
-};
-
 }  // namespace
 
 ListWidget::ListWidget(QWidget* parent) : QListWidget(parent) {
-  setItemDelegate(new OneLineDelegate(this));
+  setItemDelegate(new LineDelegate(this));
   setVerticalScrollMode(ScrollPerItem);
   setTextElideMode(Qt::ElideRight);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -1,10 +1,12 @@
 // List boxes and drop-down lists.
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
 
 #include "platform/failure.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/line_delegate.h"
 #include "platform/qt/list_widget.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
@@ -110,6 +112,9 @@ std::unique_ptr<Control::Peer> MakeComboBox(const ControlRow&, QWidget* parent) 
   auto peer = std::make_unique<Control::Peer>();
   auto* combo = new DropDown(parent);
   combo->setLayoutDirection(Qt::RightToLeft);
+  // What opens is a window of its own, and asks nobody for its direction.
+  combo->view()->setLayoutDirection(Qt::RightToLeft);
+  combo->setItemDelegate(new LineDelegate(combo));
   peer->widget = combo;
   return peer;
 }
