@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/utf8.h"
@@ -64,6 +66,53 @@ std::string HomeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
+constexpr TextView kFileUri = u"file:";
+constexpr TextView kThisHost = u"//localhost/";
+
+Text Backslashed(Text path) {
+  std::replace(path.begin(), path.end(), u'/', u'\\');
+  return path;
+}
+
+// Without the blanks in front and the line breaks around that come along with what is pasted.
+TextView WithoutBreaks(TextView typed) {
+  typed.remove_prefix(std::min(typed.find_first_not_of(u" \t\r\n"), typed.size()));
+  return typed.substr(0, typed.find_last_not_of(u"\r\n") + 1);
+}
+
+int HexDigit(char digit) {
+  if (digit >= '0' && digit <= '9') return digit - '0';
+  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
+  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
+  return -1;
+}
+
+// The bytes behind "%D8%A8" (RFC 3986, 2.1); what is no such triplet stays.
+std::string PercentDecoded(std::string_view uri) {
+  std::string bytes;
+  bytes.reserve(uri.size());
+  for (std::size_t at = 0; at < uri.size(); ++at) {
+    const int high = uri[at] == '%' && at + 2 < uri.size() ? HexDigit(uri[at + 1]) : -1;
+    const int low = high < 0 ? -1 : HexDigit(uri[at + 2]);
+    bytes += low < 0 ? uri[at] : static_cast<char>(16 * high + low);
+    if (low >= 0) at += 2;
+  }
+  return bytes;
+}
+
+// The path of what follows "file:" (RFC 8089, 2); nothing for that of another host.
+std::optional<Text> PathOfUri(TextView rest) {
+  if (rest.starts_with(kThisHost)) {
+    rest.remove_prefix(kThisHost.size() - 1);
+  } else if (rest.starts_with(u"///")) {
+    rest.remove_prefix(2);
+  }
+  if (!rest.starts_with(u'/') || rest.starts_with(u"//")) return std::nullopt;
+  const std::string bytes = PercentDecoded(ToUtf8(rest));
+  if (bytes.find('\0') != std::string::npos) return std::nullopt;
+  return ToolPath(bytes);
+}
+
 }  // namespace
 
 std::string HostPath(TextView path) {
@@ -103,8 +152,17 @@ Text ToolPath(std::string_view hostPath) {
   }
   Text path(kDrive);
   path += ToolName(absolute);
-  std::replace(path.begin(), path.end(), u'/', u'\\');
-  return path;
+  return Backslashed(std::move(path));
+}
+
+Text TypedPath(TextView typed) {
+  const TextView path = WithoutBreaks(typed);
+  if (path.starts_with(u'/')) return Backslashed(Text(kDrive).append(path));
+  if (path.starts_with(kFileUri))
+    return PathOfUri(path.substr(kFileUri.size())).value_or(Text(typed));
+  const bool inHome = path == u"~" || path.starts_with(u"~/");
+  const std::string home = inHome ? HomeFolder() : "";
+  return home.empty() ? Text(typed) : Backslashed(ToolPath(home).append(path.substr(1)));
 }
 
 Text DoSlash(TextView path) {

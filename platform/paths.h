@@ -19,6 +19,11 @@ Text ToolPath(std::string_view hostPath);
 // The same for a single name of a folder's listing.
 Text ToolName(std::string_view hostName);
 
+// A path as it is typed on this host or pasted from a file manager ("/home/ali", "~/texts",
+// "file:///home/ali"), as the tool writes it; any other text stays as it is. On a host with drive
+// letters every text does.
+Text TypedPath(TextView typed);
+
 // A final "\" for a text of two or more characters that has none; shorter texts stay as they are.
 Text DoSlash(TextView path);
 

@@ -86,6 +86,7 @@ struct ControlRow {
   bool rightAligned = false;  // a label above its field; one beside it clings to it on the left
   bool defaultButton = false;
   bool leftToRight = false;  // holds paths or other text that runs from left to right
+  bool path = false;         // a text box into which a path is typed
   bool tabStop = true;
   bool enabled = true;
   int interval = 0;  // of a timer, milliseconds

@@ -64,6 +64,7 @@ struct Row : ControlRow {
   constexpr Row RightAligned() const { return With(&ControlRow::rightAligned, true); }
   constexpr Row Default() const { return With(&ControlRow::defaultButton, true); }
   constexpr Row LeftToRight() const { return With(&ControlRow::leftToRight, true); }
+  constexpr Row Path() const { return LeftToRight().With(&ControlRow::path, true); }
   constexpr Row TabStop() const { return With(&ControlRow::tabStop, true); }
   constexpr Row NoTabStop() const { return With(&ControlRow::tabStop, false); }
   constexpr Row NamedBy(TextView label) const { return With(&ControlRow::namedBy, label); }
@@ -151,12 +152,12 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
         .NamedBy(u"Label4"),
     Row(Kind::kTextBox, u"Text1", {810, 495, 1740, 315}, u"Resources")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label7"),
     Chooser(u"Command9", {330, 480, 420, 315}).In(u"Frame1").NamedBy(u"Label7"),
     Row(Kind::kTextBox, u"idir", {810, 1080, 1740, 315}, u"Data")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label8"),
     Chooser(u"Command2", {330, 1065, 420, 315}).In(u"Frame1").NamedBy(u"Label8"),
     Row(Kind::kLine, u"Frame2", {240, 1560, 4275, 30}).In(u"Frame1"),
@@ -170,7 +171,7 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kComboBox, u"dataName", {330, 1755, 2655, 315}).In(u"Frame1").NamedBy(u"Label9"),
     Row(Kind::kTextBox, u"index", {810, 2130, 2175, 315}, u"Resources\\MyBook.jpg")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label6"),
     Chooser(u"Command5", {330, 2115, 420, 315}).In(u"Frame1").NamedBy(u"Label6"),
     Row(Kind::kLine, u"Frame3", {240, 2565, 4275, 30}).In(u"Frame1"),
@@ -186,12 +187,12 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label10", {3405, 3465, 855, 270}, u"موزيك دوم:\u200F").In(u"Frame1"),
     Row(Kind::kTextBox, u"Mus1", {810, 3045, 2535, 315}, u"Resources\\MySound1.mp3")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label1"),
     Chooser(u"Command6", {330, 3030, 420, 315}).In(u"Frame1").NamedBy(u"Label1"),
     Row(Kind::kTextBox, u"Mus2", {810, 3420, 2535, 315}, u"Resources\\MySound2.mp3")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label10"),
     Chooser(u"Command7", {330, 3390, 420, 315}).In(u"Frame1").NamedBy(u"Label10"),
     Row(Kind::kLine, u"Frame5", {240, 3870, 4275, 30}).In(u"Frame1"),
@@ -207,7 +208,7 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
     Row(Kind::kOption, u"Olgoo", {675, 4035, 1125, 255}, u"الگوي دوم").At(1).In(u"Frame1"),
     Row(Kind::kTextBox, u"Back", {810, 4350, 2145, 315}, u"Resources\\MyBack.jpg")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label14"),
     Chooser(u"Command8", {330, 4335, 420, 315}).In(u"Frame1").NamedBy(u"Label14"),
     Row(Kind::kLine, u"Frame6", {240, 4830, 4275, 30}).In(u"Frame1"),
@@ -222,7 +223,7 @@ constexpr std::array kForm1Rows = std::to_array<ControlRow>({
         .In(u"Frame1"),
     Row(Kind::kTextBox, u"ExBox", {810, 5280, 2145, 315}, u"Export")
         .In(u"Frame1")
-        .LeftToRight()
+        .Path()
         .NamedBy(u"Label5"),
     Chooser(u"Command1", {330, 5265, 420, 315}).In(u"Frame1").NamedBy(u"Label5"),
     Row(Kind::kButton, u"Command4", {2760, 5730, 855, 610}, u"راهنما")
@@ -394,15 +395,15 @@ constexpr std::array kForm6ParagraphRows = std::to_array<ControlRow>({
 
     Row(Kind::kButton, u"btn", {7665, 6660, 1890, 390}, u"حذف فايل ضميمه").At(1),
     Row(Kind::kLabel, u"Label6", {5805, 6750, 2160, 285}, u"فايل ضميمه پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"picB", {2730, 6720, 3045, 315}).LeftToRight().NamedBy(u"Label6"),
+    Row(Kind::kTextBox, u"picB", {2730, 6720, 3045, 315}).Path().NamedBy(u"Label6"),
     Chooser(u"Command5", {2250, 6705, 420, 315}).NamedBy(u"Label6"),
     Row(Kind::kButton, u"btn", {7665, 7170, 1890, 390}, u"حذف صوت متصل").At(2),
     Row(Kind::kLabel, u"Label1", {5805, 7260, 2160, 285}, u"صوت متصل به پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"soutB", {2730, 7230, 3045, 315}).LeftToRight().NamedBy(u"Label1"),
+    Row(Kind::kTextBox, u"soutB", {2730, 7230, 3045, 315}).Path().NamedBy(u"Label1"),
     Chooser(u"Command1", {2250, 7215, 420, 315}).NamedBy(u"Label1"),
     Row(Kind::kButton, u"btn", {7665, 7680, 1890, 390}, u"حذف فيلم متصل").At(3),
     Row(Kind::kLabel, u"Label2", {5805, 7770, 2160, 285}, u"فيلم متصل به پاراگراف:\u200F"),
-    Row(Kind::kTextBox, u"filmB", {2730, 7740, 3045, 315}).LeftToRight().NamedBy(u"Label2"),
+    Row(Kind::kTextBox, u"filmB", {2730, 7740, 3045, 315}).Path().NamedBy(u"Label2"),
     Chooser(u"Command2", {2250, 7725, 420, 315}).NamedBy(u"Label2"),
 
     Row(Kind::kImage, u"Image1", {75, 6645, 1995, 1260})

@@ -12,6 +12,7 @@
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/key_watcher.h"
+#include "platform/qt/path_edit.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/picture_button.h"
 #include "platform/qt/trampoline.h"
@@ -126,7 +127,11 @@ std::unique_ptr<Control::Peer> MakeButton(const ControlRow& row, QWidget* parent
   peer->caption = row.text;
   peer->widget = button;
   if (control != nullptr) {
-    QObject::connect(button, &QPushButton::clicked, &peer->anchor, peer->Gate(control->onClick));
+    QObject::connect(button, &QPushButton::clicked, &peer->anchor,
+                     [button, click = peer->Gate(control->onClick)] {
+                       FinishPathIn(*button->window());
+                       click();
+                     });
   }
   return peer;
 }

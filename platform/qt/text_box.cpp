@@ -5,6 +5,7 @@
 
 #include "platform/failure.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/path_edit.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
 
@@ -14,6 +15,12 @@ namespace {
 struct TextBoxPeer : Control::Peer {
   QLineEdit& Edit() const { return static_cast<QLineEdit&>(*widget); }
 };
+
+// After code has written the text.
+void PutCaret(QLineEdit& edit) {
+  if (auto* path = dynamic_cast<PathEdit*>(&edit)) return path->Written();
+  edit.setCursorPosition(0);
+}
 
 // Tells a text box of the characters typed into it, before they go in.
 class KeyPressWatcher : public QObject {
@@ -62,14 +69,14 @@ int Bounded(Position value, qsizetype highest) {
 std::unique_ptr<Control::Peer> MakeTextBox(const ControlRow& row, QWidget* parent,
                                            TextBox* control) {
   auto peer = std::make_unique<TextBoxPeer>();
-  auto* edit = new QLineEdit(parent);
+  QLineEdit* edit = row.path ? new PathEdit(parent) : new QLineEdit(parent);
   edit->setPalette(ReadableWhenOff());
   edit->setMaxLength(std::numeric_limits<int>::max());
   edit->setText(ToQString(row.text));
   edit->setLayoutDirection(row.leftToRight ? Qt::LeftToRight : Qt::RightToLeft);
   edit->setAlignment(AlignmentOf(row));
-  edit->setCursorPosition(0);
   peer->widget = edit;
+  PutCaret(*edit);
   if (control != nullptr) {
     QObject::connect(edit, &QLineEdit::textChanged, &peer->anchor, peer->Gate(control->onChange));
     new KeyPressWatcher(*peer, control);
@@ -87,7 +94,7 @@ void TextBox::SetText(TextView text) {
     // The change handler's failure belongs to the writer, so it doesn't run as an event.
     const QSignalBlocker quiet(edit);
     edit.setText(wanted);
-    edit.setCursorPosition(0);
+    PutCaret(edit);
   }
   if (onChange) onChange();
 }

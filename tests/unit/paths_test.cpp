@@ -75,6 +75,39 @@ TEST(ToolName, IsOneNameOfAListing) {
   EXPECT_EQ(ToolName("\xD9\x81.txt"), u"\u0641.txt");
 }
 
+TEST(TypedPath, TurnsWhatIsAbsoluteOnThisHost) {
+  EXPECT_EQ(TypedPath(u"/home/ali/texts"), u"C:\\home\\ali\\texts");
+  EXPECT_EQ(TypedPath(u"/home/علی/متن‌ها/"), u"C:\\home\\علی\\متن‌ها\\");
+  EXPECT_EQ(TypedPath(u"/"), u"C:\\");
+  EXPECT_EQ(TypedPath(u" \t/home/a b\r\n"), u"C:\\home\\a b");
+}
+
+TEST(TypedPath, LeavesAllElseAsItIs) {
+  for (const platform::TextView text :
+       {u"", u"Data", u"Resources/MyBook.jpg", u"C:\\home\\ali", u"C:/home", u"\\home",
+        u"\\\\server\\share", u"شاخه جاري", u" Data\n", u"~ali/x", u"~\\x", u"http://a/b", u"file",
+        u"file:", u"file:x", u"file://", u"file://server/share/x", u"file:////x",
+        u"file:///a%00b"}) {
+    EXPECT_EQ(TypedPath(text), text) << platform::ToUtf8(text);
+  }
+}
+
+TEST(TypedPath, TheHomeFolderIsTheUsers) {
+  setenv("HOME", "/home/ali", 1);
+  EXPECT_EQ(TypedPath(u"~"), u"C:\\home\\ali");
+  EXPECT_EQ(TypedPath(u"~/texts"), u"C:\\home\\ali\\texts");
+}
+
+TEST(TypedPath, AFileManagersAddressIsDecoded) {
+  EXPECT_EQ(TypedPath(u"file:///home/ali/a%20b%D8%A8.txt"), u"C:\\home\\ali\\a bب.txt");
+  EXPECT_EQ(TypedPath(u"file://localhost/x\r\n"), u"C:\\x");
+  EXPECT_EQ(TypedPath(u"file:/x/y"), u"C:\\x\\y");
+  EXPECT_EQ(TypedPath(u"file:///100%"), u"C:\\100%");
+  EXPECT_EQ(TypedPath(u"file:///100%4"), u"C:\\100%4");
+  EXPECT_EQ(TypedPath(u"file:///a%zzb"), u"C:\\a%zzb");
+  EXPECT_EQ(HostPath(TypedPath(u"file:///%ff")), "/\xFF");
+}
+
 TEST(DoSlash, AddsAFinalBackslashToTwoCharactersAndMore) {
   EXPECT_EQ(DoSlash(u""), u"");
   EXPECT_EQ(DoSlash(u"C"), u"C");

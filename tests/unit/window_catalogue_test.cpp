@@ -206,6 +206,18 @@ TEST(WindowCatalogue, TheFieldsOfForm1OpenWithTheirDefaults) {
   for (const auto& [name, text] : defaults) EXPECT_EQ(Find(window, name)->text, text);
 }
 
+TEST(WindowCatalogue, PathsAreTypedIntoTheseFields) {
+  std::vector<std::string> paths;
+  for (const WindowDefinition* window : AllWindows()) {
+    for (const ControlRow& row : window->rows) {
+      if (row.path) paths.push_back(platform::ToUtf8(window->name) + "." + Shown(row));
+    }
+  }
+  EXPECT_THAT(paths, UnorderedElementsAre("Form1.Text1", "Form1.idir", "Form1.index", "Form1.Mus1",
+                                          "Form1.Mus2", "Form1.Back", "Form1.ExBox", "Form6.picB",
+                                          "Form6.soutB", "Form6.filmB"));
+}
+
 TEST(WindowCatalogue, OnlyNextIsTheDefaultButton) {
   for (const WindowDefinition* window : AllWindows()) {
     for (const ControlRow& row : window->rows) {

@@ -75,6 +75,24 @@ TEST_F(ProjectWindowNext, MakesAllPathsAbsolute) {
   EXPECT_EQ(desk.Field("ExBox"), "Export");
 }
 
+TEST_F(ProjectWindowNext, TakesPathsAsTheyAreTypedOnThisHost) {
+  desk.Start();
+  desk.MakeFolders("Book/_xml");
+  desk.Write("Book/_xml/aTitle1.xml", "");
+  Robot::Type("Form1", "Text1", QString::fromStdString(desk.HostPath("Resources")));
+  Robot::Type("Form1", "index",
+              "file://" + QString::fromStdString(desk.HostPath("Resources/MyBook.jpg")));
+  Robot::Type("Form1", "idir", QString::fromStdString(desk.HostPath("Book")));
+  Robot::PressKey("Form1", "idir", Qt::Key_Return);
+  EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
+  EXPECT_EQ(desk.Field("Text1"), desk.ToolPath(u"Resources"));
+  EXPECT_EQ(desk.Field("index"), desk.ToolPath(u"Resources\\MyBook.jpg"));
+  EXPECT_EQ(desk.Field("idir"), desk.ToolPath(u"Book"));
+  EXPECT_EQ(desk.WaitingKeys(), "a2 b1 b2 c1 c2");
+  EXPECT_TRUE(desk.form3.IsVisible());
+  EXPECT_TRUE(desk.Has("Book/IMG/aTitle2.jpg"));
+}
+
 TEST_F(ProjectWindowNext, CopiesThePictureUnderTheSelectedKeyOverWhatStandsThere) {
   desk.MakeFolders("Data/IMG");
   desk.Write("Data/IMG/bTitle2.jpg", "an older picture");
