@@ -24,9 +24,9 @@ TEST(Arrows, EverySourceOfTheTreeLiesInARoom) {
 // Every pair of rooms: an arrow is allowed one way at most.
 TEST(Arrows, TheTableItselfHasNoCircle) {
   const std::vector<std::string> paths = {
-      "platform/a.h", "platform/qt/a.h", "support/a.h", "support/help_window.h",
-      "core/a.h",     "workbench/a.h",   "gallery/a.h", "editor/a.h",
-      "export/a.h",   "main.cpp"};
+      "media/a.h", "platform/a.h",  "platform/qt/a.h", "support/a.h", "support/help_window.h",
+      "core/a.h",  "workbench/a.h", "gallery/a.h",     "editor/a.h",  "export/a.h",
+      "main.cpp",  "viewer/a.h"};
   for (const std::string& one : paths) {
     for (const std::string& other : paths) {
       if (one == other) continue;
@@ -51,6 +51,10 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
                            {"export/a.h", "#include \"tests/a.h\"\n"},
                            {"viewer/a.cpp", "#include \"platform/a.h\"\n"},
                            {"main.cpp", "#include \"tools/a.h\"\n"},
+                           {"media/a.cpp", "#include \"platform/a.h\"\n"},
+                           {"media/b.cpp", "#include <unistd.h>\n"},
+                           {"workbench/b.h", "#include \"media/a.h\"\n"},
+                           {"media/a.h", ""},
                            {"tests/a.h", ""},
                            {"tools/a.h", ""}};
   EXPECT_EQ(Listing(ArrowOffences(tree.Read())),
@@ -60,6 +64,8 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
             "export/a.h:1: export may not include tests: tests/a.h\n"
             "gallery/a.h:1: gallery may not include workbench: workbench/a.h\n"
             "main.cpp:1: main.cpp may not include tools: tools/a.h\n"
+            "media/a.cpp:1: media may not include platform: platform/a.h\n"
+            "media/b.cpp:1: neither the tree's nor the standard library's: unistd.h\n"
             "platform/a.h:1: platform may not include core: core/a.h\n"
             "platform/b.cpp:1: platform may not include platform/qt: platform/qt/a.h\n"
             "platform/qt/a.h:1: platform/qt may not include support: support/a.h\n"
@@ -68,7 +74,8 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
             "support/help_window.h:1: support/help_window may not include workbench: "
             "workbench/a.h\n"
             "viewer/a.cpp:1: viewer may not include platform: platform/a.h\n"
-            "workbench/a.h:1: workbench may not include editor: editor/a.h\n");
+            "workbench/a.h:1: workbench may not include editor: editor/a.h\n"
+            "workbench/b.h:1: workbench may not include media: media/a.h\n");
 }
 
 TEST(Arrows, LetThoseThatPointDownBe) {
@@ -84,6 +91,9 @@ TEST(Arrows, LetThoseThatPointDownBe) {
       {"workbench/a.h", "#include \"core/a.h\"\n#include \"gallery/a.h\"\n"},
       {"editor/a.h", "#include \"workbench/a.h\"\n#include \"platform/a.h\"\n"},
       {"main.cpp", "#include \"workbench/a.h\"\n#include \"platform/qt/a.h\"\n"},
+      {"media/a.h", "#include <string_view>\n"},
+      {"viewer/a.cpp", "#include \"media/a.h\"\n"},
+      {"platform/qt/b.cpp", "#include \"media/a.h\"\n"},
       {"tests/a.cpp", "#include <gtest/gtest.h>\n#include \"workbench/a.h\"\n"}};
   EXPECT_EQ(Listing(ArrowOffences(tree.Read())), "");
 }

@@ -8,7 +8,9 @@ namespace {
 
 using Names = std::string_view;
 
+constexpr std::array<Names, 1> kViewer = {"media"};
 constexpr std::array<Names, 1> kPlatform = {"platform"};
+constexpr std::array<Names, 2> kToolkit = {"platform", "media"};
 constexpr std::array<Names, 2> kSupport = {"platform", "support"};
 constexpr std::array<Names, 3> kCore = {"platform", "support", "core"};
 constexpr std::array<Names, 4> kGallery = {"platform", "support", "core", "gallery"};
@@ -17,14 +19,15 @@ constexpr std::array<Names, 9> kAllRooms = {
     "platform",  "platform/qt", "support", "core",  "support/help_window",
     "workbench", "gallery",     "editor",  "export"};
 // The tests and tools see main.cpp's side of things and each other.
-constexpr std::array<Names, 15> kEverything = {
-    "platform",  "platform/qt", "support", "core",   "support/help_window",
-    "workbench", "gallery",     "editor",  "export", "main.cpp",
-    "viewer",    "tests",       "bench",   "fuzz",   "tools"};
+constexpr std::array<Names, 16> kEverything = {
+    "media",     "platform", "platform/qt", "support", "core",     "support/help_window",
+    "workbench", "gallery",  "editor",      "export",  "main.cpp", "viewer",
+    "tests",     "bench",    "fuzz",        "tools"};
 
 // The first row that fits a path counts.
-constexpr std::array<Room, 15> kRooms = {{
-    {"platform/qt", "platform/qt/", kPlatform, true, true},
+constexpr std::array<Room, 16> kRooms = {{
+    {"media", "media/", {}},
+    {"platform/qt", "platform/qt/", kToolkit, true, true},
     {"platform", "platform/", {}, false, true},
     {"support/help_window", "support/help_window", kCore},
     {"support", "support/", kPlatform},
@@ -34,7 +37,7 @@ constexpr std::array<Room, 15> kRooms = {{
     {"editor", "editor/", kWorkbench},
     {"export", "export/", kCore},
     {"main.cpp", "main.cpp", kAllRooms},
-    {"viewer", "viewer/", {}, true, true},
+    {"viewer", "viewer/", kViewer, true, true},
     {"tests", "tests/", kEverything, true, true},
     {"bench", "bench/", kEverything, true, true},
     {"fuzz", "fuzz/", kEverything, true, true},
