@@ -55,9 +55,19 @@ inline std::string EmptyJpeg(unsigned frame, int width, int height, int componen
   return jpeg + "\xFF\xD9";
 }
 
-// PNG. The checksums are zero, which decoders see in what they don't leave out.
+// PNG, W3C, annex D.
+inline std::uint32_t Checksum(std::string_view bytes) {
+  std::uint32_t sum = 0xFFFFFFFF;
+  for (const char byte : bytes) {
+    sum ^= static_cast<unsigned char>(byte);
+    for (int i = 0; i < 8; ++i) sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  return ~sum;
+}
+
 inline std::string PngChunk(std::string_view name, const std::string& content) {
-  return Big(content.size(), 4) + std::string(name) + content + Big(0, 4);
+  const std::string named = std::string(name) + content;
+  return Big(content.size(), 4) + named + Big(Checksum(named), 4);
 }
 
 inline std::string PngHead(std::uint64_t width, std::uint64_t height, unsigned depth,
