@@ -20,6 +20,7 @@
 #include "platform/qt/line_wrapping.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/rich_text_document.h"
+#include "platform/qt/rich_text_pictures.h"
 #include "platform/qt/trampoline.h"
 #include "platform/rtf/rtf.h"
 
@@ -86,6 +87,12 @@ class SelectionStyle : public QProxyStyle {
     if (hint == SH_RichText_FullWidthSelection) return 1;
     return QProxyStyle::styleHint(hint, option, widget, more);
   }
+};
+
+// Whatever a page from elsewhere names, nothing is ever loaded for it.
+class WebPage : public QTextDocument {
+ protected:
+  QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return {}; }
 };
 
 class RichTextEdit : public QTextEdit {
@@ -166,6 +173,12 @@ class RichTextEdit : public QTextEdit {
     if (event->reason() == QContextMenuEvent::Keyboard) handler(kRightButton);
   }
 
+  // Called once for each picture that is laid out or drawn. Nothing else is ever loaded.
+  QVariant loadResource(int type, const QUrl& name) override {
+    if (type != QTextDocument::ImageResource) return {};
+    return ShownPicture(*document(), name);
+  }
+
   QMimeData* createMimeDataFromSelection() const override {
     return new CopiedText(SelectedDocument(textCursor()));
   }
@@ -188,7 +201,7 @@ class RichTextEdit : public QTextEdit {
       if (inserted) return setTextCursor(cursor);
     }
     if (source->hasHtml()) {
-      QTextDocument pasted;
+      WebPage pasted;
       pasted.setHtml(source->html());
       QTextCursor all(&pasted);
       all.select(QTextCursor::Document);

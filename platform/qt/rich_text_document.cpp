@@ -1,15 +1,13 @@
 #include "platform/qt/rich_text_document.h"
 
-#include <QBuffer>
-#include <QImage>
 #include <QTextBlock>
 #include <QTextFragment>
 #include <QUrl>
-#include <QtEndian>
 #include <algorithm>
 #include <cmath>
 
 #include "platform/qt/conversions.h"
+#include "platform/qt/rich_text_pictures.h"
 
 namespace platform {
 namespace {
@@ -91,23 +89,22 @@ QTextCharFormat ToolkitFormatOf(const rtf::CharacterFormat& own) {
   return format;
 }
 
-std::string PngOf(const QImage& image) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "PNG");
-  return bytes.toStdString();
+// A web page may bring a picture in its own address. No other address is ever followed.
+rtf::Picture PictureInAddress(const QString& address) {
+  constexpr QStringView kStart = u"data:image/";
+  const qsizetype comma =
+      address.startsWith(kStart, Qt::CaseInsensitive) ? address.indexOf(u',') : -1;
+  if (comma < 0) return {};
+  return PictureOfFile(QByteArray::fromBase64(QStringView(address).sliced(comma + 1).toLatin1()));
 }
 
-rtf::Picture PictureOf(const QTextImageFormat& format, const QTextDocument& document) {
+rtf::Picture PictureOf(const QTextImageFormat& format) {
   rtf::Picture picture;
   if (format.hasProperty(kBytesProperty)) {
     picture.kind = static_cast<rtf::PictureKind>(format.intProperty(kKindProperty));
     picture.bytes = format.property(kBytesProperty).toByteArray().toStdString();
   } else {
-    const QUrl name(format.name());
-    const auto image = document.resource(QTextDocument::ImageResource, name).value<QImage>();
-    if (!image.isNull()) picture.bytes = PngOf(image);
+    picture = PictureInAddress(format.name());
   }
   picture.widthTwips = static_cast<int>(std::lround(format.width() * kTwipsPerPixel));
   picture.heightTwips = static_cast<int>(std::lround(format.height() * kTwipsPerPixel));
@@ -127,7 +124,7 @@ void AppendText(rtf::Paragraph& paragraph, const rtf::CharacterFormat& format, T
 
 // A fragment's pictures follow each other as one character each of the same format.
 void AppendFragment(rtf::Paragraph& paragraph, const QTextFragment& fragment, qsizetype from,
-                    qsizetype length, const QTextDocument& document) {
+                    qsizetype length) {
   const QTextCharFormat format = fragment.charFormat();
   const rtf::CharacterFormat own = CharacterFormatOf(format);
   const QString whole = fragment.text();
@@ -135,7 +132,7 @@ void AppendFragment(rtf::Paragraph& paragraph, const QTextFragment& fragment, qs
   for (const QChar unit : QStringView(whole).mid(from, length)) {
     if (unit == QChar::ObjectReplacementCharacter && format.isImageFormat()) {
       AppendText(paragraph, own, std::exchange(text, {}));
-      paragraph.runs.push_back({own, PictureOf(format.toImageFormat(), document)});
+      paragraph.runs.push_back({own, PictureOf(format.toImageFormat())});
     } else {
       text += unit.unicode();
     }
@@ -152,50 +149,9 @@ rtf::Paragraph SelectedParagraph(const QTextBlock& block, int start, int end) {
     const int from = std::max(start, fragment.position());
     const int to = std::min(end, fragment.position() + fragment.length());
     if (from >= to) continue;
-    AppendFragment(paragraph, fragment, from - fragment.position(), to - from, *block.document());
+    AppendFragment(paragraph, fragment, from - fragment.position(), to - from);
   }
   return paragraph;
-}
-
-quint32 NumberAt(const QByteArray& bytes, qsizetype at) {
-  return qFromLittleEndian<quint32>(bytes.constData() + at);
-}
-
-QByteArray Little(quint32 number) {
-  const quint32 little = qToLittleEndian(number);
-  return {reinterpret_cast<const char*>(&little), sizeof little};
-}
-
-constexpr qsizetype kShortHeader = 40;
-constexpr qsizetype kLongHeader = 108;
-constexpr quint32 kColourMasks = 3;  // red, green, blue
-constexpr quint32 kClearMasks = 6;   // and how clear a pixel is
-constexpr qsizetype kMask = 4;
-
-// Behind a short header stand the masks that tell which bits of a pixel are which colour; a long
-// one holds them itself, all four of them. The toolkit reads four of them there only.
-QByteArray WithMasksInHeader(const QByteArray& dib) {
-  constexpr qsizetype kMasks = 4 * kMask;
-  const bool masksBehind = NumberAt(dib, 0) == kShortHeader && NumberAt(dib, 16) == kClearMasks;
-  if (!masksBehind || dib.size() < kShortHeader + kMasks) return dib;
-  QByteArray header = dib.first(kShortHeader + kMasks);
-  header.replace(0, kMask, Little(kLongHeader)).replace(16, kMask, Little(kColourMasks));
-  return header + QByteArray(kLongHeader - header.size(), '\0') + dib.sliced(header.size());
-}
-
-// A bitmap as rich text holds it lacks the 14 bytes that its file begins with.
-QByteArray WithBitmapFileHeader(const std::string& picture) {
-  constexpr quint32 kFileHeader = 14;
-  if (picture.size() < kShortHeader) return {};
-  const QByteArray dib = WithMasksInHeader(QByteArray::fromStdString(picture));
-  const quint32 header = NumberAt(dib, 0);
-  const quint32 bitsPerPixel = NumberAt(dib, 12) >> 16;
-  const bool masksBehind = header == kShortHeader && NumberAt(dib, 16) == kColourMasks;
-  const quint32 masks = masksBehind ? 3 * kMask : 0;
-  quint32 colours = NumberAt(dib, 32);
-  if (colours == 0 && bitsPerPixel <= 8) colours = 1U << bitsPerPixel;
-  return "BM" + Little(static_cast<quint32>(dib.size()) + kFileHeader) + Little(0) +
-         Little(kFileHeader + header + masks + 4 * colours) + dib;
 }
 
 void InsertPicture(QTextCursor& cursor, const rtf::Picture& picture,
@@ -205,9 +161,7 @@ void InsertPicture(QTextCursor& cursor, const rtf::Picture& picture,
   format.merge(around);
   const QString name = QStringLiteral("picture:%1").arg(++lastNumber);
   const QByteArray bytes = QByteArray::fromStdString(picture.bytes);
-  const QByteArray file =
-      picture.kind == rtf::PictureKind::kBitmap ? WithBitmapFileHeader(picture.bytes) : bytes;
-  cursor.document()->addResource(QTextDocument::ImageResource, QUrl(name), file);
+  AddPictureFile(*cursor.document(), name, picture.kind, bytes);
   format.setName(name);
   format.setProperty(kKindProperty, static_cast<int>(picture.kind));
   format.setProperty(kBytesProperty, bytes);
