@@ -83,7 +83,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
     if (!path.isEmpty() && !view_.pictures_.IsBroken(path)) return;
     painter.setPen(Qt::white);
     painter.setFont(ViewerFont(13));
-    DrawText(painter, box.adjusted(4, 4, -4, -6), QStringLiteral("این تصویر پیدا نشد"), 1,
+    DrawText(painter, box.adjusted(4, 4, -4, -6), NoteInPlaceOf(path), 1,
              Qt::AlignHCenter | Qt::AlignBottom);
   }
 

@@ -7,6 +7,7 @@
 #include <QTextFragment>
 #include <QTextImageFormat>
 #include <QUrl>
+#include <algorithm>
 
 #include "viewer/look.h"
 #include "viewer/pictures.h"
@@ -14,6 +15,8 @@
 namespace viewer {
 namespace {
 
+// On a document: what the pictures in it take.
+constexpr const char* kPictureBytes = "pictureBytes";
 constexpr qsizetype kLongestTitle = 2'000;
 
 // Measures of the page, as parts of the height of its letters.
@@ -51,8 +54,8 @@ void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& 
   cursor.insertText(text);
 }
 
-QSizeF SizeShown(QSize decoded, const PageStyle& style) {
-  const QSizeF natural = QSizeF(decoded) * style.pictureScale;
+QSizeF SizeShown(const QImage& image, const PageStyle& style) {
+  const QSizeF natural = image.deviceIndependentSize() * style.pictureScale;
   const QSizeF box = style.pictureBox;
   if (natural.width() <= box.width() && natural.height() <= box.height()) return natural;
   return natural.scaled(box, Qt::KeepAspectRatio);
@@ -63,24 +66,37 @@ void InsertPicture(QTextCursor& cursor, const QImage& image, const PageStyle& st
   QTextImageFormat format;
   format.setName(QStringLiteral("picture%1").arg(cursor.position()));
   document.addResource(QTextDocument::ImageResource, QUrl(format.name()), image);
-  const QSizeF size = SizeShown(image.size(), style);
+  const QSizeF size = SizeShown(image, style);
   format.setWidth(size.width());
   format.setHeight(size.height());
   cursor.insertImage(format);
 }
 
+// The more a section holds, the coarser are the next; none is left out.
+quint64 LargestPictureOf(const QTextDocument& document) {
+  constexpr quint64 kPart = 24;
+  const quint64 held = document.property(kPictureBytes).toULongLong();
+  return (kKeptByPage - std::min(held, kKeptByPage)) / kPart;
+}
+
 void AppendPicture(QTextCursor& cursor, const BookFolder& book, const QString& pathInBook,
                    const PageStyle& style) {
-  const QImage image = DecodePicture(book.Needed(pathInBook), style.decodeBox, Fit::kInside);
+  QTextDocument& document = *cursor.document();
+  const QString path = book.Needed(pathInBook);
+  const QImage image =
+      DecodePicture(path, style.decodeBox, Fit::kInside, LargestPictureOf(document));
   if (image.isNull()) {
     cursor.insertBlock(BlockOf(Qt::AlignHCenter, style), Letters(style));
     QTextCharFormat note = Letters(style);
     note.setFont(ViewerFont(Part(style, kNoteHeight)));
     note.setForeground(Qt::gray);
-    cursor.insertText(QStringLiteral("[این تصویر در کتاب پیدا نشد: ") + AsPath(pathInBook) + u']',
-                      note);
+    const QString why =
+        path.isEmpty() ? QStringLiteral("این تصویر در کتاب پیدا نشد") : NoteInPlaceOf(path);
+    cursor.insertText(u'[' + why + QStringLiteral(": ") + AsPath(pathInBook) + u']', note);
     return;
   }
+  document.setProperty(kPictureBytes, document.property(kPictureBytes).toULongLong() +
+                                          static_cast<quint64>(image.sizeInBytes()));
   cursor.insertBlock(BlockOf(Qt::AlignHCenter, 100, Part(style, kTitleGap)), Letters(style));
   InsertPicture(cursor, image, style);
 }
@@ -93,7 +109,7 @@ void FitPicture(const QTextBlock& block, const PageStyle& style) {
   QTextImageFormat format = fragment.charFormat().toImageFormat();
   const QVariant image =
       block.document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
-  const QSizeF size = SizeShown(image.value<QImage>().size(), style);
+  const QSizeF size = SizeShown(image.value<QImage>(), style);
   if (size.isEmpty() || format.width() == size.width()) return;
   format.setWidth(size.width());
   format.setHeight(size.height());
@@ -112,6 +128,7 @@ void FitPictures(QTextDocument& document, const PageStyle& style) {
 
 void BeginPage(QTextDocument& document, const QString& title, const PageStyle& style) {
   document.clear();
+  document.setProperty(kPictureBytes, 0);
   document.setUndoRedoEnabled(false);
   document.setDefaultFont(ViewerFont(style.pixels));
   QTextCursor cursor(&document);

@@ -18,6 +18,7 @@ PictureShow::PictureShow(const BookFolder& book, const Look& /*look*/, std::vect
       book_(book),
       gallery_(std::move(gallery)),
       current_(first),
+      pictures_(kLargestOnScreen),
       next_(QStringLiteral("nextPicture"), QStringLiteral("بعدی"), LookOf(2),
             FlatButton::Place::kBar, this),
       previous_(QStringLiteral("previousPicture"), QStringLiteral("قبلی"), LookOf(2),
@@ -59,8 +60,7 @@ void PictureShow::paintEvent(QPaintEvent* /*event*/) {
   } else if (path.isEmpty() || pictures_.IsBroken(path)) {
     painter.setPen(QColor(220, 220, 220));
     painter.setFont(ViewerFont(kHeadingPixels));
-    DrawText(painter, box, QStringLiteral("این تصویر پیدا نشد."), 1,
-             Qt::AlignHCenter | Qt::AlignVCenter);
+    DrawText(painter, box, NoteInPlaceOf(path), 1, Qt::AlignHCenter | Qt::AlignVCenter);
   }
   PaintTitle(painter);
 }

@@ -1,22 +1,18 @@
 #include "viewer/pictures.h"
 
+#include <QBuffer>
 #include <QDebug>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
 
+#include "media/turns.h"
+
 namespace viewer {
 namespace {
 
-// JPEG is made smaller while it is decoded; of all else the whole picture must fit.
-constexpr qint64 kLargestJpeg = 400'000'000;
-constexpr qint64 kLargestOther = 60'000'000;
-constexpr int kCacheKilobytes = 128 * 1024;
-
-bool IsKnown(const QByteArray& format) {
-  static const QByteArrayList kFormats = {"jpeg", "jpg", "png", "gif", "bmp", "webp"};
-  return kFormats.contains(format);
-}
+constexpr int kKeptKilobytes = static_cast<int>(kKeptByWindow / 1024);
 
 QSize SizeShown(QSize whole, QSize box, Fit fit) {
   if (fit == Fit::kCovering) {
@@ -29,32 +25,118 @@ QSize SizeShown(QSize whole, QSize box, Fit fit) {
   return whole.scaled(box, Qt::KeepAspectRatio);
 }
 
+media::PictureSize SizeOf(QSize size) {
+  const QSize bounded = size.expandedTo({1, 1});
+  return {static_cast<std::uint32_t>(bounded.width()),
+          static_cast<std::uint32_t>(bounded.height())};
+}
+
+QSize SizeOf(media::PictureSize size) {
+  return {static_cast<int>(size.width), static_cast<int>(size.height)};
+}
+
+// Of the process, whichever window asks.
+media::Turns::Turn Turn(std::uint64_t bytes) {
+  static media::Turns turns(media::kDecodingMemory);
+  return turns.Take(bytes);
+}
+
+// Of one format and no other; nothing in the bytes can lead to another file.
+class Reader {
+ public:
+  Reader(QByteArray& bytes, media::PictureKind kind) : device_(&bytes) {
+    static const bool kIsLifted = [] {  // the toolkit's own limit is the same for all programs
+      QImageReader::setAllocationLimit(static_cast<int>(media::kDecodingMemory / media::kMegabyte));
+      return true;
+    }();
+    device_.open(QIODevice::ReadOnly);
+    reader_.setDevice(&device_);
+    const std::string_view name = media::FormatName(kind);
+    reader_.setFormat({name.data(), static_cast<qsizetype>(name.size())});
+    reader_.setAutoDetectImageFormat(!kIsLifted);
+    reader_.setAutoTransform(true);
+  }
+  bool LiesOnItsSide() const {
+    return (reader_.transformation() & QImageIOHandler::TransformationRotate90) != 0;
+  }
+  QImage Read(QSize size) {
+    reader_.setScaledSize(size);
+    return reader_.read();
+  }
+
+ private:
+  QBuffer device_;
+  QImageReader reader_;
+};
+
+// What is to be done with a file, found before it takes memory.
+struct Plan {
+  media::PictureKind kind = media::PictureKind::kUnknown;
+  QSize decoded;     // as the file has it, not turned upright
+  double finer = 1;  // pixels decoded to one that is shown
+  media::PictureNeed need;
+  std::string whyNot;
+};
+
+Plan PlanFor(QByteArray bytes, QSize box, Fit fit, quint64 most) {
+  const media::PictureHeader header =
+      media::ReadPictureHeader({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  Plan plan;
+  plan.kind = header.kind;
+  plan.whyNot = media::WhyNotDecoded(header, {});
+  if (!plan.whyNot.empty()) return plan;
+  const bool lies = Reader(bytes, header.kind).LiesOnItsSide();
+  const QSize whole = SizeOf(header.size);
+  const QSize shown =
+      SizeShown(lies ? whole.transposed() : whole, box.expandedTo({1, 1}), fit).expandedTo({1, 1});
+  const media::PictureSize decoded = media::WithinMemory(SizeOf(shown), most);
+  plan.finer = static_cast<double>(decoded.width) / shown.width();
+  plan.decoded = lies ? SizeOf(decoded).transposed() : SizeOf(decoded);
+  plan.need = media::NeedOf(header, SizeOf(plan.decoded));
+  plan.whyNot = media::WhyNotDecoded(header, SizeOf(plan.decoded));
+  return plan;
+}
+
+Plan PlanFor(QFile& file, QSize box, Fit fit, quint64 most) {
+  Plan plan;
+  if (!file.open(QIODevice::ReadOnly)) {
+    plan.whyNot = file.errorString().toStdString();
+    return plan;
+  }
+  plan.whyNot = media::WhyNotRead(static_cast<std::uint64_t>(file.size()));
+  if (!plan.whyNot.empty()) return plan;
+  const auto turn = Turn(static_cast<std::uint64_t>(file.size()));
+  return PlanFor(file.read(file.size()), box, fit, most);
+}
+
 }  // namespace
 
-QImage DecodePicture(const QString& path, QSize box, Fit fit) {
+QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most) {
   if (path.isEmpty() || !QFileInfo(path).isFile()) return {};
-  QImageReader reader(path);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QByteArray format = reader.format();
-  QSize whole = reader.size();
-  const qint64 pixels = qint64(whole.width()) * whole.height();
-  const qint64 largest = format == "jpeg" ? kLargestJpeg : kLargestOther;
-  if (!IsKnown(format) || whole.isEmpty() || pixels > largest) {
-    qWarning() << "no picture that can be shown:" << path << format << whole;
+  QFile file(path);
+  const Plan plan = PlanFor(file, box, fit, most);
+  if (!plan.whyNot.empty()) {
+    qWarning() << "no picture that can be shown:" << path << plan.whyNot.c_str();
     return {};
   }
-  const bool turned = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
-  if (turned) whole.transpose();
-  QSize shown = SizeShown(whole, box.expandedTo({1, 1}), fit).expandedTo({1, 1});
-  if (turned) shown.transpose();
-  reader.setScaledSize(shown);
-  QImage image = reader.read();
-  if (image.isNull()) qWarning() << "damaged picture:" << path << reader.errorString();
+  // While it waits for its turn, nothing is held of it.
+  const auto turn = Turn(plan.need.bytes);
+  file.seek(0);
+  QByteArray bytes = file.read(file.size());
+  QImage image = Reader(bytes, plan.kind).Read(plan.decoded);
+  if (image.isNull()) qWarning() << "damaged picture:" << path;
+  image.setDevicePixelRatio(plan.finer);
   return image;
 }
 
-Pictures::Pictures() : ready_(kCacheKilobytes) { pool_.setMaxThreadCount(2); }
+QString NoteInPlaceOf(const QString& path) {
+  return path.isEmpty() ? QStringLiteral("این تصویر پیدا نشد")
+                        : QStringLiteral("این تصویر نمایش داده نمی‌شود");
+}
+
+Pictures::Pictures(quint64 largest) : largest_(largest), ready_(kKeptKilobytes) {
+  pool_.setMaxThreadCount(2);
+}
 
 Pictures::~Pictures() {
   pool_.clear();
@@ -84,7 +166,7 @@ QPixmap Pictures::Get(const QString& path, QSize box, Fit fit, QWidget* waiting)
 
 void Pictures::Decode(const Wish& wish) {
   const auto work = [this, wish] {
-    const QImage image = DecodePicture(wish.path, wish.box * wish.ratio, wish.fit);
+    const QImage image = DecodePicture(wish.path, wish.box * wish.ratio, wish.fit, largest_);
     QMetaObject::invokeMethod(
         this, [this, wish, image] { Take(wish, image); }, Qt::QueuedConnection);
   };
@@ -98,7 +180,7 @@ void Pictures::Take(const Wish& wish, const QImage& image) {
     broken_.insert(wish.path);
   } else {
     auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
-    pixmap->setDevicePixelRatio(wish.ratio);
+    pixmap->setDevicePixelRatio(wish.ratio * image.devicePixelRatio());
     const qsizetype kilobytes = std::max<qsizetype>(1, image.sizeInBytes() / 1024);
     ready_.insert(wish.key, pixmap.release(), kilobytes);
   }

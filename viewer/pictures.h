@@ -13,6 +13,8 @@
 #include <QWidget>
 #include <vector>
 
+#include "media/picture_plan.h"
+
 namespace viewer {
 
 enum class Fit {
@@ -20,15 +22,28 @@ enum class Fit {
   kCovering  // fills the box
 };
 
-// A null image, with a warning, where the file is no picture or too large to be decoded. Reads the
-// size before it decodes.
-QImage DecodePicture(const QString& path, QSize box, Fit fit);
+// What is kept to be shown, of all that a process may keep: the window's pictures, as much of those
+// over the whole screen, and those inside the page.
+inline constexpr quint64 kKeptByWindow = media::kKeptMemory / 4;
+inline constexpr quint64 kKeptByPage = media::kKeptMemory / 2;
+
+// Of one picture: several are seen at a time, or one over the whole screen.
+inline constexpr quint64 kLargestInWindow = kKeptByWindow / 4;
+inline constexpr quint64 kLargestOnScreen = kKeptByWindow / 8 * 7;
+
+// A null image, with a warning, where the file is no picture or would take too much of a decoder,
+// which is told before (media/picture_plan.h). Waits while other threads decode in the memory that
+// it needs. One of more than `most` bytes is coarser, by its device's pixel ratio.
+QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most);
+
+// What stands in the place of a picture that isn't shown; `path` is empty where there is no file.
+QString NoteInPlaceOf(const QString& path);
 
 // Keeps what was decoded lately. Until Start() nothing is decoded, so that the first window comes
 // up without waiting for pictures.
 class Pictures : public QObject {
  public:
-  Pictures();
+  explicit Pictures(quint64 largest = kLargestInWindow);
   Pictures(const Pictures&) = delete;
   Pictures& operator=(const Pictures&) = delete;
   ~Pictures() override;
@@ -53,6 +68,7 @@ class Pictures : public QObject {
   void Decode(const Wish& wish);
   void Take(const Wish& wish, const QImage& image);
 
+  quint64 largest_;
   bool started_ = false;
   int asked_ = 0;
   std::vector<Wish> early_;
