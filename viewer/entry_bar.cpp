@@ -6,7 +6,9 @@
 #include <QPainter>
 
 #include "viewer/book/known_files.h"
+#include "viewer/book/medium.h"
 #include "viewer/book/shown_name.h"
+#include "viewer/film_window.h"
 
 namespace viewer {
 namespace {
@@ -137,19 +139,23 @@ void EntryBar::StartProgram() {
 void EntryBar::SwitchSound() {
   if (sounds_) return Silence();
   if (!IsThere(media_.sound, QStringLiteral("صدای"), kAnyEnding)) return;
+  auto sound = Medium::Open(surroundings_.book, media_.sound);
+  if (!sound) return TellSound();
   if (!player_) {
     player_ = surroundings_.outside.makePlayer();
     player_->onEnd = [this](bool played) {
       if (!sounds_) return;
       Silence();
-      if (!played) Tell(window(), QStringLiteral("این صدا را نمی\u200Cتوان پخش کرد."));
+      if (!played) TellSound();
     };
   }
   surroundings_.hushMusic(true);
   sounds_ = true;
   sound_.SetCaption(QStringLiteral("قطع صدا"));
-  player_->Play(media_.sound);
+  player_->Play(std::move(sound));
 }
+
+void EntryBar::TellSound() { Tell(window(), QStringLiteral("این صدا را نمی\u200Cتوان پخش کرد.")); }
 
 void EntryBar::Silence() {
   if (!sounds_) return;
@@ -161,9 +167,11 @@ void EntryBar::Silence() {
 
 void EntryBar::ShowFilm() {
   if (!IsThere(media_.film, QStringLiteral("فیلم"), kAnyEnding)) return;
+  auto film = Medium::Open(surroundings_.book, media_.film);
+  if (!film) return Tell(window(), CantPlayFilm());
   surroundings_.hushMusic(true);
   Silence();
-  surroundings_.outside.showFilm(media_.film, AsCaption(node_.label), window(),
+  surroundings_.outside.showFilm(std::move(film), AsCaption(node_.label), window(),
                                  [&hush = surroundings_.hushMusic] { hush(false); });
 }
 

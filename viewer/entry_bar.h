@@ -37,6 +37,7 @@ class EntryBar : public QWidget {
   void OpenWithItsProgram();
   void StartProgram();
   void SwitchSound();
+  void TellSound();
   void ShowFilm();
   bool IsThere(const QString& path, const QString& what, const QString& ending);
 

@@ -3,16 +3,18 @@
 #include <QCloseEvent>
 #include <QDebug>
 #include <QKeyEvent>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "viewer/look.h"
+#include "viewer/media_player.h"
 
 namespace viewer {
 
-FilmWindow::FilmWindow(const QString& path, const QString& title, QWidget* parent)
-    : QWidget(parent, Qt::Window) {
+QString CantPlayFilm() { return QStringLiteral("این فیلم را نمی\u200Cتوان پخش کرد."); }
+
+FilmWindow::FilmWindow(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent)
+    : QWidget(parent, Qt::Window), medium_(std::move(medium)), player_(this) {
   setObjectName(QStringLiteral("film"));
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(title);
@@ -30,11 +32,11 @@ FilmWindow::FilmWindow(const QString& path, const QString& title, QWidget* paren
   player_.setVideoOutput(&video_);
   QObject::connect(&player_, &QMediaPlayer::errorOccurred, this,
                    [this](QMediaPlayer::Error, const QString& what) {
-                     qWarning() << "film can't be played:" << player_.source() << what;
-                     message_.setText(QStringLiteral("این فیلم را نمی\u200Cتوان پخش کرد."));
+                     qWarning() << "film can't be played:" << medium_->Path() << what;
+                     message_.setText(CantPlayFilm());
                      message_.show();
                    });
-  player_.setSource(QUrl::fromLocalFile(path));
+  player_.setSourceDevice(medium_.get(), NoAddress());
   player_.play();
 }
 

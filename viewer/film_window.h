@@ -7,13 +7,19 @@
 #include <QVideoWidget>
 #include <QWidget>
 #include <functional>
+#include <memory>
+
+#include "viewer/book/medium.h"
 
 namespace viewer {
+
+// What the reader is told where there is nothing to see.
+QString CantPlayFilm();
 
 // Plays at once. The space bar pauses, F and a double click fill the screen, Esc ends.
 class FilmWindow : public QWidget {
  public:
-  FilmWindow(const QString& path, const QString& title, QWidget* parent);
+  FilmWindow(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent);
 
   std::function<void()> onClosed;
 
@@ -26,6 +32,7 @@ class FilmWindow : public QWidget {
   void SwitchPause();
   void SwitchFullScreen();
 
+  const std::unique_ptr<Medium> medium_;
   QVideoWidget video_;
   QLabel message_;
   QAudioOutput output_;

@@ -7,7 +7,8 @@
 #include <QMediaFormat>
 #include <QMediaPlayer>
 #include <QObject>
-#include <QUrl>
+
+#include "viewer/plug_ins.h"
 
 namespace viewer {
 namespace {
@@ -23,12 +24,13 @@ class MediaPlayer : public Player {
                      });
     QObject::connect(&player_, &QMediaPlayer::errorOccurred, &player_,
                      [this](QMediaPlayer::Error, const QString& what) {
-                       qWarning() << "can't be played:" << player_.source() << what;
+                       qWarning() << "can't be played:" << medium_->Path() << what;
                      });
   }
 
-  void Play(const QString& path) override {
-    player_.setSource(QUrl::fromLocalFile(path));
+  void Play(std::unique_ptr<Medium> medium) override {
+    player_.setSourceDevice(medium.get(), NoAddress());
+    medium_ = std::move(medium);  // the one before is read from until now
     player_.play();
   }
   void Pause() override { player_.pause(); }
@@ -46,6 +48,7 @@ class MediaPlayer : public Player {
         Qt::QueuedConnection);
   }
 
+  std::unique_ptr<Medium> medium_;
   QAudioOutput output_;
   QMediaPlayer player_;
 };
@@ -53,8 +56,8 @@ class MediaPlayer : public Player {
 // Fails at each sound.
 class NoPlayer : public Player {
  public:
-  void Play(const QString& path) override {
-    qWarning() << "no sound on this machine for" << path;
+  void Play(std::unique_ptr<Medium> medium) override {
+    qWarning() << "no sound on this machine for" << medium->Path();
     QMetaObject::invokeMethod(
         &context_,
         [this] {
@@ -72,9 +75,14 @@ class NoPlayer : public Player {
 
 }  // namespace
 
-bool CanPlayFilms() { return !QMediaFormat().supportedFileFormats(QMediaFormat::Decode).isEmpty(); }
+bool CanPlayFilms() {
+  KeepPlugInsAtHome();
+  return !QMediaFormat().supportedFileFormats(QMediaFormat::Decode).isEmpty();
+}
 
-bool CanPlaySounds() { return !QMediaDevices::defaultAudioOutput().isNull() && CanPlayFilms(); }
+bool CanPlaySounds() { return CanPlayFilms() && !QMediaDevices::defaultAudioOutput().isNull(); }
+
+QUrl NoAddress() { return QUrl(QStringLiteral("medium:")); }
 
 std::unique_ptr<Player> MakeMediaPlayer() {
   if (CanPlaySounds()) return std::make_unique<MediaPlayer>();

@@ -5,8 +5,9 @@
 
 namespace viewer {
 
-Music::Music(QStringList tracks, std::function<std::unique_ptr<Player>()> makePlayer)
-    : tracks_(std::move(tracks)), makePlayer_(std::move(makePlayer)) {}
+Music::Music(const BookFolder& book, QStringList tracks,
+             std::function<std::unique_ptr<Player>()> makePlayer)
+    : book_(book), tracks_(std::move(tracks)), makePlayer_(std::move(makePlayer)) {}
 
 void Music::SwitchOn() {
   if (on_ || tracks_.isEmpty()) return;
@@ -33,12 +34,14 @@ void Music::Hush(bool hushed) {
 }
 
 void Music::PlayCurrent() {
+  auto track = Medium::Open(book_, tracks_[current_]);
+  if (!track) return OnEnd(false);
   if (!player_) {
     player_ = makePlayer_();
     player_->onEnd = [this](bool played) { OnEnd(played); };
   }
   begun_ = true;
-  player_->Play(tracks_[current_]);
+  player_->Play(std::move(track));
 }
 
 void Music::OnEnd(bool played) {

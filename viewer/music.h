@@ -13,7 +13,8 @@ namespace viewer {
 class Music {
  public:
   // The tracks that are there, and how to come by a player once one is needed.
-  Music(QStringList tracks, std::function<std::unique_ptr<Player>()> makePlayer);
+  Music(const BookFolder& book, QStringList tracks,
+        std::function<std::unique_ptr<Player>()> makePlayer);
 
   // It has gone off by itself: nothing can be played.
   std::function<void()> onGivenUp;
@@ -32,6 +33,7 @@ class Music {
   void PlayCurrent();
   void OnEnd(bool played);
 
+  const BookFolder& book_;
   QStringList tracks_;
   std::function<std::unique_ptr<Player>()> makePlayer_;
   std::unique_ptr<Player> player_;

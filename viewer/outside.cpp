@@ -20,14 +20,15 @@ bool StartProgram(const QString& path) {
   return QProcess::startDetached(path, {}, QFileInfo(path).absolutePath());
 }
 
-void ShowFilm(const QString& path, const QString& title, QWidget* parent,
+void ShowFilm(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent,
               std::function<void()> onClosed) {
   // The toolkit's player wants a sound card for a film, too.
   if (!CanPlaySounds()) {
     Tell(parent, QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد: کارت صدا پیدا نشد."));
     return onClosed();
   }
-  auto* const film = new FilmWindow(path, title, parent);  // deletes itself when closed
+  auto* const film =
+      new FilmWindow(std::move(medium), title, parent);  // deletes itself when closed
   film->onClosed = std::move(onClosed);
   film->show();
 }

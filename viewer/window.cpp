@@ -30,7 +30,8 @@ Window::Window(const QString& root, Outside outside)
       settings_(hasBook_ ? ReadSettings(book_) : Settings()),
       index_(hasBook_ ? ReadIndex(book_) : Index()),
       look_(LookOf(settings_.layout)),
-      music_(hasBook_ && settings_.music ? TracksOf(book_) : QStringList(), outside_.makePlayer),
+      music_(book_, hasBook_ && settings_.music ? TracksOf(book_) : QStringList(),
+             outside_.makePlayer),
       surroundings_{book_,     settings_, look_,
                     pictures_, outside_,  [this](bool hushed) { music_.Hush(hushed); }} {
   setObjectName(QStringLiteral("viewer"));
@@ -47,7 +48,7 @@ Window::Window(const QString& root, Outside outside)
   rows->addWidget(pages_);
   MakeBar();
   MakeKeys();
-  music_.onGivenUp = [this] { TellMusic(); };
+  music_.onGivenUp = [this] { TellMusicGivenUp(); };
   index_.collections.empty() ? MakeNotice() : MakeIndex();
 }
 
@@ -268,8 +269,18 @@ void Window::GoHome() {
 }
 
 void Window::SwitchMusic() {
+  musicIsAskedFor_ = !music_.IsOn();
   music_.IsOn() ? music_.SwitchOff() : music_.SwitchOn();
   TellMusic();
+}
+
+// Music that begins by itself brings no box with it: the reader has asked for a book.
+void Window::TellMusicGivenUp() {
+  TellMusic();
+  const QString word = QStringLiteral("موسیقی این کتاب را نمی\u200Cتوان پخش کرد.");
+  musicSwitch_->setToolTip(word);
+  musicSwitch_->setAccessibleDescription(word);
+  if (musicIsAskedFor_) Tell(this, word);
 }
 
 void Window::TellMusic() {

@@ -55,6 +55,7 @@ class Window : public QWidget {
   void Show(QWidget* page);
   void SwitchMusic();
   void TellMusic();
+  void TellMusicGivenUp();
   CollectionPage& TextPage();
   QWidget* GalleryPage();
 
@@ -67,6 +68,7 @@ class Window : public QWidget {
   const Look& look_;
   Pictures pictures_;
   Music music_;
+  bool musicIsAskedFor_ = false;  // not only begun with the book
   Surroundings surroundings_;
   QString notice_;  // in place of an index
   QString backdrop_;

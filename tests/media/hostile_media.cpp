@@ -106,7 +106,7 @@ Media Sounds(const Lures& to) {
                              Little(2, 2) + Little(16, 2);
   const auto wave = [](const std::string& chunks) { return Chunk("RIFF", "WAVE" + chunks); };
   return {{"mp3-then-hls", Mp3Frames(40) + Hls(Http(to))},
-          {"mp3-then-hls-far-behind", Mp3Frames(2'600) + Hls(Http(to)), true},
+
           {"mp3-with-sdp-line", Mp3FrameWith("\n" + Sdp(to)) + Mp3Frames(40)},
           {"mp3-with-dash", Mp3FrameWith(Dash(to)) + Mp3Frames(40)},
           {"mp3-layer-1", "\xFF\xFF\x50\x04" + Hls(Http(to))},
@@ -142,6 +142,9 @@ Media Films(const Lures& to) {
       {"mp4-only-link", Box("ftyp", "qt  " + Big(0, 4)) + Box("moov", link)},
       {"mp4-packed", FilmWithBox(Box("cmov", Box("dcom", "zlib") + Box("cmvd", "x")))},
       {"mp4-hls", Box("ftyp", "isom" + Big(0, 4)) + Hls(Http(to))},
+      {"mp4-hls-far-behind",
+       Sample("film.mp4") + Box("free", std::string(1'100'000, ' ')) + Box("free", Hls(Http(to))),
+       true},
       {"avi-with-texts", Chunk("RIFF", "AVI " + head + Chunk("LIST", "movi" + subtitle))},
       {"flv-hls", std::string("FLV\x01\x05\0\0\0\x09\0\0\0\0", 13) + Hls(Http(to))},
       {"matroska-hls", "\x1A\x45\xDF\xA3\x8B\x42\x82\x88matroska" + Hls(Http(to))},

@@ -126,6 +126,34 @@ TEST_F(Viewing, TracksThatCantBePlayedAreGivenUp) {
   EXPECT_EQ(Find(*window_, u"music"_s).accessibleName(), u"پخش موسیقی"_s);
 }
 
+// A track that is a list of other files is never given to a player, and the reader hears of it
+// where he asks for music.
+TEST_F(Viewing, TracksThatAreNoSoundsAreGivenUpUnplayed) {
+  MakeBook(maker_, {.music = true});
+  for (const char* track : {"Data/FlashIMG/Sound1.mp3", "Data/FlashIMG/Sound2.mp3"}) {
+    maker_.WriteBytes(QString::fromLatin1(track), kPlaylist);
+  }
+  Show();
+  const QWidget& music = Find(*window_, u"music"_s);
+  ASSERT_TRUE(Await([&] { return music.accessibleName() == u"پخش موسیقی"_s; }));
+  EXPECT_TRUE(music.toolTip().contains(u"نمی\u200Cتوان پخش کرد"_s));
+  EXPECT_EQ(music.accessibleDescription(), music.toolTip());
+  const auto text = AnswerNextBox({});
+  Click(*window_, u"music"_s);
+  EXPECT_EQ(*text, music.toolTip());
+  EXPECT_TRUE(asked_->sounds.isEmpty());
+}
+
+TEST_F(Viewing, ATrackThatIsNoSoundIsPassedOver) {
+  MakeBook(maker_, {.music = true});
+  maker_.WriteBytes(u"Data/FlashIMG/Sound1.mp3"_s, kPlaylist);
+  Show();
+  ASSERT_TRUE(Await([&] { return !asked_->sounds.isEmpty(); }));
+  asked_->endOfLastSound(true);
+  EXPECT_EQ(asked_->sounds, (QStringList{u"play Sound2.mp3"_s, u"play Sound2.mp3"_s}));
+  EXPECT_EQ(Find(*window_, u"music"_s).accessibleName(), u"خاموشی موسیقی"_s);
+}
+
 TEST_F(Viewing, ABookWithoutMusicHasNoSwitch) {
   Open();
   EXPECT_FALSE(IsSeen(*window_, u"music"_s));

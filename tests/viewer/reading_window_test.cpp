@@ -164,6 +164,35 @@ TEST_F(Reading, ASoundThatCantBePlayedSaysSo) {
   EXPECT_TRUE(text->contains(u"نمی\u200Cتوان پخش کرد"_s));
 }
 
+TEST_F(Reading, WhatIsNoSoundAndNoFilmIsToldAndNotPlayed) {
+  Open();
+  for (const char* medium : {"Data/TXT/TWO.mp3", "Data/TXT/TWO.mp4"}) {
+    maker_.WriteBytes(QString::fromLatin1(medium), kPlaylist);
+  }
+  OpenCollection();
+  ClickRow(ListOf(*window_), 2);
+  for (const QString& name : {u"sound"_s, u"film"_s}) {
+    const auto text = AnswerNextBox({});
+    Click(*window_, name);
+    EXPECT_TRUE(text->contains(u"نمی\u200Cتوان پخش کرد"_s)) << name.toStdString();
+  }
+  EXPECT_TRUE(asked_->sounds.isEmpty() && asked_->films.isEmpty());
+}
+
+// The link may have come after the book was opened, and the file behind it may be a sound.
+TEST_F(Reading, ASoundOutsideTheBookIsNotPlayed) {
+  Open();
+  OpenCollection();
+  ClickRow(ListOf(*window_), 2);
+  const QString sound = maker_.PathOf(u"Data/TXT/TWO.mp3"_s);
+  const QString outside = asked_->folder.filePath(u"outside.mp3"_s);
+  ASSERT_TRUE(QFile::rename(sound, outside) && QFile::link(outside, sound));
+  const auto text = AnswerNextBox({});
+  Click(*window_, u"sound"_s);
+  EXPECT_TRUE(text->contains(u"نمی\u200Cتوان پخش کرد"_s));
+  EXPECT_TRUE(asked_->sounds.isEmpty());
+}
+
 TEST_F(Reading, AProgramIsStartedOnlyAfterYes) {
   Open();
   OpenCollection();

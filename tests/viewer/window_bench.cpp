@@ -12,6 +12,8 @@
 #include <QTextEdit>
 #include <QTimer>
 
+#include "tests/media/media_bytes.h"
+
 namespace viewer_tests {
 namespace {
 
@@ -36,8 +38,8 @@ const auto* const kApplication = testing::AddGlobalTestEnvironment(new WithAppli
 class SilentPlayer : public viewer::Player {
  public:
   explicit SilentPlayer(std::shared_ptr<Asked> asked) : asked_(std::move(asked)) {}
-  void Play(const QString& path) override {
-    asked_->sounds << QStringLiteral("play ") + QFileInfo(path).fileName();
+  void Play(std::unique_ptr<viewer::Medium> medium) override {
+    asked_->sounds << QStringLiteral("play ") + QFileInfo(medium->Path()).fileName();
     asked_->endOfLastSound = [this](bool played) { onEnd(played); };
   }
   void Pause() override { asked_->sounds << QStringLiteral("pause"); }
@@ -47,6 +49,9 @@ class SilentPlayer : public viewer::Player {
  private:
   std::shared_ptr<Asked> asked_;
 };
+
+QByteArray SilentSound() { return QByteArray::fromStdString(media_tests::Mp3Frames(8)); }
+QByteArray SmallFilm() { return QByteArray::fromStdString(media_tests::Sample("film.mp4")); }
 
 QString Settings(const BookPlan& plan) {
   return QStringLiteral(
@@ -113,9 +118,11 @@ void MakePages(const BookMaker& maker) {
   maker.Write(QStringLiteral("Data/TXT/TWO.htm"), two);
   maker.Write(QStringLiteral("Data/TXT/EXE.htm"),
               PageText(QStringLiteral("برنامه"), {QStringLiteral("متن برنامه")}));
-  for (const char* file : {"TWO.pdf", "TWO.mp3", "TWO.mp4", "EXE.exe"}) {
+  for (const char* file : {"TWO.pdf", "EXE.exe"}) {
     maker.WriteBytes(QStringLiteral("Data/TXT/") + QLatin1String(file), "bytes");
   }
+  maker.WriteBytes(QStringLiteral("Data/TXT/TWO.mp3"), SilentSound());
+  maker.WriteBytes(QStringLiteral("Data/TXT/TWO.mp4"), SmallFilm());
 }
 
 void ListTree(const QString& folder, QStringList& tree) {
@@ -147,9 +154,9 @@ viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked) {
     asked->started << QFileInfo(path).fileName();
     return true;
   };
-  outside.showFilm = [asked](const QString& path, const QString&, QWidget*,
+  outside.showFilm = [asked](std::unique_ptr<viewer::Medium> film, const QString&, QWidget*,
                              std::function<void()> onClosed) {
-    asked->films << QFileInfo(path).fileName();
+    asked->films << QFileInfo(film->Path()).fileName();
     asked->closeLastFilm = std::move(onClosed);
   };
   outside.chooseFolder = [asked](QWidget*) { return asked->chosenFolder; };
@@ -174,8 +181,8 @@ void MakeBook(const BookMaker& maker, const BookPlan& plan) {
   MakeContents(maker);
   MakePages(maker);
   MakePicture(maker, QStringLiteral("Data/FlashIMG/Back.jpg"), {40, 30});
-  maker.WriteBytes(QStringLiteral("Data/FlashIMG/Sound1.mp3"), "one");
-  maker.WriteBytes(QStringLiteral("Data/FlashIMG/Sound2.mp3"), "two");
+  maker.WriteBytes(QStringLiteral("Data/FlashIMG/Sound1.mp3"), SilentSound());
+  maker.WriteBytes(QStringLiteral("Data/FlashIMG/Sound2.mp3"), SilentSound());
 }
 
 void MakePicture(const BookMaker& maker, const QString& pathInBook, QSize size) {

@@ -54,6 +54,8 @@ bool IsSeen(const QWidget& window, const QString& name);
 QWidget* TopLevel(const QString& name);
 // Presses the button of the next message box, or Esc where no name is given; gives its text.
 std::shared_ptr<QString> AnswerNextBox(const QString& buttonName);
+// Bytes that are no sound and no film, but name another file.
+inline constexpr const char* kPlaylist = "#EXTM3U\n#EXTINF:1,\nfile:///etc/hostname\n";
 // Runs the loop until it holds; false if it doesn't in half a minute.
 bool Await(const std::function<bool()>& holds);
 // Every file below with its size, time of change and contents.

@@ -34,7 +34,7 @@ platform::Text MakeProgramFolder(const fs::path& resources, const fs::path& outp
 
 class SilentPlayer : public viewer::Player {
  public:
-  void Play(const QString& /*path*/) override {}
+  void Play(std::unique_ptr<viewer::Medium> /*medium*/) override {}
   void Pause() override {}
   void Resume() override {}
   void Stop() override {}
@@ -44,7 +44,8 @@ class SilentPlayer : public viewer::Player {
 viewer::Outside StillMachine() {
   return {.openFile = [](const QString&) { return true; },
           .startProgram = [](const QString&) { return true; },
-          .showFilm = [](const QString&, const QString&, QWidget*, std::function<void()>) {},
+          .showFilm = [](std::unique_ptr<viewer::Medium>, const QString&, QWidget*,
+                         std::function<void()>) {},
           .makePlayer = [] { return std::make_unique<SilentPlayer>(); },
           .print = [](const std::function<void(QPrinter&)>&, QWidget*) {}};
 }

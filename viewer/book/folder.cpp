@@ -80,16 +80,17 @@ const BookFolder::Entry* BookFolder::Lookup(const QString& folder, const QString
   return found;
 }
 
-bool BookFolder::LeadsOut(const QString& path) const {
+QString BookFolder::RealPath(const QString& path) const {
   const QString real = QFileInfo(path).canonicalFilePath();
   const QString realRoot = QFileInfo(root_).canonicalFilePath();
-  if (real.isEmpty() || realRoot.isEmpty()) return true;
-  return !real.startsWith(realRoot.endsWith(u'/') ? realRoot : realRoot + u'/');
+  if (real.isEmpty() || realRoot.isEmpty()) return {};
+  const bool isInside = real.startsWith(realRoot.endsWith(u'/') ? realRoot : realRoot + u'/');
+  return isInside ? real : QString();
 }
 
 QString BookFolder::PathOf(const QString& folder, const Entry& entry) const {
   const QString path = (folder.endsWith(u'/') ? folder : folder + u'/') + entry.name;
-  return entry.isLink && LeadsOut(path) ? QString() : path;
+  return entry.isLink && RealPath(path).isEmpty() ? QString() : path;
 }
 
 QString BookFolder::FolderIn(const QString& folder, const QString& name) const {

@@ -36,6 +36,10 @@ class BookFolder {
   // The same for a folder: "Data/TXT".
   QString ResolveFolder(const QString& pathInBook) const;
 
+  // Where a file of the disk really lies, without a link in its path; empty where there is none, or
+  // where it is outside the book.
+  QString RealPath(const QString& path) const;
+
   // What lies in the folder ("Data/_xml") under names of this pattern ("?Title*.xml"), whatever
   // their letter case; in no order, without a look at the files themselves.
   QStringList NamesIn(const QString& folderInBook, const QString& pattern) const;
@@ -68,7 +72,6 @@ class BookFolder {
   QString FolderIn(const QString& folder, const QString& name) const;
   QString FileIn(const QString& folder, const QString& name) const;
   QString PathOf(const QString& folder, const Entry& entry) const;
-  bool LeadsOut(const QString& path) const;
 
   QString root_;
   mutable QHash<QString, Listing> listings_;

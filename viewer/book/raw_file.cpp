@@ -7,18 +7,22 @@
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "viewer/book/text_file.h"
 
 namespace viewer {
 namespace {
 
+// Without O_NONBLOCK a pipe would wait for a writer.
+int OpenWhatItIs(const QString& path) {
+  return ::open(QFile::encodeName(path).constData(),
+                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+}
+
 class Handle {
  public:
-  // Without O_NONBLOCK a pipe would wait for a writer.
-  explicit Handle(const QString& path)
-      : number_(::open(QFile::encodeName(path).constData(),
-                       O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)) {}
+  explicit Handle(const QString& path) : number_(OpenWhatItIs(path)) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   ~Handle() {
@@ -31,6 +35,9 @@ class Handle {
     if (number_ < 0 || ::fstat(number_, &about) != 0 || !S_ISREG(about.st_mode)) return -1;
     return about.st_size;
   }
+
+  // Not closed by this any more.
+  int Take() { return std::exchange(number_, -1); }
 
   // How many bytes came.
   std::size_t Read(char* to, std::size_t count) const {
@@ -49,6 +56,11 @@ class Handle {
 };
 
 }  // namespace
+
+int OpenOrdinaryFile(const QString& path) {
+  Handle file(path);
+  return file.Size() < 0 ? -1 : file.Take();
+}
 
 QByteArrayView RawFile::Read(const QString& path) {
   const Handle file(path);

@@ -7,6 +7,9 @@
 
 namespace viewer {
 
+// A descriptor of the ordinary file, open for reading; a link isn't followed. -1 if there is none.
+int OpenOrdinaryFile(const QString& path);
+
 class RawFile {
  public:
   // The bytes of an ordinary file, up to kLongestText; a link isn't followed. Null if it can't be
