@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/dead_files.h"
+
 namespace platform {
 namespace {
 
@@ -29,13 +31,25 @@ std::string BesidePath(const std::string& target) {
       .append(kBesideEnding);
 }
 
+// Not open where it failed; errno says why. Between the making and the lock another tool may take
+// the file for a dead one's and away, but hardly time and again.
 Descriptor MakeAnew(const std::string& hostPath) {
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL;
   constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
-  Descriptor made = OpenHost(hostPath, kFlags, kOwnerOnly);
-  if (made.IsOpen() || errno != EEXIST) return made;
-  if (::unlink(hostPath.c_str()) != 0) return Descriptor(-1);
-  return OpenHost(hostPath, kFlags, kOwnerOnly);
+  constexpr int kTries = 10;
+  for (int i = 0; i < kTries; ++i) {
+    Descriptor made = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kOwnerOnly);
+    if (made.IsOpen() && LockAsAlive(made, hostPath)) return made;
+    if (!made.IsOpen() && (errno != EEXIST || !TakeDead(hostPath))) return made;
+  }
+  errno = EBUSY;
+  return Descriptor(-1);
+}
+
+Descriptor MakeBeside(const std::string& hostPath, TextView path) {
+  SweepDead(hostPath.substr(0, hostPath.rfind('/') + 1));
+  Descriptor made = MakeAnew(hostPath);
+  if (!made.IsOpen()) FailHost(u"write", path, errno);
+  return made;
 }
 
 // Not everybody may give a file to its old owner or group; a text that is saved as one's own is
@@ -59,16 +73,10 @@ BesideFile::BesideFile(const std::string& hostPath, TextView path, const struct 
     : path_(path),
       target_(WithLinksFollowed(hostPath, path)),
       beside_(BesidePath(target_)),
-      file_(MakeAnew(beside_)) {
-  if (!file_.IsOpen()) FailHost(u"write", path_, errno);
+      file_(MakeBeside(beside_, path)),
+      made_(beside_) {
   const int error = TakeOver(file_, known);
-  if (error == 0) return;
-  ::unlink(beside_.c_str());
-  FailHost(u"write", path_, error);
-}
-
-BesideFile::~BesideFile() {
-  if (!inPlace_) ::unlink(beside_.c_str());
+  if (error != 0) FailHost(u"write", path_, error);
 }
 
 void BesideFile::Write(std::string_view bytes) {
@@ -80,11 +88,8 @@ void BesideFile::Write(std::string_view bytes) {
 
 void BesideFile::Flush() {
   if (error_ != 0) Fail(error_);
-  int result = 0;
-  do {
-    result = ::fsync(file_.Number());
-  } while (result != 0 && errno == EINTR);
-  if (result != 0) Fail(errno);
+  const int error = file_.Flush();
+  if (error != 0) Fail(error);
 }
 
 void BesideFile::TakePlace() {
@@ -92,7 +97,7 @@ void BesideFile::TakePlace() {
   const int error = file_.Close();
   if (error != 0) Fail(error);
   if (std::rename(beside_.c_str(), target_.c_str()) != 0) Fail(errno);
-  inPlace_ = true;
+  made_.Keep();
 }
 
 void BesideFile::Fail(int error) {

@@ -11,11 +11,10 @@
 
 namespace platform {
 
-// What the names of such files end in; none of them is a file of anybody's.
-inline constexpr std::string_view kBesideEnding = ".zorvand-new";
-
-// The hidden file ".<name>.zorvand-new" in the folder of the file that it is to replace. What a
-// crash left there is thrown away by the next one. A link is followed: its target is replaced.
+// The hidden file ".<name>.zorvand-new" in the folder of the file that it is to replace, locked
+// (flock) as long as its tool lives. What a dead one left in that folder, for whatever file, goes
+// when the next is made. Failure where a living one replaces the same file at this moment. A link
+// is followed: its target is replaced.
 class BesideFile {
  public:
   // `known` is what the host says of the file at `hostPath`, whose mode bits the new one gets, and
@@ -24,7 +23,7 @@ class BesideFile {
   BesideFile(const BesideFile&) = delete;
   BesideFile& operator=(const BesideFile&) = delete;
   // Leaves the old file as it was, unless the new one has taken its place.
-  ~BesideFile();
+  ~BesideFile() = default;
 
   const Descriptor& File() const { return file_; }
   void Write(std::string_view bytes);
@@ -40,8 +39,8 @@ class BesideFile {
   std::string target_;
   std::string beside_;
   Descriptor file_;
+  MadeFile made_;
   int error_ = 0;
-  bool inPlace_ = false;
 };
 
 }  // namespace platform

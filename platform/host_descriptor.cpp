@@ -41,6 +41,21 @@ int Descriptor::Close() {
   return closed ? 0 : errno;
 }
 
+int Descriptor::Flush() const {
+  int result = 0;
+  do {
+    result = ::fsync(number_);
+  } while (result != 0 && errno == EINTR);
+  return result == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+}
+
+MadeFile::MadeFile(MadeFile&& other) noexcept
+    : hostPath_(std::move(other.hostPath_)), isKept_(std::exchange(other.isKept_, true)) {}
+
+MadeFile::~MadeFile() {
+  if (!isKept_) ::unlink(hostPath_.c_str());
+}
+
 Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode) {
   int number = -1;
   do {

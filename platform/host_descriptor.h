@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -26,6 +27,9 @@ class Descriptor {
 
   int Number() const { return number_; }
   bool IsOpen() const { return number_ >= 0; }
+  // The host's error number, 0 where what was written is on the disk. A host that has no flush for
+  // such a file has nothing to wait for.
+  int Flush() const;
   // The host's error number, 0 where all went well. Closed in any case.
   int Close();
 
@@ -36,6 +40,23 @@ class Descriptor {
 // Never waits for the other end of a pipe and never takes a terminal over. Not open where it
 // failed; errno says why.
 Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode = 0);
+
+// A file that was made here and is nobody's yet: it goes away again unless it is kept.
+class MadeFile {
+ public:
+  explicit MadeFile(std::string hostPath) noexcept : hostPath_(std::move(hostPath)) {}
+  MadeFile(MadeFile&& other) noexcept;
+  MadeFile(const MadeFile&) = delete;
+  MadeFile& operator=(MadeFile&&) = delete;
+  MadeFile& operator=(const MadeFile&) = delete;
+  ~MadeFile();
+
+  void Keep() { isKept_ = true; }
+
+ private:
+  std::string hostPath_;
+  bool isKept_ = false;
+};
 
 // What the host knows of an open file. Failure if that is no ordinary file.
 struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path);

@@ -11,17 +11,12 @@
 #include <tuple>
 #include <utility>
 
-#include "platform/beside_file.h"
+#include "platform/dead_files.h"
 #include "platform/host_descriptor.h"
 #include "platform/paths.h"
 
 namespace platform {
 namespace {
-
-struct CloseFolder {
-  void operator()(DIR* folder) const { ::closedir(folder); }
-};
-using Folder = std::unique_ptr<DIR, CloseFolder>;
 
 struct Listed {
   Text folded;
@@ -63,7 +58,7 @@ std::vector<Listed> ReadNames(DIR* folder, TextView path, ListedKind kind) {
 }  // namespace
 
 std::vector<Text> ListHostFolder(TextView path, ListedKind kind) {
-  const Folder folder(::opendir(HostPath(path).c_str()));
+  const HostFolder folder(::opendir(HostPath(path).c_str()));
   if (!folder) FailHost(u"list", path, errno);
   std::vector<Listed> listed = ReadNames(folder.get(), path, kind);
   std::sort(listed.begin(), listed.end(), [](const Listed& a, const Listed& b) {

@@ -225,37 +225,6 @@ TEST_F(Replacing, AFullDiskLeavesNothingOfANewText) {
   EXPECT_EQ(folder_.Read(u"a"), "1234567");
 }
 
-TEST_F(Replacing, ACrashLeavesTheOldTextAndItsLeftoverIsUsedUp) {
-  folder_.Write(u"a", kOldText);
-  const pid_t child = fork();
-  if (child == 0) {
-    files_.Open(Path(u"a"), OpenMode::kReplace, false).release()->Write("half a te");
-    _exit(0);
-  }
-  waitpid(child, nullptr, 0);
-  EXPECT_EQ(folder_.Read(u"a"), kOldText);
-  EXPECT_TRUE(folder_.Has(u".a.zorvand-new"));
-  WriteWhole(u"a", OpenMode::kReplace, "the whole text");
-  EXPECT_EQ(folder_.Read(u"a"), "the whole text");
-  EXPECT_EQ(folder_.Count(), 1);
-}
-
-TEST_F(Replacing, ALeftoverThatLeadsElsewhereIsNotFollowed) {
-  folder_.Write(u"a", kOldText);
-  folder_.Write(u"precious", "untouched");
-  std::filesystem::create_symlink("precious", folder_.HostPath(".a.zorvand-new"));
-  WriteWhole(u"a", OpenMode::kReplace, "new");
-  EXPECT_EQ(folder_.Read(u"precious"), "untouched");
-  EXPECT_EQ(folder_.Read(u"a"), "new");
-}
-
-TEST_F(Replacing, AFolderInTheWayOfTheNewTextIsAFailure) {
-  folder_.Write(u"a", kOldText);
-  folder_.MakeFolder(u".a.zorvand-new");
-  EXPECT_THROW(files_.Open(Path(u"a"), OpenMode::kReplace, false), Failure);
-  EXPECT_EQ(folder_.Read(u"a"), kOldText);
-}
-
 TEST_F(Replacing, KeepsTheModeBits) {
   folder_.Write(u"a", kOldText);
   chmod(folder_.HostPath("a").c_str(), 0640);
