@@ -19,8 +19,9 @@ enum class OpenMode : std::uint8_t {
   kAppend,   // what is written goes to the end; a write that fails half-way leaves nothing behind
 };
 
-// One open file. Closing twice does nothing; a file that goes away without Close keeps its old
-// content if it was opened to be replaced, and isn't there if it wasn't before.
+// One open file. Closing twice does nothing. A file that goes away without Close keeps its old
+// content if it was opened to be replaced; a new one stays as far as it got, unless that is
+// nothing.
 class OpenedFile {
  public:
   OpenedFile() = default;

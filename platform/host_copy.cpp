@@ -72,13 +72,12 @@ int CopyContent(const Descriptor& from, const Descriptor& to) {
   return error != 0 ? error : CopyThroughBuffer(from, to);
 }
 
-void CopyToNew(const Descriptor& from, Descriptor to, const std::string& hostPath,
-               TextView target) {
+// Half a picture is worse than none.
+void CopyToNew(const Descriptor& from, Descriptor to, MadeFile made, TextView target) {
   int error = CopyContent(from, to);
   if (error == 0) error = to.Close();
-  if (error == 0) return;
-  ::unlink(hostPath.c_str());
-  FailHost(u"write", target, error);
+  if (error != 0) FailHost(u"write", target, error);
+  made.Keep();
 }
 
 void CopyOver(const Descriptor& from, const struct stat& source, const std::string& hostPath,
@@ -98,11 +97,13 @@ void CopyOver(const Descriptor& from, const struct stat& source, const std::stri
 }  // namespace
 
 void CopyHostFile(TextView source, TextView target) {
-  const std::string targetPath = HostPath(target);
+  std::string targetPath = HostPath(target);
   const Descriptor from = OpenHost(HostPath(source), O_RDONLY);
   const struct stat known = OrdinaryFile(from, u"copy", source);
   Descriptor to = OpenHost(targetPath, O_WRONLY | O_CREAT | O_EXCL, NewFileMode(known));
-  if (to.IsOpen()) return CopyToNew(from, std::move(to), targetPath, target);
+  if (to.IsOpen()) {
+    return CopyToNew(from, std::move(to), MadeFile(std::move(targetPath)), target);
+  }
   if (errno != EEXIST) FailHost(u"write", target, errno);
   CopyOver(from, known, targetPath, target);
 }

@@ -92,26 +92,24 @@ class InPlaceFile : public OpenedFile {
   Descriptor file_;
 };
 
-// Made here, so that it is nobody's yet: without Close it goes away again. What were left of it
-// would count as there when the text is written once more.
+// Stays as far as it got. Where not even its first text had room it goes away again: empty, it
+// would count as there when its beginning is to be written once more.
 class NewFile : public InPlaceFile {
  public:
-  NewFile(TextView path, std::string hostPath, Descriptor file)
-      : InPlaceFile(path, std::move(file)), hostPath_(std::move(hostPath)) {}
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() override {
-    if (!isWhole_) ::unlink(hostPath_.c_str());
-  }
+  NewFile(TextView path, MadeFile made, Descriptor file)
+      : InPlaceFile(path, std::move(file)), made_(std::move(made)) {}
 
+  void Write(std::string_view bytes) override {
+    InPlaceFile::Write(bytes);
+    made_.Keep();
+  }
   void Close() override {
     InPlaceFile::Close();
-    isWhole_ = true;
+    made_.Keep();
   }
 
  private:
-  std::string hostPath_;
-  bool isWhole_ = false;
+  MadeFile made_;
 };
 
 class ReplacedFile : public OpenedFile {
@@ -146,9 +144,10 @@ std::unique_ptr<OpenedFile> OpenToRead(TextView path) {
 std::unique_ptr<OpenedFile> OpenToReplace(TextView path, int creating) {
   std::string hostPath = HostPath(path);
   if (creating != 0) {
-    Descriptor made = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
-    if (made.IsOpen()) {
-      return std::make_unique<NewFile>(path, std::move(hostPath), std::move(made));
+    Descriptor file = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
+    if (file.IsOpen()) {
+      MadeFile made(std::move(hostPath));
+      return std::make_unique<NewFile>(path, std::move(made), std::move(file));
     }
   }
   Descriptor file = OpenHost(hostPath, O_WRONLY | creating, kNewFileMode);

@@ -1,7 +1,10 @@
 #include "workbench/build_pass.h"
 
+#include <string>
+
 #include "core/book_places.h"
 #include "core/numbers.h"
+#include "platform/encoding.h"
 #include "platform/paths.h"
 #include "workbench/clean_up.h"
 #include "workbench/stems.h"
@@ -23,7 +26,7 @@ void BuildPass::Run() {
   if (!FoldersExist()) return;
   AddToIndex();
   if (!MakeRoom()) return;
-  WriteAnew(CollectionPath(), HeadLines(order_.work.galleryMode));
+  MakeCollection();
   WalkRows();
   AddToCollection(EndLine(order_.work.galleryMode));
   FinishInWindow();
@@ -87,6 +90,16 @@ void BuildPass::TakeOldLineOut() {
   const Text index = stream.ReadAll();
   stream.Close();
   WriteAnew(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));
+}
+
+// Added to as soon as it is made: where the disk has no room for its head it stays all the same,
+// unlike one written anew, so that the next build asks about it and takes this one's line out.
+void BuildPass::MakeCollection() {
+  const auto file = files_.Files().Open(CollectionPath(), platform::OpenMode::kAppend, true);
+  std::string bytes(platform::kUtf16Mark);
+  platform::AppendUtf16(bytes, HeadLines(order_.work.galleryMode));
+  file->Write(bytes);
+  file->Close();
 }
 
 void BuildPass::WalkRows() {

@@ -75,6 +75,7 @@ class BuildPass {
   // False if the collection stands already and is to stay.
   bool MakeRoom();
   void TakeOldLineOut();
+  void MakeCollection();
 
   void WalkRows();
   bool RowEndsWalk(std::ptrdiff_t row) const;

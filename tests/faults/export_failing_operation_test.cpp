@@ -49,11 +49,11 @@ Numbers MessagesFrom(const std::vector<ExportPlace>& places, std::size_t at) {
   return {29};
 }
 
-// A print page that isn't closed isn't there.
+// What was made stays as far as it got; a print page that got nothing isn't there.
 Tree LeftBy(const ExportPlace& place) {
   Tree left = place.made;
   const std::string& operation = place.operation;
-  if (operation.ends_with(".html")) {
+  if (operation.starts_with("Write") && operation.ends_with(".html")) {
     std::erase_if(left, [&](const auto& entry) {
       return entry.first.ends_with(operation.substr(operation.rfind('\\') + 1));
     });

@@ -186,14 +186,30 @@ TEST_F(Replacing, WithoutACloseTheOldTextStays) {
   EXPECT_EQ(folder_.Count(), 1);
 }
 
-// What were left would count as there when the caller tries again.
-TEST_F(Replacing, WithoutACloseAFileThatWasNotThereIsNotThere) {
-  files_.Open(Path(u"a"), OpenMode::kReplace, true)->Write("new text");
+TEST_F(Replacing, WithoutACloseANewFileStaysAsFarAsItGot) {
+  files_.Open(Path(u"a"), OpenMode::kReplace, true)->Write("new te");
+  EXPECT_EQ(folder_.Read(u"a"), "new te");
+}
+
+// Empty, it would count as there when the caller tries again.
+TEST_F(Replacing, OfANewFileThatNeverHadATextNothingStays) {
+  files_.Open(Path(u"a"), OpenMode::kReplace, true);
   EXPECT_EQ(folder_.Count(), 0);
-  const auto file = files_.Open(Path(u"a"), OpenMode::kReplace, true);
-  file->Write("new text");
-  file->Close();
-  EXPECT_EQ(folder_.Read(u"a"), "new text");
+  {
+    const auto file = files_.Open(Path(u"a"), OpenMode::kReplace, true);
+    const FullDisk full(10);
+    EXPECT_THROW(file->Write("a new text that has no room"), Failure);
+  }
+  EXPECT_EQ(folder_.Count(), 0);
+  files_.Open(Path(u"a"), OpenMode::kReplace, true)->Close();
+  EXPECT_EQ(folder_.Read(u"a"), "");
+}
+
+TEST_F(Replacing, AnEmptyFileStaysWhereItsTextHasNoRoom) {
+  files_.Open(Path(u"a"), OpenMode::kReplace, true)->Close();
+  const FullDisk full(10);
+  EXPECT_THROW(WriteWhole(u"a", OpenMode::kReplace, "a new text that has no room"), Failure);
+  EXPECT_EQ(folder_.Read(u"a"), "");
 }
 
 TEST_F(Replacing, WithoutAWriteTheFileIsEmptied) {
@@ -538,7 +554,7 @@ TEST_F(Listing, OfTenThousandNamesIsWholeAndSorted) {
 // The fault injector itself: what it counts, and that only the k-th operation fails.
 class Faults : public FileSystemTest {
  protected:
-  // Eleven operations, each tried on its own; how many of them failed.
+  // Each operation tried on its own; how many of them failed.
   int Run() {
     int failed = 0;
     std::unique_ptr<OpenedFile> file;
