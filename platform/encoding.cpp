@@ -67,6 +67,11 @@ Text DecodeUtf16(std::string_view bytes) {
   return text;
 }
 
+Text DecodeUnicode(std::string_view bytes) {
+  if (bytes.starts_with(kUtf16Mark)) bytes.remove_prefix(kUtf16Mark.size());
+  return DecodeUtf16(bytes);
+}
+
 std::string EncodeUtf16(TextView text) {
   std::string bytes;
   AppendUtf16(bytes, text);

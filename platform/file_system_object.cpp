@@ -16,11 +16,6 @@ OpenMode ModeFor(IoMode mode) {
   return mode == IoMode::kForWriting ? OpenMode::kReplace : OpenMode::kAppend;
 }
 
-Text DecodeUnicode(std::string_view bytes) {
-  if (bytes.starts_with(kUtf16Mark)) bytes.remove_prefix(kUtf16Mark.size());
-  return DecodeUtf16(bytes);
-}
-
 // A page is written as it lies in memory, if the host's own order is the file's.
 void WriteUtf16(OpenedFile& file, TextView text) {
   if constexpr (std::endian::native == std::endian::little) {

@@ -17,6 +17,16 @@ using platform::Text;
 using platform::TextFormat;
 using platform::TextView;
 
+namespace {
+
+// What is left of an index that may have lost its head, or a part of that.
+Text WithHead(const Text& lines, const Text& head) {
+  if (head.starts_with(lines)) return head;
+  return lines.starts_with(u'\t') ? head + lines : lines;
+}
+
+}  // namespace
+
 BuildPass::BuildPass(BuildDesk& desk, const BuildOrder& order, platform::FileSystemObject& files,
                      platform::Clock& clock, platform::Random& random)
     : desk_(desk), order_(order), files_(files), clock_(clock), random_(random) {}
@@ -57,9 +67,29 @@ void BuildPass::AddToIndex() {
   const Text name = core::CollectionName(order_.rowLetter, order_.rowDigit);
   openTag_ = OpenTag(name, order_.work.galleryMode);
   closeTag_ = CloseTag(name);
-  if (!files_.FileExists(IndexPath())) WriteAnew(IndexPath(), IndexHead(order_.words.creditLine));
+  if (!files_.FileExists(IndexPath())) {
+    WriteAnew(IndexPath(), IndexHead(order_.words.creditLine));
+  } else {
+    MendIndex();
+  }
   NameCollection();
   AddToFile(IndexPath(), IndexLine(openTag_, RemCrLf(desk_.CollectionTitle()), closeTag_));
+}
+
+// A power cut may have taken lines of the index, or all of it.
+void BuildPass::MendIndex() {
+  const Text index = ReadIndex();
+  const Text whole = WithoutTornLines(index);
+  indexWasTorn_ = whole.empty() || whole.size() < index.size();
+  if (indexWasTorn_) WriteAnew(IndexPath(), WithHead(whole, IndexHead(order_.words.creditLine)));
+}
+
+// Empty where nothing stands in it, which the text service would take for a failure.
+Text BuildPass::ReadIndex() {
+  const auto file = files_.Files().Open(IndexPath(), platform::OpenMode::kRead, false);
+  const std::string bytes = file->ReadAll();
+  file->Close();
+  return platform::DecodeUnicode(bytes);
 }
 
 void BuildPass::NameCollection() {
@@ -86,9 +116,9 @@ bool BuildPass::MakeRoom() {
 
 // The new line stands behind the old one already, so the first line found is the old one.
 void BuildPass::TakeOldLineOut() {
-  auto stream = files_.OpenTextFile(IndexPath(), IoMode::kForReading, false, TextFormat::kUnicode);
-  const Text index = stream.ReadAll();
-  stream.Close();
+  const Text index = ReadIndex();
+  // Of a line that was torn off there is nothing to take out.
+  if (indexWasTorn_ && !HasTwoLines(index, openTag_)) return;
   WriteAnew(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));
 }
 

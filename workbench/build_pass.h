@@ -71,6 +71,8 @@ class BuildPass {
  private:
   bool FoldersExist();
   void AddToIndex();
+  void MendIndex();
+  platform::Text ReadIndex();
   void NameCollection();
   // False if the collection stands already and is to stay.
   bool MakeRoom();
@@ -111,6 +113,7 @@ class BuildPass {
   platform::Text closeTag_;
   platform::Text stem_;  // drawn last
   Depth depth_ = 1;
+  bool indexWasTorn_ = false;
 };
 
 }  // namespace workbench

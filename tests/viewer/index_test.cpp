@@ -47,6 +47,19 @@ TEST(Index, AsTheToolWritesIt) {
   EXPECT_TRUE(index.collections[1].isGallery);
 }
 
+// They stand where a power cut took a line, and a build of before may have added others behind.
+TEST(Index, NulsAreLeftOut) {
+  const QString nuls(40, QChar::Null);
+  const BookMaker maker;
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"),
+              kHead + nuls + LineOf("aTitle1", "txt", QStringLiteral("one")) +
+                  LineOf("bTitle2", "txt", QStringLiteral("two") + nuls) + nuls);
+  const Index index = ReadIndex(maker.Book());
+  ASSERT_EQ(index.collections.size(), 2U);
+  EXPECT_EQ(index.collections[0].title, QStringLiteral("one"));
+  EXPECT_EQ(index.collections[1].title, QStringLiteral("two"));
+}
+
 TEST(Index, TheCreditAlone) {
   const Index index = ParseIndex(kHead);
   EXPECT_EQ(index.credit, QStringLiteral("Designed by: us"));

@@ -170,8 +170,9 @@ bool AreSame(const Collection& a, const Collection& b) {
 Index ParseIndex(QStringView text) { return Reader(text).Read(); }
 
 Index ReadIndex(const BookFolder& book) {
-  const std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
+  std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
   if (!text) return {};
+  text->remove(QChar::Null);  // stands where a power cut took a line
   Index index = ParseIndex(*text);
   AddUnlisted(book, index);
   return index;
