@@ -97,6 +97,16 @@ void Copy(const std::string& source, const std::string& target) {
   if (::close(to) != 0) Complain(target);
 }
 
+void FlushFile(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0 || ::fsync(file) != 0 || ::close(file) != 0) Complain(path);
+}
+
+void FlushDisk(const std::string& folder) {
+  const int opened = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);
+  if (opened < 0 || ::syncfs(opened) != 0 || ::close(opened) != 0) Complain(folder);
+}
+
 void MakeEntry(const BareStep& step, const std::string& folder) {
   const std::string page = PagePath(folder, step.stem);
   if (Exists(page)) Complain(page);
@@ -115,6 +125,8 @@ void MakeIndex(const BareBook& book, const std::string& folder) {
   if (!Exists(folder + "/_xml") || Exists(index)) Complain(index);
   Make(index, std::string(kMark) + book.indexHead);
   Add(index, book.indexLine);
+  FlushFile(index);
+  FlushFile(folder + "/_xml");
 }
 
 }  // namespace
@@ -152,6 +164,7 @@ void MakeBook(const BareBook& book, const std::string& projectFolder) {
     CopyMedia(step, projectFolder);
   }
   Add(collection, book.collectionEnd);
+  FlushDisk(projectFolder);
 }
 
 Extent ExtentOf(const std::string& projectFolder) {

@@ -33,7 +33,8 @@ BareBook ReadBook(const std::string& projectFolder,
                   const std::vector<std::vector<BareMedium>>& media);
 
 // Asks for, makes and adds to the same files as the build does, one open, write and close each; the
-// media are copied inside the kernel. The project folder is there already. Failure of any call is a
+// media are copied inside the kernel. All is on the disk at the end, the index before the
+// collection's file is made. The project folder is there already. Failure of any call is a
 // std::runtime_error.
 void MakeBook(const BareBook& book, const std::string& projectFolder);
 

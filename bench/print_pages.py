@@ -1,15 +1,17 @@
 """The print pages of a folder of pages.
 
 print_pages.py TEMPLATE: says "ready", and then answers each line with the seconds that it took:
-  disk<TAB>FOLDER          a print page beside each page of the folder
+  disk<TAB>FOLDER          a print page beside each page of the folder, all on the disk at the end
   memory<TAB>FOLDER<TAB>N  the print pages of N pages, which are those of the folder by turns; they
                            are in memory, and nothing is written
 """
 
+import ctypes
 import os
 import sys
 from time import perf_counter
 
+LIBC = ctypes.CDLL(None, use_errno=True)
 TITLE = "<pgTitle>"
 TITLE_END = "</pgTitle>"
 
@@ -22,6 +24,13 @@ def read(path):
 def write(path, text):
     with open(path, "wb") as file:
         file.write(b"\xff\xfe" + text.encode("utf-16-le"))
+
+
+def flush_disk(folder):
+    opened = os.open(folder, os.O_RDONLY)
+    if LIBC.syncfs(opened) != 0:
+        raise OSError(ctypes.get_errno(), "syncfs", folder)
+    os.close(opened)
 
 
 def print_page(template, page):
@@ -43,6 +52,7 @@ def make_pages(template_path, folder):
     template = read(template_path)
     for path in page_paths(folder):
         write(path + "l", print_page(template, read(path)))
+    flush_disk(folder)
 
 
 def make_in_memory(template_path, pages, count):

@@ -45,6 +45,7 @@ void Form1::SaveThings() {
   Ignoring([&] {
     if (bMus(0).Value()) SaveMedium(Mus2.Text(), SecondSoundFile(BookRoot()));
   });
+  Ignoring([&] { machine_.files.Flush(BookRoot()); });
   LogMe(u"Settings saved.");
 }
 

@@ -65,6 +65,7 @@ Text ExportPass::CarryOut() {
   CopyFolders(script, root);
   CopyFiles(script, root);
   if (form1_.Pcheck.Value()) MakePrintPages(root);
+  Files().Flush(root);
   return root;
 }
 

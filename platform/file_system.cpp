@@ -9,6 +9,7 @@
 #include "platform/host_copy.h"
 #include "platform/host_descriptor.h"
 #include "platform/host_file.h"
+#include "platform/host_flush.h"
 #include "platform/host_listing.h"
 #include "platform/paths.h"
 
@@ -31,13 +32,19 @@ class HostFiles : public FileSystem {
   bool FileExists(TextView path) override { return S_ISREG(KindOf(path)); }
   bool FolderExists(TextView path) override { return S_ISDIR(KindOf(path)); }
   std::unique_ptr<OpenedFile> Open(TextView path, OpenMode mode, bool create) override {
+    if (mode != OpenMode::kRead) unflushed_.Note(path);
     return OpenHostFile(path, mode, create);
   }
   void DeleteFile(TextView path) override {
+    unflushed_.Note(path);
     if (::unlink(HostPath(path).c_str()) != 0) FailHost(u"delete", path, errno);
   }
-  void CopyFile(TextView source, TextView target) override { CopyHostFile(source, target); }
+  void CopyFile(TextView source, TextView target) override {
+    unflushed_.Note(target);
+    CopyHostFile(source, target);
+  }
   void MakeFolder(TextView path) override {
+    unflushed_.Note(path);
     if (::mkdir(HostPath(path).c_str(), kNewFolderMode) != 0) FailHost(u"make", path, errno);
   }
   std::vector<Text> FileNames(TextView folder) override {
@@ -46,6 +53,10 @@ class HostFiles : public FileSystem {
   std::vector<Text> FolderNames(TextView folder) override {
     return ListHostFolder(folder, ListedKind::kFolders);
   }
+  void Flush(TextView path) override { unflushed_.Flush(path); }
+
+ private:
+  Unflushed unflushed_;
 };
 
 }  // namespace

@@ -59,6 +59,11 @@ class FileSystem {
   // to case. Failure if the folder can't be read.
   virtual std::vector<Text> FileNames(TextView folder) = 0;
   virtual std::vector<Text> FolderNames(TextView folder) = 0;
+  // Returns when all that was written so far by these operations under a path (a file, or a folder
+  // with all below it, links followed) is on its disk, names included. Failure if the disk says no.
+  // Few files are flushed one by one, which waits for no other program and misses no error; for
+  // many that takes twenty times as long as one flush of each disk they lie on (syncfs).
+  virtual void Flush(TextView path) = 0;
 };
 
 // The machine's own disks.

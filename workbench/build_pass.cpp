@@ -39,6 +39,7 @@ void BuildPass::Run() {
   MakeCollection();
   WalkRows();
   AddToCollection(EndLine(order_.work.galleryMode));
+  files_.Files().Flush(Root());
   FinishInWindow();
   desk_.LogMe(u"Title is made.");
 }
@@ -74,6 +75,9 @@ void BuildPass::AddToIndex() {
   }
   NameCollection();
   AddToFile(IndexPath(), IndexLine(openTag_, RemCrLf(desk_.CollectionTitle()), closeTag_));
+  // On the disk before the collection's file is made: after a power cut there is none of them
+  // without its line.
+  files_.Files().Flush(IndexPath());
 }
 
 // A power cut may have taken lines of the index, or all of it.

@@ -19,6 +19,7 @@ using faults::Road;
 using platform::EncodeUtf16;
 using platform::Text;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing_support::BoxText;
 using testing_support::Robot;
 
@@ -52,8 +53,32 @@ class SecondBuild : public testing::Test {
     EXPECT_TRUE(bytes.starts_with(platform::kUtf16Mark));
     return platform::ToUtf8(platform::DecodeUnicode(bytes));
   }
+  void ExpectFailed() {
+    EXPECT_THAT(Boxes(), IsEmpty());
+    EXPECT_EQ(road.desk.LoggedFailures(57), 1);
+    EXPECT_TRUE(road.desk.form3.IsVisible());
+    EXPECT_TRUE(road.TableIsWhole());
+  }
+
   Road road{Road::Found::kNothing};
 };
+
+TEST_F(SecondBuild, BehindADiskThatSaidNoAtTheEndIsWhole) {
+  road.desk.files.FailWhere("Flush", "Data\\");
+  const std::size_t entries = road.desk.LogLines().size();
+  Build();
+  ExpectFailed();
+  const auto lines = road.desk.LogLines();
+  EXPECT_EQ(std::count(lines.begin() + static_cast<std::ptrdiff_t>(entries), lines.end(),
+                       "Making combo..."),
+            0)
+      << "the window has changed";
+  Build();
+  EXPECT_THAT(Boxes(), ElementsAre("question", BoxText(4)));
+  EXPECT_EQ(Index(), platform::ToUtf8(kHead + u"\r\n" + kLine));
+  ASSERT_TRUE(road.Go(1));
+  EXPECT_EQ(faults::WrongAtTheEnd(road.desk, "road-over_nothing"), "");
+}
 
 // The file stands from the moment on at which it is made, so the line of the build that failed is
 // taken out.

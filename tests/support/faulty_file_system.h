@@ -74,6 +74,10 @@ class FaultyFileSystem : public platform::FileSystem {
     Count("FolderNames", folder);
     return real_.FolderNames(folder);
   }
+  void Flush(platform::TextView path) override {
+    Count("Flush", path);
+    real_.Flush(path);
+  }
 
  private:
   class CountedFile : public platform::OpenedFile {

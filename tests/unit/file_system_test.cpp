@@ -571,6 +571,7 @@ class Faults : public FileSystemTest {
     tried([&] { faulty_.FolderNames(folder_.Path()); });
     tried([&] { faulty_.CopyFile(Path(u"given"), Path(u"b")); });
     tried([&] { faulty_.DeleteFile(Path(u"given2")); });
+    tried([&] { faulty_.Flush(folder_.Path()); });
     file.reset();
     tried([&] { faulty_.Open(Path(u"given"), OpenMode::kRead, false)->ReadAll(); });
     return failed;
@@ -585,7 +586,7 @@ class Faults : public FileSystemTest {
 
 TEST_F(Faults, NoneUnlessAsked) {
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(faulty_.Operations(), 12U);
+  EXPECT_EQ(faulty_.Operations(), 13U);
   EXPECT_EQ(faulty_.Names()[3], "Open " + ToUtf8(Path(u"a")));
   EXPECT_FALSE(faulty_.HasFailed());
 }
@@ -598,17 +599,17 @@ TEST_P(FaultAt, ThatOneAlone) {
   EXPECT_TRUE(faulty_.HasFailed());
 }
 
-INSTANTIATE_TEST_SUITE_P(EachOperation, FaultAt, testing::Range<std::size_t>(1, 13));
+INSTANTIATE_TEST_SUITE_P(EachOperation, FaultAt, testing::Range<std::size_t>(1, 14));
 
 TEST_F(Faults, PastTheEndNothingFails) {
-  faulty_.FailAt(13);
+  faulty_.FailAt(14);
   EXPECT_EQ(Run(), 0);
   EXPECT_FALSE(faulty_.HasFailed());
 }
 
 TEST_F(Faults, FromOneOnAllFail) {
   faulty_.FailFrom(7);
-  EXPECT_EQ(Run(), 5);
+  EXPECT_EQ(Run(), 6);
   EXPECT_EQ(folder_.Read(u"a"), "abc");
   EXPECT_TRUE(folder_.Has(u"given2"));
 }

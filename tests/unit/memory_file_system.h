@@ -43,6 +43,7 @@ class MemoryFileSystem : public platform::FileSystem {
   void MakeFolder(platform::TextView) override {}
   std::vector<platform::Text> FileNames(platform::TextView) override { return {}; }
   std::vector<platform::Text> FolderNames(platform::TextView) override { return {}; }
+  void Flush(platform::TextView) override {}
 
  private:
   class MemoryFile : public platform::OpenedFile {

@@ -1,0 +1,159 @@
+// What a flush brings onto the disk, by what the kernel is asked for.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <string>
+
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/volatile_disk.h"
+
+namespace {
+
+using platform::Failure;
+using platform::FileSystem;
+using platform::OpenMode;
+using platform::Text;
+using platform::TextView;
+using testing_support::DiskEvent;
+using testing_support::DiskRecorder;
+using testing_support::DiskTree;
+using testing_support::VolatileDisk;
+
+using Kind = DiskEvent::Kind;
+
+constexpr int kFew = 20;
+constexpr int kMany = 300;
+
+class Flushing : public testing::Test {
+ protected:
+  Text Path(TextView name) const { return folder_.Path(name); }
+  void Write(TextView name, std::string_view bytes = "text", OpenMode mode = OpenMode::kReplace) {
+    const auto file = files_.Open(Path(name), mode, true);
+    file->Write(bytes);
+    file->Close();
+  }
+  // What a tool does with a book: folders, new files, copies, replaced ones, more of one.
+  void MakeBook(int pages) {
+    files_.MakeFolder(Path(u"Book"));
+    files_.MakeFolder(Path(u"Book\\TXT"));
+    for (int i = 0; i < pages; ++i) Write(u"Book\\TXT\\" + platform::FromNumber(i), "page");
+    Write(u"Book\\Index", "the first of its texts");
+    Write(u"Book\\Index", "the second of its texts");
+    Write(u"Book\\Index", " and more", OpenMode::kAppend);
+    files_.CopyFile(Path(u"Book\\Index"), Path(u"Book\\Copy"));
+    files_.CopyFile(Path(u"Book\\Index"), Path(u"Book\\TXT\\0"));
+    Write(u"Book\\gone", "nobody's");
+    files_.DeleteFile(Path(u"Book\\gone"));
+  }
+
+  // When nothing but what was flushed is on the disk.
+  DiskTree AfterCut() const {
+    VolatileDisk disk(before_);
+    for (const DiskEvent& event : DiskRecorder::Events()) disk.Take(event);
+    return disk.AfterCut({});
+  }
+  static std::ptrdiff_t Times(Kind kind) {
+    return std::ranges::count(DiskRecorder::Events(), kind, &DiskEvent::kind);
+  }
+
+  testing_support::TemporaryFolder folder_;
+  FileSystem& files_ = platform::HostFileSystem();
+  DiskTree before_;
+  DiskRecorder recorder_{folder_.HostPath()};
+};
+
+TEST_F(Flushing, OfFewFilesBringsEachOfThemAndItsName) {
+  MakeBook(kFew);
+  EXPECT_EQ(AfterCut(), DiskTree());
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+  EXPECT_EQ(Times(Kind::kFlushDisk), 0) << "waits for other programs";
+}
+
+TEST_F(Flushing, OfManyFilesBringsTheWholeDiskOnce) {
+  MakeBook(kMany);
+  files_.Flush(Path(u"Book\\"));
+  EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+  EXPECT_EQ(Times(Kind::kFlushDisk), 1);
+}
+
+TEST_F(Flushing, LeavesWhatLiesElsewhereForItsOwnFlush) {
+  Write(u"log", "a line that nobody waits for");
+  files_.MakeFolder(Path(u"Book"));
+  Write(u"Book\\a");
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut(), (DiskTree{{"Book", "/"}, {"Book/a", "text"}, {"log", ""}}));
+  files_.Flush(Path(u"log"));
+  EXPECT_EQ(AfterCut().at("log"), "a line that nobody waits for");
+}
+
+TEST_F(Flushing, OfWhatIsFlushedAlreadyAsksForNothing) {
+  MakeBook(kFew);
+  files_.Flush(Path(u"Book"));
+  const std::ptrdiff_t flushes = Times(Kind::kFlushFile);
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(Times(Kind::kFlushFile), flushes);
+}
+
+TEST_F(Flushing, FollowsLinks) {
+  files_.MakeFolder(Path(u"Book"));
+  files_.MakeFolder(Path(u"far"));
+  files_.MakeFolder(Path(u"away"));
+  Write(u"away\\file", "an old text");
+  std::filesystem::create_symlink("../far", folder_.HostPath("Book/TXT"));
+  std::filesystem::create_symlink("../away/file", folder_.HostPath("Book/Index"));
+  Write(u"Book\\TXT\\page");
+  Write(u"Book\\Index", "a new text");
+  files_.Flush(Path(u"Book"));
+  const auto flushed = [](const std::string& path) {
+    return std::ranges::any_of(DiskRecorder::Events(), [&](const DiskEvent& event) {
+      return event.kind == Kind::kFlushFolder && event.path == path;
+    });
+  };
+  EXPECT_TRUE(flushed("Book/TXT"));
+  EXPECT_TRUE(flushed("away"));
+}
+
+TEST_F(Flushing, WhereTheDiskSaysNoIsAFailureAndAllOfItIsStillToCome) {
+  for (const int pages : {kFew, kMany}) {
+    const Text book = u"Book" + platform::FromNumber(pages);
+    files_.MakeFolder(Path(book));
+    for (int i = 0; i < pages; ++i) Write(book + u"\\" + platform::FromNumber(i));
+    DiskRecorder::RefuseFlushes(EIO);
+    std::string failure;
+    platform::CatchingFailure([&] { files_.Flush(Path(book)); },
+                              [&](const Text& text) { failure = platform::ToUtf8(text); });
+    EXPECT_EQ(failure, "Can't flush " + platform::ToUtf8(Path(book)) + ": Input/output error");
+    DiskRecorder::RefuseFlushes(0);
+    files_.Flush(Path(book));
+    EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+  }
+}
+
+// Not even that is the disk's no.
+TEST_F(Flushing, OnAHostThatHasNoneIsNoFailure) {
+  Write(u"a");
+  DiskRecorder::RefuseFlushes(EINVAL);
+  files_.Flush(Path(u"a"));
+}
+
+TEST_F(Flushing, OfAFolderThatIsGoneIsAFailure) {
+  MakeBook(kFew);
+  std::filesystem::remove_all(folder_.HostPath("Book"));
+  EXPECT_THROW(files_.Flush(Path(u"Book")), Failure);
+  EXPECT_THROW(files_.Flush(u""), Failure);
+}
+
+TEST_F(Flushing, OfWhatOthersTookAwayMeanwhileIsNoFailure) {
+  MakeBook(kFew);
+  std::filesystem::remove_all(folder_.HostPath("Book/TXT"));
+  files_.Flush(Path(u"Book"));
+  files_.Flush(folder_.Path());
+}
+
+}  // namespace
