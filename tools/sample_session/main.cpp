@@ -1,8 +1,13 @@
 // sample_session [--dark] RESOURCES OUTPUT: makes the sample book in the real windows, as an editor
-// would; with --dark in the colours of a dark desktop.
+// would; with --dark in the colours of a dark desktop. Where ZORVAND_AT_BOX names a program, that
+// runs while a message box stands, with the box's text as its argument.
 #include <QApplication>
 #include <QPalette>
+#include <QProcess>
+#include <cstdlib>
 #include <iostream>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "platform/application.h"
@@ -29,11 +34,19 @@ QPalette DarkDesktop() {
   return palette;
 }
 
+void RunAtBox(const char* program, const std::string& text) {
+  const int status = QProcess::execute(QString::fromUtf8(program), {QString::fromStdString(text)});
+  if (status != 0) throw std::runtime_error("the program that runs at a box has failed");
+}
+
 int Run(const char* resources, const char* output) {
   int status = 0;
   platform::CatchingFailure(
       [&] {
         sample::Session session(resources, output);
+        if (const char* const program = std::getenv("ZORVAND_AT_BOX")) {
+          session.atBox = [program](const std::string& text) { RunAtBox(program, text); };
+        }
         session.Run();
         std::cout << "The sample book is in " << output << "/program/Data and exported to "
                   << output << "/program/Export, " << session.PicturesTaken()

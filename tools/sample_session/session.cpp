@@ -2,6 +2,7 @@
 
 #include <QListView>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QStringList>
 #include <QTextEdit>
@@ -83,7 +84,10 @@ Session::Session(const fs::path& resources, fs::path output)
   form3_.Wire(form6_);
   form1_.Wire(
       {.workbench = &form3_, .paragraph = &form6_, .help = &form4_, .exporting = &exportPass_});
-  robot_.onBox = [this](QWidget& box) { Save(box, QStringLiteral("box")); };
+  robot_.onBox = [this](QWidget& box) {
+    Save(box, QStringLiteral("box"));
+    if (atBox) atBox(dynamic_cast<QMessageBox&>(box).text().toStdString());
+  };
 }
 
 void Session::Run() {

@@ -34,6 +34,9 @@ class Session {
   // Throws std::runtime_error at the first thing that is not as it should be.
   void Run();
 
+  // Called with the text of each box before it is answered.
+  std::function<void(const std::string& text)> atBox;
+
   int PicturesTaken() const { return pictures_; }
 
  private:
