@@ -92,6 +92,8 @@ struct ControlRow {
   int interval = 0;  // of a timer, milliseconds
   Artwork artwork = Artwork::kNone;
   Growths grows = {};
+  Twips gapLeft = 0;    // of a tick box: where its caption leaves room for another control
+  Twips gapWidth = 0;   // 0: nowhere
   Twips markInset = 0;  // of a tick box: how far its mark keeps from the right edge
 };
 

@@ -59,6 +59,9 @@ struct Row : ControlRow {
   constexpr Row Every(int milliseconds) const { return With(&ControlRow::interval, milliseconds); }
   constexpr Row Hidden() const { return With(&ControlRow::hidden, true); }
   constexpr Row MarkInset(Twips inset) const { return With(&ControlRow::markInset, inset); }
+  constexpr Row Gap(Twips from, Twips size) const {
+    return With(&ControlRow::gapLeft, from).With(&ControlRow::gapWidth, size);
+  }
   constexpr Row Ticked() const { return With(&ControlRow::ticked, true); }
   constexpr Row Centred() const { return With(&ControlRow::centred, true); }
   constexpr Row RightAligned() const { return With(&ControlRow::rightAligned, true); }
@@ -313,7 +316,8 @@ constexpr std::array kForm3TextRows = std::to_array<ControlRow>({
     Row(Kind::kCheckBox, u"P22", {6450, 165, 5400, 210},
         u"حذف تمامي پاراگراف\u200Fها و ايجاد پاراگراف بر اساس           كلمه در هر سطر")
         .In(u"Frame3")
-        .MarkInset(195)  // its right end lies under HazC(12), and so chnd stands in the gap
+        .MarkInset(195)  // its right end lies under HazC(12)
+        .Gap(1365, 420)  // chnd stands in it
         .Grows(kMovesRight),
     Row(Kind::kTextBox, u"chnd", {7815, 135, 420, 285}, u"22")
         .Hint(u"از 10 تا 30")

@@ -27,9 +27,7 @@ const QString& Family() {
 constexpr int kWindowPixels = 11;
 constexpr int kRichTextPixels = 13;
 
-// What a line of the window's letters may take, and these words of it: as much as in the second of
-// those families.
-constexpr int kLineHeight = 14;
+// What these words may take: as much as in the second of those families.
 constexpr int kSampleWidth = 208;
 
 QString Sample() { return QStringLiteral("حذف تمامي پاراگراف\u200Cها و ايجاد پاراگراف بر اساس"); }
@@ -44,10 +42,8 @@ QFont FontOf(const QString& family, int pixels) {
 }  // namespace
 
 QFont WindowFontOf(const QString& family) {
-  int pixels = kWindowPixels;
-  QFont font = FontOf(family, pixels);
+  QFont font = FontOf(family, kWindowPixels);
   if (std::ranges::find(kDesignFamilies, family) != kDesignFamilies.end()) return font;
-  while (pixels > 1 && QFontMetrics(font).height() > kLineHeight) font.setPixelSize(--pixels);
   // A narrowed font is laid out without hints, so its width is no plain part of the full one.
   const auto isWide = [&] { return QFontMetrics(font).horizontalAdvance(Sample()) > kSampleWidth; };
   int stretch = QFont::Unstretched;

@@ -9,7 +9,7 @@ namespace platform {
 // is in pixels, as the controls' places are: a screen with other dots to the inch must not cut
 // captions.
 QFont WindowFont();
-// The same in a family of that name, smaller or narrower where its letters take more room.
+// The same in a family of that name, narrower where its letters take more room.
 QFont WindowFontOf(const QString& family);
 // The same at 9.75 point, for rich text boxes.
 QFont RichTextFont();

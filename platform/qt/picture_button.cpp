@@ -5,11 +5,17 @@
 #include <QStylePainter>
 
 #include "platform/qt/artwork.h"
+#include "platform/qt/caption_font.h"
 
 namespace platform {
 
 PictureButton::PictureButton(Artwork artwork, QWidget* parent)
     : QPushButton(parent), artwork_(artwork) {}
+
+void PictureButton::resizeEvent(QResizeEvent* event) {
+  QPushButton::resizeEvent(event);
+  FitCaption(*this);
+}
 
 void PictureButton::paintEvent(QPaintEvent* event) {
   if (artwork_ == Artwork::kNone) {
@@ -23,7 +29,8 @@ void PictureButton::paintEvent(QPaintEvent* event) {
   option.text.clear();
   painter.drawControl(QStyle::CE_PushButton, option);
 
-  const int captionHeight = caption.isEmpty() ? 0 : fontMetrics().height();
+  constexpr int kLineHeight = 14;  // pixels
+  const int captionHeight = caption.isEmpty() ? 0 : kLineHeight;
   QRect room = rect().adjusted(4, 3, -4, -3 - captionHeight);
   if (isDown()) room.translate(1, 1);
   painter.setOpacity(isEnabled() ? 1.0 : 0.4);
@@ -33,8 +40,12 @@ void PictureButton::paintEvent(QPaintEvent* event) {
   DrawArtwork(painter, artwork_, square, GroundOf(palette()));
   if (!caption.isEmpty()) {
     const QRect line(rect().left(), room.bottom(), rect().width(), captionHeight);
-    painter.drawItemText(line, Qt::AlignCenter | Qt::TextHideMnemonic, palette(), isEnabled(),
-                         caption, QPalette::ButtonText);
+    QTextOption middle(Qt::AlignHCenter);
+    middle.setTextDirection(layoutDirection());
+    middle.setWrapMode(QTextOption::NoWrap);
+    painter.setPen(palette().color(QPalette::ButtonText));
+    DrawCaption(painter, QString(caption).replace(QStringLiteral("&&"), QStringLiteral("&")), line,
+                middle);
   }
 }
 

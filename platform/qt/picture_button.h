@@ -13,6 +13,7 @@ class PictureButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   Artwork artwork_;

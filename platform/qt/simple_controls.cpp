@@ -7,9 +7,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include "platform/caption.h"
 #include "platform/qt/artwork.h"
+#include "platform/qt/caption_font.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/key_watcher.h"
 #include "platform/qt/path_edit.h"
@@ -41,21 +43,95 @@ class InsetButton : public ButtonType {
     ButtonType::initStyleOption(option);
     option->rect.adjust(0, 0, -inset_, 0);
   }
+  void resizeEvent(QResizeEvent* event) override {
+    ButtonType::resizeEvent(event);
+    FitCaption(*this);
+  }
 
  private:
   int inset_;
 };
 
+// A tick box in whose caption another control stands. However wide its blanks are in a font, the
+// words in front of them end where that control begins, and the others begin where it ends.
+class GapCheckBox : public InsetButton<QCheckBox> {
+ public:
+  GapCheckBox(const ControlRow& row, QWidget* parent)
+      : InsetButton(row, parent),
+        gapLeft_(ToPixels(row.gapLeft)),
+        gapRight_(ToPixels(row.gapLeft + row.gapWidth)) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const Halves halves = TheHalves();
+    option.text.clear();
+    painter.drawControl(QStyle::CE_CheckBox, option);
+    const auto draw = [&](const Half& half) {
+      painter.drawItemText(half.room, kFromRight, palette(), isEnabled(), half.words,
+                           QPalette::WindowText);
+    };
+    draw(halves.before);
+    draw(halves.behind);
+    if (!hasFocus() || (option.state & QStyle::State_KeyboardFocusChange) == 0) return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = halves.before.room;
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    QCheckBox::resizeEvent(event);
+    const Halves halves = TheHalves();
+    const QFont before = CaptionFont(halves.before.words, halves.before.room.size());
+    const QFont behind = CaptionFont(halves.behind.words, halves.behind.room.size());
+    setFont(before.pixelSize() < behind.pixelSize() ? before : behind);
+  }
+
+ private:
+  struct Half {
+    QString words;
+    QRect room;
+  };
+  struct Halves {
+    Half before;
+    Half behind;
+  };
+  static constexpr int kFromRight =
+      Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextForceRightToLeft;
+
+  Halves TheHalves() const {
+    constexpr int kSpace = 4;  // pixels between the words and the other control
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QRect all = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+    const QStringList words = text().split(QStringLiteral("   "), Qt::SkipEmptyParts);
+    QRect before = rect();
+    before.setLeft(gapRight_ + kSpace);
+    before.setRight(all.right());
+    QRect behind = rect();
+    behind.setRight(gapLeft_ - kSpace);
+    return {{words.first().trimmed(), before}, {words.last().trimmed(), behind}};
+  }
+
+  int gapLeft_;
+  int gapRight_;
+};
+
 // Tick boxes and options stand on the right of their captions.
-template <typename ButtonType>
-std::unique_ptr<Control::Peer> MakeTickable(const ControlRow& row, QWidget* parent) {
+std::unique_ptr<Control::Peer> PeerOfTickable(const ControlRow& row, QAbstractButton* button) {
   auto peer = std::make_unique<Control::Peer>();
-  auto* button = new InsetButton<ButtonType>(row, parent);
   button->setLayoutDirection(Qt::RightToLeft);
   button->setChecked(row.ticked);
   peer->caption = row.text;
   peer->widget = button;
   return peer;
+}
+
+QCheckBox* NewCheckBox(const ControlRow& row, QWidget* parent) {
+  if (row.gapWidth > 0) return new GapCheckBox(row, parent);
+  return new InsetButton<QCheckBox>(row, parent);
 }
 
 // Of the options of one name in one parent one is on. The toolkit's own rule would count in those
@@ -69,6 +145,38 @@ QButtonGroup& GroupOf(const ControlRow& row, QWidget* parent) {
   }
   return *group;
 }
+
+// A caption whose line stands where it does in the font of the design, however much room a font
+// leaves above its letters. A caption that is too wide gets smaller; a path is cut where it ends.
+class CaptionLabel : public QLabel {
+ public:
+  CaptionLabel(const ControlRow& row, QWidget* parent)
+      : QLabel(ToQString(ShownCaption(row.text)), parent), isPath_(row.leftToRight) {}
+  void SetWords(const QString& words) {
+    setText(words);
+    Fit();
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    Fit();
+  }
+  void paintEvent(QPaintEvent*) override {
+    QTextOption option(alignment());
+    option.setTextDirection(layoutDirection());
+    option.setWrapMode(QTextOption::NoWrap);
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    DrawCaption(painter, text(), rect(), option);
+  }
+
+ private:
+  void Fit() {
+    if (!isPath_) setFont(CaptionFont(text(), size()));
+  }
+  bool isPath_;
+};
 
 // An artwork, drawn anew at whatever size and density it is shown.
 class PictureWidget : public QWidget {
@@ -108,7 +216,7 @@ std::unique_ptr<Control::Peer> MakePicture(const ControlRow& row, QWidget* paren
 
 std::unique_ptr<Control::Peer> MakeLabel(const ControlRow& row, QWidget* parent) {
   auto peer = std::make_unique<Control::Peer>();
-  auto* label = new QLabel(ToQString(ShownCaption(row.text)), parent);
+  auto* label = new CaptionLabel(row, parent);
   label->setTextFormat(Qt::PlainText);
   label->setAttribute(Qt::WA_TransparentForMouseEvents);
   label->setAlignment((row.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop |
@@ -138,7 +246,7 @@ std::unique_ptr<Control::Peer> MakeButton(const ControlRow& row, QWidget* parent
 
 std::unique_ptr<Control::Peer> MakeCheckBox(const ControlRow& row, QWidget* parent,
                                             CheckBox* control) {
-  auto peer = MakeTickable<QCheckBox>(row, parent);
+  auto peer = PeerOfTickable(row, NewCheckBox(row, parent));
   if (control != nullptr) {
     auto* box = static_cast<QCheckBox*>(peer->widget);
     QObject::connect(box, &QCheckBox::clicked, &peer->anchor,
@@ -152,7 +260,7 @@ std::unique_ptr<Control::Peer> MakeCheckBox(const ControlRow& row, QWidget* pare
 
 std::unique_ptr<Control::Peer> MakeOption(const ControlRow& row, QWidget* parent,
                                           OptionButton* control) {
-  auto peer = MakeTickable<QRadioButton>(row, parent);
+  auto peer = PeerOfTickable(row, new InsetButton<QRadioButton>(row, parent));
   GroupOf(row, parent).addButton(static_cast<QRadioButton*>(peer->widget));
   if (control != nullptr) {
     auto* option = static_cast<QRadioButton*>(peer->widget);
@@ -170,7 +278,7 @@ Text Label::Caption() const { return ThePeer().caption; }
 void Label::SetCaption(TextView caption) {
   ThePeer().caption = caption;
   const QString shown = ToQString(ShownCaption(caption));
-  static_cast<QLabel*>(ThePeer().widget)->setText(shown);
+  static_cast<CaptionLabel*>(ThePeer().widget)->SetWords(shown);
   ThePeer().widget->setAccessibleName(shown);
 }
 
@@ -179,6 +287,7 @@ Text Button::Caption() const { return ThePeer().caption; }
 void Button::SetCaption(TextView caption) {
   ThePeer().caption = caption;
   ButtonOf(*this).setText(ButtonText(caption));
+  FitCaption(ButtonOf(*this));
   ThePeer().widget->setAccessibleName(ToQString(ShownCaption(caption)));
 }
 
