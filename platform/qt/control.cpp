@@ -6,6 +6,7 @@
 #include "platform/caption.h"
 #include "platform/controls.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/edges.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
 #include "platform/rich_text_box.h"
@@ -128,10 +129,17 @@ QWidget& WidgetOf(const Control& control) {
   return *widget;
 }
 
+bool HasEdge(ControlKind kind) {
+  return kind == ControlKind::kTextBox || kind == ControlKind::kCheckBox ||
+         kind == ControlKind::kOption || kind == ControlKind::kListBox ||
+         kind == ControlKind::kFolderList || kind == ControlKind::kFileList;
+}
+
 void SetDesign(const ControlRow& row, Control::Peer& peer) {
   QWidget& widget = *peer.widget;
   widget.setObjectName(ObjectName(row.name, row.index));
   if (!row.hint.empty()) widget.setToolTip(ToQString(ShownCaption(row.hint)));
+  if (HasEdge(row.kind)) MakeEdgeVisible(widget);
   if (!row.tabStop) widget.setFocusPolicy(Qt::NoFocus);
   if (!row.enabled) widget.setEnabled(false);
   if (row.hidden) widget.hide();

@@ -137,9 +137,9 @@ bool TextBox::Locked() const { return PeerOf<TextBoxPeer>(*this).Edit().isReadOn
 void TextBox::SetLocked(bool locked) {
   QLineEdit& edit = PeerOf<TextBoxPeer>(*this).Edit();
   edit.setReadOnly(locked);
-  QPalette palette = ReadableWhenOff();
+  QPalette palette = edit.palette();
   const QPalette ofWindow = edit.window()->palette();
-  if (locked) palette.setColor(QPalette::Base, ofWindow.color(QPalette::Window));
+  palette.setColor(QPalette::Base, ofWindow.color(locked ? QPalette::Window : QPalette::Base));
   edit.setPalette(palette);
 }
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QTextEdit>
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -32,6 +33,24 @@ constexpr std::array kRows = std::to_array<ControlRow>({
      .height = 300,
      .text = u"متن",
      .enabled = false},
+    {.name = u"tick",
+     .kind = ControlKind::kCheckBox,
+     .left = 1500,
+     .top = 300,
+     .width = 750,
+     .height = 300},
+    {.name = u"option",
+     .kind = ControlKind::kOption,
+     .left = 2250,
+     .top = 300,
+     .width = 750,
+     .height = 300},
+    {.name = u"list",
+     .kind = ControlKind::kListBox,
+     .left = 1650,
+     .top = 750,
+     .width = 1200,
+     .height = 600},
 });
 constexpr WindowDefinition kWindow = {
     .name = u"Dark", .title = u"", .width = 3000, .height = 1500, .rows = kRows};
@@ -98,6 +117,22 @@ TEST_P(DarkDesktop, AFieldThatIsOffCanBeRead) {
   EXPECT_GE(Contrast(colours.color(QPalette::Disabled, QPalette::Text),
                      colours.color(QPalette::Disabled, QPalette::Base)),
             3.0);
+}
+
+TEST_P(DarkDesktop, FieldsMarksAndListsHaveAnEdge) {
+  SmallWindow window(kWindow);
+  window.Show();
+  const QImage shown = window.OnScreen().grab().toImage();
+  for (const char* name : {"page", "field", "tick", "option", "list"}) {
+    const QRect place = Robot::Find("Dark", name).geometry();
+    double strongest = 1;
+    for (int x = place.left(); x <= place.right(); ++x) {
+      const QColor pixel = shown.pixelColor(x, place.center().y());
+      strongest = std::max(strongest, Contrast(pixel, GetParam()));
+    }
+    // What shows a control's place may have three (WCAG 2.1, 1.4.11); a light desktop has its own.
+    EXPECT_GE(strongest, GetParam() == kDark ? 3.0 : 1.5) << name;
+  }
 }
 
 TEST_P(DarkDesktop, DrawingsStandOut) {
