@@ -2,10 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "export/print_page.h"
 #include "export/script.h"
@@ -56,6 +58,46 @@ TEST(DeliveredScript, MakesAndCopiesWhatABookNeeds) {
   EXPECT_THAT(script.copyFolder, ElementsAre(u"TXT => Data\\TXT", u"_xml => Data\\_xml",
                                              u"IMG => Data\\IMG", u"FlashIMG => Data\\FlashIMG"));
   EXPECT_THAT(script.copyFile, ElementsAre(u"main.exe => root"));
+}
+
+// The grammar allows any path, and an export writes over what is there.
+bool LeadsOut(TextView path) {
+  if (path.starts_with(u"\\") || path.starts_with(u"/")) return true;
+  if (path.find(u':') != TextView::npos || path.find(u'/') != TextView::npos) return true;
+  const std::vector<Text> names = platform::Split(path, u"\\");
+  return std::any_of(names.begin(), names.end(), [](const Text& name) {
+    const TextView trimmed = platform::Trim(name);
+    return trimmed.empty() || trimmed == u"." || trimmed == u"..";
+  });
+}
+
+TEST(DeliveredScript, StaysInsideTheProjectTheResourcesAndTheExport) {
+  const exporting::ExportScript script = exporting::CutScript(Script());
+  std::vector<Text> paths = script.makeFolder;
+  for (const Text& line : script.copyFolder) {
+    paths.push_back(exporting::SplitCopyLine(line).source);
+    paths.push_back(exporting::SplitCopyLine(line).target);
+  }
+  for (const Text& line : script.copyFile) {
+    const auto [source, target] = exporting::SplitCopyLine(line);
+    paths.push_back(source);
+    ASSERT_TRUE(target.starts_with(u"root")) << platform::ToUtf8(line);
+    const Text below = exporting::WithoutRootWord(target);
+    if (below.empty()) continue;  // the export's own folder
+    EXPECT_TRUE(below.starts_with(u"\\")) << platform::ToUtf8(line);
+    paths.push_back(below.substr(1));
+  }
+  for (const Text& path : paths) EXPECT_FALSE(LeadsOut(path)) << platform::ToUtf8(path);
+}
+
+TEST(DeliveredScript, WhatLeadsOutIsKnown) {
+  for (const TextView path : {u"..", u"Data\\..\\..", u"\\Data", u"C:\\Data", u"Data/TXT", u"/etc",
+                              u"Data\\ ..", u".\\Data", u""}) {
+    EXPECT_TRUE(LeadsOut(path)) << platform::ToUtf8(path);
+  }
+  for (const TextView path : {u"Data", u"Data\\TXT", u"main.exe", u"a..b"}) {
+    EXPECT_FALSE(LeadsOut(path)) << platform::ToUtf8(path);
+  }
 }
 
 TEST(DeliveredScript, IsWrittenInTheMachinesCodePageWithWholeLineEnds) {
