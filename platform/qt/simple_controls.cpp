@@ -45,8 +45,9 @@ class InsetButton : public ButtonType {
   }
   void resizeEvent(QResizeEvent* event) override {
     ButtonType::resizeEvent(event);
-    FitCaption(*this);
+    Fit();
   }
+  virtual void Fit() { FitCaption(*this); }
 
  private:
   int inset_;
@@ -81,8 +82,7 @@ class GapCheckBox : public InsetButton<QCheckBox> {
     focus.rect = halves.before.room;
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
   }
-  void resizeEvent(QResizeEvent* event) override {
-    QCheckBox::resizeEvent(event);
+  void Fit() override {
     const Halves halves = TheHalves();
     const QFont before = CaptionFont(halves.before.words, halves.before.room.size());
     const QFont behind = CaptionFont(halves.behind.words, halves.behind.room.size());
