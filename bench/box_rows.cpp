@@ -7,6 +7,7 @@
 
 #include "bench/bare_edit.h"
 #include "bench/desk.h"
+#include "bench/paint_watch.h"
 #include "bench/texts.h"
 #include "platform/encoding.h"
 
@@ -17,31 +18,6 @@ using platform::Position;
 using testing_support::Robot;
 
 constexpr std::size_t kMegabyte = 1024 * 1024;
-
-// Sees an editor's next paint.
-class PaintWatch : public QObject {
- public:
-  explicit PaintWatch(QTextEdit& edit) : edit_(edit) { edit.viewport()->installEventFilter(this); }
-
-  // Does the work, then lets events run until the editor has painted what came of it.
-  double SecondsToPaint(const std::function<void()>& work) {
-    hasPainted_ = false;
-    return SecondsOf([&] {
-      work();
-      while (!hasPainted_) QCoreApplication::processEvents();
-    });
-  }
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    hasPainted_ |= event->type() == QEvent::Paint;
-    return false;
-  }
-
- private:
-  QTextEdit& edit_;
-  bool hasPainted_ = false;
-};
 
 // The desk with one input text opened, and beside it the bare editor with the same text.
 class TwoBoxes {

@@ -17,6 +17,8 @@
 #include "bench/editor_rows.h"
 #include "bench/export_rows.h"
 #include "bench/gallery_rows.h"
+#include "bench/long_text_rows.h"
+#include "bench/marking_rows.h"
 #include "bench/paragraph_rows.h"
 #include "bench/process_rows.h"
 #include "bench/reported.h"
@@ -30,7 +32,7 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 21> kRows = {
+const std::array<bench::NamedRow, 26> kRows = {
     {{"build", bench::MeasureTextBuild},
      {"media", bench::MeasureMediaBuild},
      {"mixed", bench::MeasureMixedBuild},
@@ -45,6 +47,11 @@ const std::array<bench::NamedRow, 21> kRows = {
      {"rtf", bench::MeasureRichText},
      {"f3", bench::MeasureMarking},
      {"entry", bench::MeasureOpeningEntry},
+     {"endless-word", bench::MeasureEndlessWord},
+     {"formats", bench::MeasureWordOfFormats},
+     {"empty", bench::MeasureOpeningEmptyParagraphs},
+     {"empty-close", bench::MeasureClosingEmptyParagraphs},
+     {"f3-more", bench::MeasureMarkingMore},
      {"scroll", bench::MeasureScrollStep},
      {"start", bench::MeasureStart},
      {"start-offscreen", bench::MeasureStartOffscreen},
