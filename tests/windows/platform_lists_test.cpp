@@ -282,6 +282,7 @@ class PlatformListBesideTheToolkits : public PlatformLists {
     plain_ = new QListWidget(&window.OnScreen());
     plain_->setGeometry(Own().geometry());
     plain_->setLayoutDirection(Own().layoutDirection());
+    plain_->setItemDelegate(Own().itemDelegate());  // places are compared, not letters
     plain_->setUniformItemSizes(true);
     plain_->setTextElideMode(Qt::ElideRight);
     plain_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
