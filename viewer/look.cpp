@@ -15,7 +15,8 @@ namespace {
 
 constexpr int kLongestCaption = 400;
 constexpr qsizetype kLongestTipWord = 40;
-constexpr int kWidestPath = 300;  // pixels, so that it stays on one line of a box
+constexpr qsizetype kLongestEnding = 12;
+constexpr int kWidestPath = 300;  // pixels before its ending, so that it stays on one line of a box
 constexpr QChar kDots(0x2026);
 constexpr qreal kLineSpacing = 1.12;  // marks above and below letters need their room
 
@@ -175,7 +176,13 @@ QString AsToolTip(const QString& text) {
 QString AsPath(const QString& path) {
   const QFontMetrics metrics(ViewerFont(kCaptionPixels));
   const QString name = WithSigns(WithoutTurns(EndsOf(path)));
-  return QChar(0x2066) + metrics.elidedText(name, Qt::ElideMiddle, kWidestPath) + QChar(0x2069);
+  // What the file is stays in sight, however wide the letters before it are.
+  const qsizetype dot = name.lastIndexOf(u'.');
+  const QString ending =
+      dot < 0 || name.size() - dot > kLongestEnding ? QString() : name.sliced(dot);
+  const QString rest = name.chopped(ending.size());
+  return QChar(0x2066) + metrics.elidedText(rest, Qt::ElideMiddle, kWidestPath) + ending +
+         QChar(0x2069);
 }
 
 void DrawText(QPainter& painter, const QRect& box, const QString& text, int lines,
