@@ -109,7 +109,8 @@ const std::vector<DiskEvent>& DiskRecorder::Events() { return TheRecording().eve
 
 }  // namespace testing_support
 
-// The C library's own names and declarations.
+// The C library's own names and declarations; those of its arguments are reserved words.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 
 using testing_support::Kind;
 using testing_support::Library;
@@ -205,3 +206,4 @@ int syncfs(int file) noexcept {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -17,7 +17,7 @@ using platform::Text;
 
 class FilesWithoutMemory : public testing::Test {
  protected:
-  ~FilesWithoutMemory() override { testing_support::LetAllocationsBe(); }
+  void TearDown() override { testing_support::LetAllocationsBe(); }
 
   testing_support::TemporaryFolder folder_;
   FileSystem& files_ = platform::HostFileSystem();
