@@ -30,7 +30,7 @@ class Reaching : public testing::TestWithParam<const char*> {
 
   // The hostile medium of that name as a file.
   QString Written(const std::string& name) const {
-    const QString path = watched_.PathOf(QString::fromStdString(name) + QStringLiteral(".mp3"));
+    QString path = watched_.PathOf(QString::fromStdString(name) + QStringLiteral(".mp3"));
     for (const auto& medium : HostileMedia({watched_.Lure(), kAddress.toStdString()})) {
       QFile file(path);
       if (medium.name == name && file.open(QIODevice::WriteOnly)) {

@@ -8,9 +8,12 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "tests/media/hostile_media.h"
 #include "tests/media/media_bytes.h"
@@ -27,6 +30,7 @@ using viewer_tests::Find;
 
 // A player that can't come to an end may be what a hostile medium wants.
 constexpr int kPatience = 3'000;
+constexpr int kLongPatience = 60'000;  // for what does come to an end
 
 bool Await(const std::function<bool()>& holds, int patience = kPatience) {
   return QTest::qWaitFor(holds, patience);
@@ -90,7 +94,7 @@ class Boxes : public QObject {
   }
 };
 
-bool HasEnded(const QWidget& film) {
+bool IsOver(const QWidget& film) {
   const QMediaPlayer::MediaStatus status = film.findChild<QMediaPlayer*>()->mediaStatus();
   return status == QMediaPlayer::InvalidMedia || status == QMediaPlayer::EndOfMedia;
 }
@@ -112,7 +116,7 @@ void ReadBook(const viewer_tests::BookMaker& book) {
   Click(window, u"film"_s);
   QWidget* const film = viewer_tests::TopLevel(u"film"_s);
   if (!film) return;
-  Await([&] { return HasEnded(*film); });
+  Await([&] { return IsOver(*film); });
   film->close();
 }
 
@@ -131,39 +135,74 @@ void ReadHostileBooks(const media_tests::Lures& lures, const QString& only) {
   }
 }
 
-std::string EndOfSound(std::unique_ptr<viewer::Medium> medium) {
-  std::string end = "no end";
-  const auto player = viewer::MakeMediaPlayer();
-  player->onEnd = [&end](bool played) { end = played ? "played" : "can't be played"; };
-  player->Play(std::move(medium));
-  Await([&] { return end != "no end"; }, 10'000);
-  return end;
-}
+// A sample that plays; all of them play at once.
+class Trial {
+ public:
+  virtual ~Trial() = default;
+  virtual bool HasEnded() const = 0;
+  virtual std::string End() const = 0;
+};
 
-std::string EndOfFilm(std::unique_ptr<viewer::Medium> medium) {
-  qint64 furthest = 0;
-  auto* const film = new viewer::FilmWindow(std::move(medium), u"film"_s, nullptr);
-  QObject::connect(film->findChild<QMediaPlayer*>(), &QMediaPlayer::positionChanged, film,
-                   [&furthest](qint64 at) { furthest = std::max(furthest, at); });
-  film->show();
-  Await([&] { return HasEnded(*film); }, 10'000);
-  const bool isSilent = film->findChild<QMediaPlayer*>()->error() == QMediaPlayer::NoError;
-  const bool hasEnded = HasEnded(*film);
-  delete film;
-  return !isSilent ? "can't be played" : !hasEnded ? "no end" : furthest > 0 ? "played" : "stood";
+class UnknownTrial : public Trial {
+ public:
+  bool HasEnded() const override { return true; }
+  std::string End() const override { return "not known"; }
+};
+
+class SoundTrial : public Trial {
+ public:
+  explicit SoundTrial(std::unique_ptr<viewer::Medium> medium) : player_(viewer::MakeMediaPlayer()) {
+    player_->onEnd = [this](bool played) { end_ = played ? "played" : "can't be played"; };
+    player_->Play(std::move(medium));
+  }
+  bool HasEnded() const override { return !end_.empty(); }
+  std::string End() const override { return end_.empty() ? "no end" : end_; }
+
+ private:
+  std::unique_ptr<viewer::Player> player_;
+  std::string end_;
+};
+
+class FilmTrial : public Trial {
+ public:
+  explicit FilmTrial(std::unique_ptr<viewer::Medium> medium)
+      : film_(std::move(medium), u"film"_s, nullptr) {
+    QObject::connect(&Player(), &QMediaPlayer::positionChanged, &film_,
+                     [this](qint64 at) { furthest_ = std::max(furthest_, at); });
+    film_.setAttribute(Qt::WA_DeleteOnClose, false);
+    film_.show();
+  }
+  bool HasEnded() const override { return IsOver(film_); }
+  std::string End() const override {
+    if (Player().error() != QMediaPlayer::NoError) return "can't be played";
+    if (!HasEnded()) return "no end";
+    return furthest_ > 0 ? "played" : "stood";
+  }
+
+ private:
+  QMediaPlayer& Player() const { return *film_.findChild<QMediaPlayer*>(); }
+
+  viewer::FilmWindow film_;
+  qint64 furthest_ = 0;
+};
+
+std::unique_ptr<Trial> Begin(const viewer_tests::BookMaker& book, const std::string& name) {
+  const QString path = QStringLiteral("Data/TXT/") + QString::fromStdString(name);
+  book.WriteBytes(path, QByteArray::fromStdString(media_tests::Sample(name)));
+  auto medium = viewer::Medium::Open(book.Book(), book.PathOf(path));
+  if (!medium) return std::make_unique<UnknownTrial>();
+  if (name.starts_with("film")) return std::make_unique<FilmTrial>(std::move(medium));
+  return std::make_unique<SoundTrial>(std::move(medium));
 }
 
 void PlaySamples() {
   const viewer_tests::BookMaker book;
-  for (const char* name : media_tests::kSamples) {
-    const QString path = QStringLiteral("Data/TXT/") + QLatin1String(name);
-    book.WriteBytes(path, QByteArray::fromStdString(media_tests::Sample(name)));
-    auto medium = viewer::Medium::Open(book.Book(), book.PathOf(path));
-    const bool isFilm = std::string(name).starts_with("film");
-    const std::string end = !medium  ? "not known"
-                            : isFilm ? EndOfFilm(std::move(medium))
-                                     : EndOfSound(std::move(medium));
-    Say(std::string(name) + " " + end);
+  std::vector<std::unique_ptr<Trial>> trials;
+  for (const char* name : media_tests::kSamples) trials.push_back(Begin(book, name));
+  Await([&] { return std::ranges::all_of(trials, [](const auto& t) { return t->HasEnded(); }); },
+        kLongPatience);
+  for (std::size_t i = 0; i < trials.size(); ++i) {
+    Say(std::string(media_tests::kSamples[i]) + " " + trials[i]->End());
   }
 }
 
