@@ -17,7 +17,7 @@ constexpr std::uint64_t kNanosecondsOfHeldBlock = 150;
 constexpr std::uint64_t kNanosecondsOfBlockInScan = 7;
 constexpr std::uint64_t kNanosecondsOfByte = 11;
 constexpr std::uint64_t kNanosecondsOfByteInScans = 45;
-constexpr std::uint64_t kBytesOfHeldBlock = 64 * 2;
+constexpr std::uint64_t kBytesOfHeldBlock = 64ULL * 2;
 // In four components or one, and the same again for whoever makes it smaller.
 constexpr std::uint32_t kBytesOfPixel = 9;
 constexpr std::uint32_t kNanosecondsOfPixel = 8;
@@ -39,7 +39,7 @@ struct Frame {
 };
 
 unsigned Byte(std::string_view bytes, std::size_t at) {
-  return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
+  return static_cast<unsigned>(BigEndian(bytes, at, 1));
 }
 
 bool StandsAlone(unsigned marker) { return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7); }

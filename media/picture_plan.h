@@ -8,7 +8,7 @@
 
 namespace media {
 
-inline constexpr std::uint64_t kMegabyte = 1024 * 1024;
+inline constexpr std::uint64_t kMegabyte = 1ULL << 20U;
 // A process spends no more than 256 MB on pictures: this on all that it decodes at a time, ...
 inline constexpr std::uint64_t kDecodingMemory = 160 * kMegabyte;
 // ... and this on what it keeps to show.
@@ -34,6 +34,17 @@ std::string WhyNotRead(std::uint64_t length);
 // The largest size of the same shape that takes no more than so many bytes once it is decoded, at
 // least 1 x 1; `size` itself, if it fits.
 PictureSize WithinMemory(PictureSize size, std::uint64_t bytes);
+
+// From a toolkit's own size, at least 1 x 1, and back.
+template <typename Size>
+PictureSize FromToolkit(const Size& size) {
+  const auto side = [](int pixels) { return static_cast<std::uint32_t>(pixels < 1 ? 1 : pixels); };
+  return {side(size.width()), side(size.height())};
+}
+template <typename Size>
+Size ToToolkit(PictureSize size) {
+  return {static_cast<int>(size.width), static_cast<int>(size.height)};
+}
 
 // The decoders' name for the format; empty for none.
 std::string_view FormatName(PictureKind kind);

@@ -25,16 +25,6 @@ QSize SizeShown(QSize whole, QSize box, Fit fit) {
   return whole.scaled(box, Qt::KeepAspectRatio);
 }
 
-media::PictureSize SizeOf(QSize size) {
-  const QSize bounded = size.expandedTo({1, 1});
-  return {static_cast<std::uint32_t>(bounded.width()),
-          static_cast<std::uint32_t>(bounded.height())};
-}
-
-QSize SizeOf(media::PictureSize size) {
-  return {static_cast<int>(size.width), static_cast<int>(size.height)};
-}
-
 // Of the process, whichever window asks.
 media::Turns::Turn Turn(std::uint64_t bytes) {
   static media::Turns turns(media::kDecodingMemory);
@@ -45,15 +35,17 @@ media::Turns::Turn Turn(std::uint64_t bytes) {
 class Reader {
  public:
   Reader(QByteArray& bytes, media::PictureKind kind) : device_(&bytes) {
-    static const bool kIsLifted = [] {  // the toolkit's own limit is the same for all programs
-      QImageReader::setAllocationLimit(static_cast<int>(media::kDecodingMemory / media::kMegabyte));
-      return true;
-    }();
+    [[maybe_unused]] static const bool kIsLifted =
+        [] {  // the toolkit's own limit is the same for all programs
+          QImageReader::setAllocationLimit(
+              static_cast<int>(media::kDecodingMemory / media::kMegabyte));
+          return true;
+        }();
     device_.open(QIODevice::ReadOnly);
     reader_.setDevice(&device_);
     const std::string_view name = media::FormatName(kind);
     reader_.setFormat({name.data(), static_cast<qsizetype>(name.size())});
-    reader_.setAutoDetectImageFormat(!kIsLifted);
+    reader_.setAutoDetectImageFormat(false);
     reader_.setAutoTransform(true);
   }
   bool LiesOnItsSide() const {
@@ -86,14 +78,15 @@ Plan PlanFor(QByteArray bytes, QSize box, Fit fit, quint64 most) {
   plan.whyNot = media::WhyNotDecoded(header, {});
   if (!plan.whyNot.empty()) return plan;
   const bool lies = Reader(bytes, header.kind).LiesOnItsSide();
-  const QSize whole = SizeOf(header.size);
+  const auto whole = media::ToToolkit<QSize>(header.size);
   const QSize shown =
       SizeShown(lies ? whole.transposed() : whole, box.expandedTo({1, 1}), fit).expandedTo({1, 1});
-  const media::PictureSize decoded = media::WithinMemory(SizeOf(shown), most);
+  const media::PictureSize decoded = media::WithinMemory(media::FromToolkit(shown), most);
   plan.finer = static_cast<double>(decoded.width) / shown.width();
-  plan.decoded = lies ? SizeOf(decoded).transposed() : SizeOf(decoded);
-  plan.need = media::NeedOf(header, SizeOf(plan.decoded));
-  plan.whyNot = media::WhyNotDecoded(header, SizeOf(plan.decoded));
+  const auto upright = media::ToToolkit<QSize>(decoded);
+  plan.decoded = lies ? upright.transposed() : upright;
+  plan.need = media::NeedOf(header, media::FromToolkit(plan.decoded));
+  plan.whyNot = media::WhyNotDecoded(header, media::FromToolkit(plan.decoded));
   return plan;
 }
 

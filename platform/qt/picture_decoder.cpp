@@ -12,17 +12,7 @@ namespace platform {
 namespace {
 
 // As much memory is kept for the next picture: new pages cost as much as the reading itself.
-constexpr qint64 kKept = 16 * 1024 * 1024;
-
-media::PictureSize SizeOf(QSize size) {
-  const QSize bounded = size.expandedTo({1, 1});
-  return {static_cast<std::uint32_t>(bounded.width()),
-          static_cast<std::uint32_t>(bounded.height())};
-}
-
-QSize SizeOf(media::PictureSize size) {
-  return {static_cast<int>(size.width), static_cast<int>(size.height)};
-}
+constexpr qint64 kKept = qint64{16} << 20;
 
 // The toolkit's own limit is the same for all programs.
 void LiftToolkitsLimit() {
@@ -32,7 +22,7 @@ void LiftToolkitsLimit() {
 }  // namespace
 
 QSize WithinMemory(QSize size, quint64 bytes) {
-  return SizeOf(media::WithinMemory(SizeOf(size), bytes));
+  return media::ToToolkit<QSize>(media::WithinMemory(media::FromToolkit(size), bytes));
 }
 
 DecodedPicture DecodePicture(QByteArray& file, const std::function<QSize(QSize whole)>& shown) {
@@ -52,11 +42,11 @@ DecodedPicture DecodePicture(QByteArray& file, const std::function<QSize(QSize w
   reader.setAutoDetectImageFormat(false);
   reader.setAutoTransform(true);
   const bool lies = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
-  const QSize whole = SizeOf(header.size);
+  const auto whole = media::ToToolkit<QSize>(header.size);
   decoded.whole = lies ? whole.transposed() : whole;
   const QSize upright = shown(decoded.whole).expandedTo({1, 1});
   const QSize size = lies ? upright.transposed() : upright;
-  if (isRefused(SizeOf(size))) return decoded;
+  if (isRefused(media::FromToolkit(size))) return decoded;
   // A JPEG decoder that knows the size wanted leaves out most of the work.
   reader.setScaledSize(size);
   decoded.picture = reader.read();

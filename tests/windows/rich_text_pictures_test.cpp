@@ -16,7 +16,6 @@ namespace {
 
 using namespace testing_support;
 using platform::Text;
-using platform::rtf::Document;
 using platform::rtf::Picture;
 using platform::rtf::PictureKind;
 
