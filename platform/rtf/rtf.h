@@ -16,9 +16,9 @@ namespace platform::rtf {
 //
 // The body is all that is read: headers, footers, foot- and endnotes, comments, hidden and deleted
 // text are left out. What a writer puts down for readers that don't know its feature is taken as
-// text: a list's labels, a field's and an object's result. The text of a box in the page stands
-// where the box is anchored. A paragraph that names no alignment is a left one, and one that names
-// no direction runs from left to right.
+// text: a list's labels, a field's and an object's result; of a symbol field without one, its
+// character. The text of a box in the page stands where the box is anchored. A paragraph that names
+// no alignment is a left one, and one that names no direction runs from left to right.
 Document Read(std::string_view rtf);
 Document Read(TextView rtf);  // units up to 0xFF are bytes, others stand for themselves
 

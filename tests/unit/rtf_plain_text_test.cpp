@@ -112,6 +112,7 @@ TEST(RtfPlainText, UnicodeNumbersAreSignedAndMayBePairs) {
   EXPECT_EQ(Plain("\\u99999999?a"), u"\uFFFDa");
   EXPECT_EQ(Plain("\\u-99999999?a"), u"\uFFFDa");
   EXPECT_EQ(Plain("\\u0?a\\u?b"), u"ab");
+  EXPECT_EQ(Plain("\\u1114111?\\u1114112?"), u"\U0010FFFF\uFFFD");
 }
 
 TEST(RtfPlainText, SpecialCharacters) {
@@ -215,6 +216,14 @@ TEST(RtfPlainText, ShapesShowTheirTextAndPicture) {
   EXPECT_EQ(Plain("a{\\shp{\\*\\shpinst{\\sp{\\sn fillBlip}{\\sv{\\pict\\pngblip 89}}}}}b"), u"ab");
 }
 
+TEST(RtfPlainText, OnlyAPropertyOfTheWholeNameShowsThePictureOfAShape) {
+  for (const std::string name : {"pi", "pibName", "pibFlags", "pibNameOfAPicture", "Xpib"}) {
+    EXPECT_EQ(Plain("a{\\shp{\\*\\shpinst{\\sp{\\sn " + name + "}{\\sv{\\pict\\pngblip 89}}}}}b"),
+              u"ab")
+        << name;
+  }
+}
+
 TEST(RtfPlainText, UnicodeAlternativesTakeThePlaceOfTheirEightBitForm) {
   EXPECT_EQ(Plain("a{\\upr{x\\'d3}{\\*\\ud{\\u1587?}}}b"), u"aسb");
 }
@@ -223,6 +232,7 @@ TEST(RtfPlainText, WhatIsNotTheBodyIsLeftOut) {
   EXPECT_EQ(Plain("{\\stylesheet{\\s0 Normal;}}{\\info{\\title T}}{\\*\\generator G;}a"), u"a");
   EXPECT_EQ(Plain("{\\header h\\par}{\\footerl f}a{\\super\\chftn{\\footnote note}}b"), u"ab");
   EXPECT_EQ(Plain("{\\*\\unheard of{\\b it}\\bin2 }}}a"), u"a");
+  EXPECT_EQ(Plain("{\\*\\unheard of\\binder3 }abc"), u"abc");
   EXPECT_EQ(Plain("{\\*\\bkmkstart x}a{\\*\\bkmkend x}{\\xe\\v index}"), u"a");
   EXPECT_EQ(Plain("a{\\v hidden\\'d3\\u1587?{\\pict 00}}b\\v c\\v0 d{\\deleted e}"), u"abd");
 }
@@ -260,6 +270,8 @@ TEST(RtfPlainText, CutOffInputGivesWhatStandsThere) {
 TEST(RtfPlainText, WrongHexadecimalDigitsAreSteppedOver) {
   EXPECT_EQ(Plain("a\\'zzb\\'4"), u"azzb4");
   EXPECT_EQ(PlainText(u"{\\rtf1 a\\'\u06434b}"), u"a\u06434b");
+  EXPECT_EQ(PlainText(u"{\\rtf1 a\\'\u0134\u0134b}"), u"a\u0134\u0134b");
+  EXPECT_EQ(PlainText(u"{\\rtf1 a\\'4\u0134b}"), u"a4\u0134b");
 }
 
 TEST(RtfPlainText, NulsAreNothing) {

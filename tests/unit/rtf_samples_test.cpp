@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/rtf/rtf.h"
@@ -45,6 +46,17 @@ Lines CellsOf(const Lines& lines) {
 Text WithSingleBlanks(Text text) {
   while (text.find(u"  ") != Text::npos) text = Replace(text, u"  ", u" ");
   return text;
+}
+
+// Without what LibreOffice has around a list's label.
+Text WithPlainLabel(const Text& line) { return Text(Trim(Replace(line, u"\t", u" "))); }
+
+std::pair<Lines, Lines> OursAndTheirsWithPlainLabels(const std::string& name) {
+  Lines ours = OurLines(name + ".rtf");
+  Lines theirs = LinesOf(name + ".txt");
+  ForEach(ours, WithPlainLabel);
+  ForEach(theirs, WithPlainLabel);
+  return {ours, theirs};
 }
 
 // The paragraphs without their pictures, which both programs leave out of their text.
@@ -103,13 +115,7 @@ TEST(RtfSamples, AbiWordAgreesOnSymbols) {
 
 // LibreOffice indents a label and puts a blank behind it where its rich text has a tab.
 TEST(RtfSamples, LibreOfficeAgreesOnLists) {
-  const auto withPlainLabel = [](const Text& line) {
-    return Text(Trim(Replace(line, u"\t", u" ")));
-  };
-  Lines ours = OurLines("libreoffice_lists.rtf");
-  Lines theirs = LinesOf("libreoffice_lists.txt");
-  ForEach(ours, withPlainLabel);
-  ForEach(theirs, withPlainLabel);
+  const auto [ours, theirs] = OursAndTheirsWithPlainLabels("libreoffice_lists");
   EXPECT_EQ(ours, theirs);
 }
 
@@ -151,13 +157,7 @@ TEST(RtfSamples, AbiWordAgreesOnTheTextAroundNotes) {
 
 // LibreOffice shows the note's number, a list's labels behind blanks and with one behind.
 TEST(RtfSamples, LibreOfficeAgreesOnLinks) {
-  const auto withPlainLabel = [](const Text& line) {
-    return Text(Trim(Replace(line, u"\t", u" ")));
-  };
-  Lines ours = OurLines("libreoffice_links.rtf");
-  Lines theirs = LinesOf("libreoffice_links.txt");
-  ForEach(ours, withPlainLabel);
-  ForEach(theirs, withPlainLabel);
+  auto [ours, theirs] = OursAndTheirsWithPlainLabels("libreoffice_links");
   ASSERT_EQ(theirs.at(1), u"see this one1, too");
   theirs.at(1) = u"see this one, too";
   EXPECT_EQ(ours, theirs);
