@@ -24,8 +24,8 @@ struct Symbol {
 // Nothing for any other instruction and for one without a number.
 std::optional<Symbol> ReadSymbol(TextView instruction);
 
-// Its character in `page`, that of its font.
-Text CharacterOf(const Symbol& symbol, const FontPage& page);
+// `ofFont` is the page of the font that it stands in.
+Text CharacterOf(const Symbol& symbol, const FontPage& ofFont);
 
 // Remembers the symbol until its field ends. Groups are named by their depth.
 class Fields {

@@ -99,6 +99,7 @@ TEST(RtfPlainText, UnicodeSkipsItsSubstitutes) {
   EXPECT_EQ(Plain("\\uc3\\u1587 a{b}c"), u"سbc");
   EXPECT_EQ(Plain("\\uc2\\u1587\\emdash\\~c"), u"سc");
   EXPECT_EQ(Plain("\\uc1\\u1587\\bin3 }}}c"), u"سc");
+  EXPECT_EQ(Plain("\\uc0\\uc\\u1587 ab"), u"سb");
   EXPECT_EQ(Plain("{\\uc0 {\\uc2\\u1587 abc}\\u1604 d}"), u"سcلd");
   EXPECT_EQ(Plain("\\u1587?\\uc1000000000\\u1604?abc\\par}"), u"سل");
 }
@@ -156,6 +157,10 @@ TEST(RtfPlainText, APictureIsOneBlank) {
   EXPECT_EQ(Plain("{\\*\\shppict{\\pict\\pngblip 89}}{\\nonshppict{\\pict\\wmetafile8 01}}\\{0\\}"),
             u" {0}");
   EXPECT_EQ(Plain("{\\nonshppict{\\pict\\wmetafile8 01}}"), u" ");
+  EXPECT_EQ(
+      Plain(
+          "{\\*\\shppict{\\pict\\pngblip 89}}{\\nonshppict{\\pict 01}}a{\\nonshppict{\\pict 01}}"),
+      u" a ");
   EXPECT_EQ(Plain("{\\pict{\\*\\blipuid 0102}{\\*\\picprop{\\sp{\\sn a}{\\sv b}}}\\pngblip 89}"),
             u" ");
 }
@@ -275,7 +280,7 @@ TEST(RtfPlainText, WrongHexadecimalDigitsAreSteppedOver) {
 }
 
 TEST(RtfPlainText, NulsAreNothing) {
-  EXPECT_EQ(PlainText(std::string("{\\rtf1 a\0b\\b\0c\\'00}", 20)), u"abc");
+  EXPECT_EQ(PlainText(std::string("{\\rtf1 a\0b\\b\0c\\'00}", 19)), u"abc");
 }
 
 TEST(RtfPlainText, BinaryDataNeverReachesBehindTheInput) {
@@ -304,7 +309,7 @@ TEST(RtfPlainText, GroupsNestAsDeepAsTheyLike) {
 }
 
 TEST(RtfPlainText, AControlWordMayBeMegabytesLong) {
-  EXPECT_EQ(Plain("a\\" + std::string(10'000'000, 'b') + " c"), u"ac");
+  EXPECT_EQ(Plain("a\\" + Repeated("b", 10'000'000) + " c"), u"ac");
 }
 
 TEST(RtfPlainText, PicturesMayBeMegabytesLong) {

@@ -127,6 +127,12 @@ TEST(RtfRead, BinaryPicturesHoldAnyByte) {
       "\xFF}");
 }
 
+TEST(RtfRead, GroupsInsideAPictureAreNoPartOfItsData) {
+  EXPECT_EQ(
+      PictureOf("\\pngblip 89{\\*\\blipuid 01}{\\*\\unheard 02}{\\*\\b 03}{\\sp{\\sn 04}}4e").bytes,
+      "\x89N");
+}
+
 TEST(RtfRead, PictureScalesCountInItsGoalSize) {
   const Picture picture =
       PictureOf("\\picscalex50\\picscaley200\\picwgoal300\\pichgoal200\\pngblip 00");
