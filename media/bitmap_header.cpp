@@ -40,8 +40,8 @@ PictureHeader ReadBitmapHeader(std::string_view bytes) {
   header.size.height = isOld ? static_cast<std::uint32_t>(LittleEndian(bytes, 20, 2))
                              : Lines(LittleEndian(bytes, 22, 4));
   if (header.size.width > kLargestSide) header.size.width = 0;
-  // Those with a table of colours lie there as they are and as they are made smaller.
-  header.bytesPerPixel = depth <= 8 ? 7 : 9;
+  const bool isThin = depth > 1 && depth <= 8;
+  header.bitsPerPixel = isThin ? kBitsOfGrey : depth == 32 ? kBitsWithAlpha : kBitsOfColour;
   header.nanosecondsPerPixel = kNanosecondsOfPixel;
   header.fixedNanoseconds = bytes.size() * kNanosecondsOfByte;
   return header;

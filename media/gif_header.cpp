@@ -9,7 +9,6 @@
 namespace media {
 namespace {
 
-constexpr std::uint32_t kBytesOfPixel = 9;  // of the canvas, and the same to be made smaller
 constexpr std::uint32_t kNanosecondsOfPixel = 8;
 constexpr std::uint64_t kNanosecondsOfStep = 5;
 constexpr std::uint64_t kNanosecondsOfByte = 20;
@@ -108,16 +107,22 @@ std::uint32_t Side(std::uint32_t canvas, std::uint32_t place, std::uint32_t fram
 PictureHeader ReadGifHeader(std::string_view bytes) {
   constexpr std::size_t kBehindScreen = 13;
   constexpr std::size_t kFrameHead = 10;
+  constexpr std::string_view kControl = "\xF9";
+  constexpr std::uint32_t kBitsOfKept = 32;
   constexpr char kExtension = '\x21';
   constexpr char kFrame = '\x2C';
   PictureHeader header;
   header.kind = PictureKind::kGif;
   std::size_t at = kBehindScreen + ColoursOf(BigEndian(bytes, 10, 1));
-  while (at < bytes.size() && bytes[at] == kExtension) at = BehindBlocks(bytes, at + 2);
+  bool isOpaque = true;
+  for (; at < bytes.size() && bytes[at] == kExtension; at = BehindBlocks(bytes, at + 2)) {
+    // It may say that a colour lets through what is behind, and that the canvas is to be kept.
+    isOpaque = isOpaque && !HasWord(bytes, at + 1, kControl);
+  }
   if (at + kFrameHead > bytes.size() || bytes[at] != kFrame) return header;
   header.size = {Side(Number(bytes, 6), Number(bytes, at + 1), Number(bytes, at + 5)),
                  Side(Number(bytes, 8), Number(bytes, at + 3), Number(bytes, at + 7))};
-  header.bytesPerPixel = kBytesOfPixel;
+  header.bitsPerPixel = isOpaque ? kBitsOfColour : kBitsWithAlpha + kBitsOfKept;
   header.nanosecondsPerPixel = kNanosecondsOfPixel;
   const std::size_t codes = at + kFrameHead + ColoursOf(BigEndian(bytes, at + 9, 1));
   header.fixedNanoseconds =

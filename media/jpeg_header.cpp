@@ -18,8 +18,6 @@ constexpr std::uint64_t kNanosecondsOfBlockInScan = 7;
 constexpr std::uint64_t kNanosecondsOfByte = 11;
 constexpr std::uint64_t kNanosecondsOfByteInScans = 45;
 constexpr std::uint64_t kBytesOfHeldBlock = 64ULL * 2;
-// In four components or one, and the same again for whoever makes it smaller.
-constexpr std::uint32_t kBytesOfPixel = 9;
 constexpr std::uint32_t kNanosecondsOfPixel = 8;
 
 constexpr std::size_t kMostComponents = 4;
@@ -184,7 +182,7 @@ class Reader {
     const std::uint64_t blocks = AllBlocks(*frame_);
     header.size = frame_->size;
     header.scaling = Scaling::kEighths;
-    header.bytesPerPixel = kBytesOfPixel;
+    header.bitsPerPixel = frame_->count == 1 ? kBitsOfGrey : kBitsOfColour;
     header.nanosecondsPerPixel = kNanosecondsOfPixel;
     header.fixedBytes = segments_;  // a decoder keeps what it gives on
     header.fixedNanoseconds = blocks * kNanosecondsOfBlock;

@@ -32,7 +32,7 @@ struct PictureHeader {
   Scaling scaling = Scaling::kWhole;
   std::uint64_t fixedBytes = 0;        // whatever the size wanted
   std::uint64_t fixedNanoseconds = 0;  // the same
-  std::uint32_t bytesPerPixel = 0;     // of each pixel decoded
+  std::uint32_t bitsPerPixel = 0;      // of memory, for each pixel decoded
   std::uint32_t nanosecondsPerPixel = 0;
 };
 

@@ -57,7 +57,7 @@ PictureNeed NeedOf(const PictureHeader& header, PictureSize shown) {
   PictureNeed need;
   need.bytes = header.fixedBytes + kBytesOfDecoder + columns * kBytesOfColumn +
                PixelsOf(shown) * kBytesOfShownPixel;
-  if (IsHeld(header, shown)) need.bytes += decoded * header.bytesPerPixel;
+  if (IsHeld(header, shown)) need.bytes += decoded * header.bitsPerPixel / 8;
   need.nanoseconds = header.fixedNanoseconds + decoded * header.nanosecondsPerPixel +
                      PixelsOf(shown) * kNanosecondsOfShownPixel;
   return need;

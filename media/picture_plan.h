@@ -10,9 +10,9 @@ namespace media {
 
 inline constexpr std::uint64_t kMegabyte = 1ULL << 20U;
 // A process spends no more than 256 MB on pictures: this on all that it decodes at a time, ...
-inline constexpr std::uint64_t kDecodingMemory = 160 * kMegabyte;
+inline constexpr std::uint64_t kDecodingMemory = 176 * kMegabyte;
 // ... and this on what it keeps to show.
-inline constexpr std::uint64_t kKeptMemory = 96 * kMegabyte;
+inline constexpr std::uint64_t kKeptMemory = 80 * kMegabyte;
 // Larger files aren't even read.
 inline constexpr std::uint64_t kLargestPictureFile = 96 * kMegabyte;
 // Windows wait for their pictures.

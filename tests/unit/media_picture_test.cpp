@@ -95,7 +95,7 @@ TEST(MediaPicture, AProgressiveJpegTakesTheMemoryOfItsWholeSize) {
   EXPECT_LT(bomb.size(), 257U);
   EXPECT_GT(NeedOf(bomb).bytes, 20'000ULL * 19'999 * 3 * 2);
   EXPECT_THAT(WhyNot(bomb),
-              testing::StartsWith("It measures 20000 x 19999 pixels; decoding it would take 2344"));
+              testing::StartsWith("It measures 20000 x 19999 pixels; decoding it would take 2316"));
   EXPECT_THAT(WhyNot(EmptyJpeg(kProgressive, 6000, 4000, 3, 1, 0x22)), IsEmpty());
   const auto full = NeedOf(EmptyJpeg(kProgressive, 4000, 4000, 3)).bytes;
   const auto halved = NeedOf(EmptyJpeg(kProgressive, 4000, 4000, 3, 1, 0x22)).bytes;
@@ -127,6 +127,19 @@ TEST(MediaPicture, APngIsDecodedWholeOrLineByLine) {
   EXPECT_GT(NeedOf(Png(6000, 4000, 8, 2, true)).bytes, 6000ULL * 4000 * 4);
   EXPECT_GT(NeedOf(Png(6000, 4000, 16, 6)).bytes, 6000ULL * 4000 * 16);
   EXPECT_GT(NeedOf(Png(6000, 4000, 1, 0)).bytes, 6000ULL * 4000 * 4);
+}
+
+// Sheets from a scanner, and what a camera or a drawing program gives.
+TEST(MediaPicture, LargePicturesOfEverydayAreDecoded) {
+  EXPECT_THAT(WhyNot(Png(4960, 7016, 1, 0)), IsEmpty());
+  for (const auto& [depth, colour] : {std::pair{8U, 0U}, {8U, 2U}, {8U, 3U}, {8U, 6U}}) {
+    EXPECT_THAT(WhyNot(Png(6000, 4000, depth, colour)), IsEmpty()) << colour;
+  }
+  EXPECT_THAT(WhyNot(Png(6000, 4000, 8, 2, true)), IsEmpty());
+  EXPECT_THAT(WhyNot(BitmapHead(6000, 4000, 24) + std::string(72'000'000, '\1')), IsEmpty());
+  EXPECT_THAT(WhyNot(GifHead(5000, 4000, 5000, 4000)), IsEmpty());
+  EXPECT_THAT(WhyNot(EmptyJpeg(kBaseline, 16'320, 12'240, 3, 1, 0x22), {1900, 1000}), IsEmpty());
+  EXPECT_THAT(WhyNot(EmptyJpeg(kProgressive, 8000, 6000, 3, 10, 0x22)), IsEmpty());
 }
 
 TEST(MediaPicture, AVastPngIsRefusedWhateverItsPixels) {
