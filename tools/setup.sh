@@ -12,7 +12,7 @@ FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
 # What the viewer plays sounds and films with, and the words of its dialogs that it has not itself.
 PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav
   qt6-translations-l10n)
-TEST_PACKAGES=(xvfb xauth x11-utils chromium poppler-utils desktop-file-utils appstream
+TEST_PACKAGES=(python3 xvfb xauth x11-utils chromium poppler-utils desktop-file-utils appstream
   fonts-noto-core fonts-freefarsi libglib2.0-bin dbus at-spi2-core python3-gi gir1.2-atspi-2.0
   pulseaudio strace gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-bad
   gstreamer1.0-libav)

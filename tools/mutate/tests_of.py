@@ -1,0 +1,69 @@
+"""Which test programs are likely to see a fault in a file, the likeliest first."""
+
+import re
+from pathlib import Path
+
+INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
+
+# How far from the file a test may be.
+LEVELS = ("name", "header", "room", "folder", "all")
+
+
+class Test:
+    """A program of a file `tests/FOLDER/NAME_test.cpp`, as tests/CMakeLists.txt makes it."""
+
+    def __init__(self, path):
+        self.folder, self.name = path.parent.name, path.stem
+        self.target = f"{self.folder}_{self.name}"
+        self.includes = set(INCLUDE.findall(path.read_text("utf-8")))
+
+
+def all_tests(root):
+    """Every program that one can start by itself; accessibility needs a desktop around it."""
+    paths = sorted((root / "tests").glob("*/*_test.cpp"))
+    return [Test(path) for path in paths if path.parent.name != "accessibility"]
+
+
+def names_in(test_name, stem):
+    return f"_{stem}_" in f"_{test_name}_"
+
+
+def tests_by_name(tests, path):
+    """Those named after the file, or else after what its name starts with: a window's class may lie
+    in several files."""
+    words = Path(path).stem.split("_")
+    while words:
+        found = [test for test in tests if names_in(test.name, "_".join(words))]
+        if found:
+            return found
+        words.pop()
+    return []
+
+
+def tests_of_room(root, tests, path):
+    """Those that include a header of the file's folder, or are named after one of its files."""
+    room = Path(path).parent
+    stems = {each.stem for each in (root / room).glob("*.cpp")}
+    return [test for test in tests
+            if any(str(Path(each).parent) == str(room) for each in test.includes) or
+            any(names_in(test.name, stem) for stem in stems)]
+
+
+def levels_of(root, tests, path):
+    """For each level the programs that it adds; a level without any is left out."""
+    header = str(Path(path).with_suffix(".h"))
+    groups = {
+        "name": tests_by_name(tests, path),
+        "header": [test for test in tests if header in test.includes],
+        "room": tests_of_room(root, tests, path),
+    }
+    folders = next(({test.folder for test in group} for group in groups.values() if group), set())
+    groups["folder"] = [test for test in tests if test.folder in folders]
+    groups["all"] = tests
+    taken, levels = set(), []
+    for level in LEVELS:
+        new = [test for test in groups[level] if test.target not in taken]
+        taken |= {test.target for test in new}
+        if new:
+            levels.append((level, new))
+    return levels
