@@ -118,16 +118,47 @@ take_turn() {
 
 end_turn() { exec 9>&-; }
 
-# Builds the release: build_release TARGET...
-build_release() {
-  local log=$LOGS/build.log started=$SECONDS
+# Builds what a preset names: build_preset PRESET TARGET...
+build_preset() {
+  local preset=$1 folder=$ROOT/build/$1 started=$SECONDS
+  local log=$LOGS/build.log
+  shift
+  if [ "$preset" != default ]; then log=$LOGS/build-$preset.log; fi
   mkdir -p "$LOGS"
-  [ -f "$BUILD/build.ninja" ] || say "First build: this takes some minutes."
+  [ -f "$folder/build.ninja" ] || say "First build: this takes some minutes."
   say "Building (log: ${log#"$ROOT"/}) ..."
-  if ! (cd "$ROOT" && cmake --preset default &&
-    cmake --build "$BUILD" --parallel "$(jobs_at_once)" --target "$@") >"$log" 2>&1 </dev/null; then
+  if ! (cd "$ROOT" && cmake --preset "$preset" &&
+    cmake --build "$folder" --parallel "$(jobs_at_once)" --target "$@") >"$log" 2>&1 </dev/null; then
     show_tail "$log"
     die "The build failed; the whole log is $log"
   fi
   say "Built in $((SECONDS - started)) s."
+}
+
+# Builds the release: build_release TARGET...
+build_release() { build_preset default "$@"; }
+
+# Nothing of the tests reaches the user's own folders or screen.
+keep_to_the_tree() {
+  export HOME=$ROOT/build/home QT_QPA_PLATFORM=offscreen
+  mkdir -p "$HOME"
+  unset DISPLAY WAYLAND_DISPLAY XDG_STATE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
+}
+
+# Runs tests of a preset and prints ctest's closing line: run_tests PRESET LOG OPTION...
+run_tests() {
+  local preset=$1 log=$LOGS/$2 started=$SECONDS status=0
+  shift 2
+  say "Testing (log: ${log#"$ROOT"/}) ..."
+  (cd "$ROOT" && ctest --preset "$preset" -j "$(nproc)" "$@") >"$log" 2>&1 </dev/null || status=$?
+  if [ "$status" != 0 ]; then
+    grep -vE '^ *Start +[0-9]+:| +Passed +[0-9.]+ sec$' "$log" | tail -n 200 >&2 || true
+    die "The tests failed; the whole log is $log"
+  fi
+  # What this machine couldn't test, each with its reason.
+  if grep -qE '\(Skipped\)$' "$log"; then
+    say "NOT TESTED here (the reasons are in the log):"
+    grep -E '\(Skipped\)$' "$log"
+  fi
+  say "$(grep 'tests passed' "$log"), in $((SECONDS - started)) s."
 }
