@@ -57,7 +57,8 @@ void Form1::SaveMedium(TextView source, TextView target) {
   Ignoring([&] { machine_.files.CopyFile(source, target); });
 }
 
-// Required as it stands: no field takes anything from the file, the log line is all the effect.
+// No field takes anything from the file: the fields are what the editor sees, and a project is not
+// restored by naming its folder. The log line is all the effect.
 void Form1::ReadSett() {
   Catching(failure::kReadSettings, [&] {
     LogMe(u"Reading settings...");

@@ -14,7 +14,7 @@ platform::Text ExportedFolder(platform::TextView root, platform::TextView folder
 platform::Text ExportedFile(platform::TextView root, platform::TextView folder,
                             platform::TextView name);
 // `target` follows the root without a separator of its own: a target written without one runs
-// into the root's name, and that is required.
+// into the root's name, as scripts rely on.
 platform::Text CopiedResource(platform::TextView root, platform::TextView target,
                               platform::TextView name);
 platform::Text SourceFolder(platform::TextView projectRoot, platform::TextView folder);

@@ -12,7 +12,7 @@ namespace exporting {
 bool IsPageFile(platform::TextView name);
 
 // What stands behind the page's title, with paragraphs and picture places as a browser wants them.
-// Without a title's end the body starts at the tenth character; that is required.
+// Without a title's end the body starts at the tenth character: print pages have always begun so.
 platform::Text PrintBody(platform::TextView page);
 
 // The template of all pages of an export.
