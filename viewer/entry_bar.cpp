@@ -112,7 +112,14 @@ void EntryBar::OpenAttachment() {
   const bool isExecutable = QFileInfo(media_.attachment).isExecutable();
   if (node_.attachmentIsProgram || (isExecutable && !isDocument)) return StartProgram();
   // On some disks everything may be executed.
-  if ((isDocument && !isExecutable) || MayOpen()) OpenWithItsProgram();
+  const bool isSafe = isDocument && !isExecutable && IsWhatItIsCalled();
+  if (isSafe || MayOpen()) OpenWithItsProgram();
+}
+
+// The machine's own player would follow a list of addresses under the name of a sound.
+bool EntryBar::IsWhatItIsCalled() const {
+  return !IsCalledMedium(media_.attachment) ||
+         Medium::Open(surroundings_.book, media_.attachment) != nullptr;
 }
 
 QString EntryBar::AttachmentName() const { return AsPath(QFileInfo(media_.attachment).fileName()); }

@@ -33,6 +33,7 @@ class EntryBar : public QWidget {
   void ShowWhatFits();
   void OpenAttachment();
   QString AttachmentName() const;
+  bool IsWhatItIsCalled() const;
   bool MayOpen();
   void OpenWithItsProgram();
   void StartProgram();

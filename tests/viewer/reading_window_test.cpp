@@ -6,6 +6,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
+#include "tests/media/media_bytes.h"
 #include "tests/viewer/window_bench.h"
 #include "viewer/look.h"
 #include "viewer/window.h"
@@ -239,6 +240,23 @@ TEST_F(Reading, WhatIsNoKnownDocumentIsOpenedOnlyAfterYes) {
   Click(*window_, u"attachment"_s);
   EXPECT_EQ(asked_->opened, QStringList{u"EXE.desktop"_s});
   EXPECT_TRUE(asked_->started.isEmpty());
+}
+
+TEST_F(Reading, AListOfAddressesNamedAsASoundIsOpenedOnlyAfterYes) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/_xml/aTitle1.xml"_s,
+               u"<Tree>\r\n\t<node label=\"x\" src=\"DATA/TXT/LIST.htm\" mediaStatus=\"100\""
+               " snd=\"0\" pas=\".mp3\" pic=\"0\" />\r\n</Tree>\r\n"_s);
+  maker_.WriteBytes(u"Data/TXT/LIST.mp3"_s, kPlaylist);
+  Show();
+  OpenCollection();
+  const auto asked = AnswerNextBox(u"no"_s);
+  Click(*window_, u"attachment"_s);
+  EXPECT_TRUE(asked->contains(u"LIST.mp3"_s));
+  EXPECT_TRUE(asked_->opened.isEmpty());
+  maker_.WriteBytes(u"Data/TXT/LIST.mp3"_s, QByteArray::fromStdString(media_tests::Mp3Frames(8)));
+  Click(*window_, u"attachment"_s);
+  EXPECT_EQ(asked_->opened, QStringList{u"LIST.mp3"_s});
 }
 
 TEST_F(Reading, AToolTipShowsATitleAsItIs) {

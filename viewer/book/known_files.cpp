@@ -26,12 +26,21 @@ bool IsKnownFilm(const QString& extension) {
          extension != QLatin1String(".dat");
 }
 
+QString ExtensionOf(const QString& fileName) {
+  return u'.' + QFileInfo(fileName).suffix().toLower();
+}
+
 }  // namespace
 
 bool IsKnownDocument(const QString& fileName) {
-  const QString extension = u'.' + QFileInfo(fileName).suffix().toLower();
+  const QString extension = ExtensionOf(fileName);
   return DocumentExtensions().contains(extension) || SoundExtensions().contains(extension) ||
          IsKnownFilm(extension);
+}
+
+bool IsCalledMedium(const QString& fileName) {
+  const QString extension = ExtensionOf(fileName);
+  return SoundExtensions().contains(extension) || FilmExtensions().contains(extension);
 }
 
 }  // namespace viewer

@@ -9,5 +9,7 @@ namespace viewer {
 // program, hold one or start one; so may a name that ends with a dot or a blank, which some systems
 // pass over.
 bool IsKnownDocument(const QString& fileName);
+// A sound or a film by its extension, in either letter case.
+bool IsCalledMedium(const QString& fileName);
 
 }  // namespace viewer
