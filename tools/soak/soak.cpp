@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/encoding.h"
@@ -35,8 +36,8 @@ void Require(bool holds, const std::string& what) {
 
 }  // namespace
 
-Soak::Soak(const fs::path& resources, const fs::path& output, Plan plan)
-    : output_(output),
+Soak::Soak(const fs::path& resources, fs::path output, Plan plan)
+    : output_(std::move(output)),
       plan_(plan),
       machine_{platform::HostFileSystem(), platform::HostClock(), random_,
                MakeProgramFolder(resources, output_),

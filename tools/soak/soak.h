@@ -27,7 +27,7 @@ struct Plan {
 class Soak {
  public:
   // Works in `output`, an empty folder, with the delivered files copied into it.
-  Soak(const std::filesystem::path& resources, const std::filesystem::path& output, Plan plan);
+  Soak(const std::filesystem::path& resources, std::filesystem::path output, Plan plan);
 
   // Prints a line for each step and a verdict; true if nothing grows. Throws std::runtime_error at
   // the first thing that is not as it should be.
