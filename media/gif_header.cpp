@@ -32,7 +32,9 @@ class Codes {
 
   std::uint64_t Pixels() const { return pixels_; }
 
+  // Behind the code of the end nothing counts.
   void Take(unsigned byte) {
+    if (ended_) return;
     bits_ |= std::uint64_t{byte} << count_;
     count_ += 8;
     while (count_ >= size_ && !ended_) {
