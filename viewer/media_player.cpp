@@ -7,6 +7,7 @@
 #include <QMediaFormat>
 #include <QMediaPlayer>
 #include <QObject>
+#include <utility>
 
 #include "viewer/plug_ins.h"
 
@@ -29,8 +30,10 @@ class MediaPlayer : public Player {
   }
 
   void Play(std::unique_ptr<Medium> medium) override {
-    player_.setSourceDevice(medium.get(), NoAddress());
-    medium_ = std::move(medium);  // the one before is read from until now
+    // The one before is read from until the player has the new one, and of that some players say
+    // within the call already that it can't be opened.
+    const std::unique_ptr<Medium> before = std::exchange(medium_, std::move(medium));
+    player_.setSourceDevice(medium_.get(), NoAddress());
     player_.play();
   }
   void Pause() override { player_.pause(); }

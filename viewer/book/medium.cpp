@@ -5,6 +5,7 @@
 
 #include "media/media_kind.h"
 #include "viewer/book/raw_file.h"
+#include "viewer/book/shown_name.h"
 
 namespace viewer {
 
@@ -14,7 +15,7 @@ std::unique_ptr<Medium> Medium::Open(const BookFolder& book, const QString& path
   const int descriptor = real.isEmpty() ? -1 : OpenOrdinaryFile(real);
   std::unique_ptr<Medium> medium(descriptor < 0 ? nullptr : new Medium(path, descriptor));
   if (medium && medium->BeginWhereTheMediumDoes()) return medium;
-  qWarning().noquote() << "Neither a sound nor a film that is known:" << path;
+  qWarning().noquote() << "Neither a sound nor a film that is known:" << WithSigns(path);
   return nullptr;
 }
 
