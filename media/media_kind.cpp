@@ -66,6 +66,26 @@ bool NamesOthers(const Source& source) {
       kWords, [&probed](std::string_view word) { return probed.find(word) != std::string::npos; });
 }
 
+// Passes reads on as far as they go. A film has some for each of its pieces; what wants more of
+// them than the longest film isn't known, as each may cost the disk a turn.
+class Spared {
+ public:
+  explicit Spared(const Source& source) : source_(source) {}
+
+  Source Bytes() {
+    return {source_.Size(), [this](std::uint64_t at, std::size_t count) {
+              return ++reads_ > kMostReads ? std::string() : source_.Read(at, count);
+            }};
+  }
+  bool IsSpent() const { return reads_ > kMostReads; }
+
+ private:
+  static constexpr int kMostReads = 70'000;
+
+  const Source& source_;
+  int reads_ = 0;
+};
+
 struct Question {
   MediaKind kind;
   bool (*holds)(const Source&);
@@ -86,12 +106,14 @@ constexpr std::array<Question, 10> kQuestions = {{{MediaKind::kMp3, IsMp3, true}
 }  // namespace
 
 std::optional<KnownMedium> MediumOf(const Source& source) {
-  const Tags tags = TagsOf(source);
-  const Source medium = source.From(tags.end);
+  Spared spared(source);
+  const Source bytes = spared.Bytes();
+  const Tags tags = TagsOf(bytes);
+  const Source medium = bytes.From(tags.end);
   for (const Question& question : kQuestions) {
     if (tags.any && !question.mayHaveTags) continue;
     if (!question.holds(medium)) continue;
-    if (NamesOthers(medium)) return std::nullopt;
+    if (NamesOthers(medium) || spared.IsSpent()) return std::nullopt;
     return KnownMedium{question.kind, tags.end};
   }
   return std::nullopt;

@@ -12,7 +12,8 @@ namespace media {
 namespace {
 
 constexpr int kMostChunks = 1'024;
-constexpr std::size_t kHead = 12;  // name, length and the name of what is in it
+constexpr std::size_t kHead = 12;                  // name, length and the name of what is in it
+constexpr std::uint64_t kLongestHead = 1'048'576;  // of a film, before it begins
 
 struct Chunk {
   std::string head;
@@ -24,19 +25,20 @@ struct Chunk {
 };
 
 enum class Go { kOn, kRefuse, kDone };
+enum class Way { kDone, kEnd, kRefused };
 
-// Goes through the chunks from `at` to `end` until it is done; false where they end before.
-bool Walk(const Source& source, std::uint64_t at, std::uint64_t end,
-          const std::function<Go(const Chunk&)>& step) {
-  for (int i = 0; i < kMostChunks && at + 8 <= end; ++i) {
+// Goes through the chunks from `at` to `end`. More of them than anybody makes are refused.
+Way Walk(const Source& source, std::uint64_t at, std::uint64_t end,
+         const std::function<Go(const Chunk&)>& step) {
+  for (int i = 0; at + 8 <= end; ++i) {
     Chunk chunk{source.Read(at, kHead), at + 8, 0};
-    if (chunk.head.size() < 8) return false;
+    if (i == kMostChunks || chunk.head.size() < 8) return Way::kRefused;
     chunk.length = LittleEndian(chunk.head, 4, 4);
     const Go go = step(chunk);
-    if (go != Go::kOn) return go == Go::kDone;
+    if (go != Go::kOn) return go == Go::kDone ? Way::kDone : Way::kRefused;
     at = chunk.body + chunk.length + chunk.length % 2;
   }
-  return false;
+  return Way::kEnd;
 }
 
 // Samples as they are and the old codecs of speech; MPEG audio. Source: RFC 2361.
@@ -62,25 +64,32 @@ bool IsWaveFormat(std::string_view format) {
 // Only sounds and pictures: a stream of texts is a file in the file, which players read as one.
 bool IsStreamList(const Source& source, const Chunk& list) {
   bool isKnown = false;
-  const bool isWhole =
-      Walk(source, list.body + 4, list.body + list.length, [&](const Chunk& chunk) {
-        if (!chunk.Is("strh")) return Go::kOn;
-        isKnown = HasWord(chunk.head, 8, "vids") || HasWord(chunk.head, 8, "auds");
-        return Go::kDone;
-      });
-  return isWhole && isKnown;
+  const Way way = Walk(source, list.body + 4, list.body + list.length, [&](const Chunk& chunk) {
+    if (!chunk.Is("strh")) return Go::kOn;
+    isKnown = HasWord(chunk.head, 8, "vids") || HasWord(chunk.head, 8, "auds");
+    return isKnown ? Go::kOn : Go::kRefuse;
+  });
+  return way == Way::kEnd && isKnown;
 }
 
 bool IsAviHead(const Source& source, const Chunk& list) {
   int streams = 0;
-  bool isGood = true;
-  Walk(source, list.body + 4, list.body + list.length, [&](const Chunk& chunk) {
+  const Way way = Walk(source, list.body + 4, list.body + list.length, [&](const Chunk& chunk) {
     if (!chunk.IsListOf("strl")) return Go::kOn;
     ++streams;
-    isGood = isGood && IsStreamList(source, chunk);
-    return isGood ? Go::kOn : Go::kRefuse;
+    return IsStreamList(source, chunk) ? Go::kOn : Go::kRefuse;
   });
-  return isGood && streams > 0;
+  return way == Way::kEnd && streams > 0;
+}
+
+// Some players read lists of any name as if what is in them stood beside them, so such a stream is
+// looked for wherever it stands before the film itself.
+bool HoldsTexts(std::string_view beforeFilm) {
+  constexpr std::size_t kToKind = 8;
+  for (std::size_t at = 0; (at = beforeFilm.find("strh", at)) != std::string_view::npos; ++at) {
+    if (HasWord(beforeFilm, at + kToKind, "txts")) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -89,25 +98,30 @@ bool IsWave(const Source& source) {
   const std::string head = source.Read(0, kHead);
   if (!HasWord(head, 0, "RIFF") || !HasWord(head, 8, "WAVE")) return false;
   bool hasFormat = false;
-  return Walk(source, kHead, source.Size(), [&](const Chunk& chunk) {
+  const Way way = Walk(source, kHead, source.Size(), [&](const Chunk& chunk) {
     if (chunk.Is("data")) return hasFormat ? Go::kDone : Go::kRefuse;
     if (!chunk.Is("fmt ")) return Go::kOn;
     hasFormat = IsWaveFormat(source.Read(
         chunk.body, static_cast<std::size_t>(std::min<std::uint64_t>(chunk.length, 40))));
     return hasFormat ? Go::kOn : Go::kRefuse;
   });
+  return way == Way::kDone;
 }
 
 bool IsAvi(const Source& source) {
   const std::string head = source.Read(0, kHead);
   if (!HasWord(head, 0, "RIFF") || !HasWord(head, 8, "AVI ")) return false;
   bool hasHead = false;
-  return Walk(source, kHead, source.Size(), [&](const Chunk& chunk) {
+  std::uint64_t film = 0;
+  const Way way = Walk(source, kHead, source.Size(), [&](const Chunk& chunk) {
+    film = chunk.body;
     if (chunk.IsListOf("movi")) return hasHead ? Go::kDone : Go::kRefuse;
     if (hasHead || !chunk.IsListOf("hdrl")) return hasHead ? Go::kOn : Go::kRefuse;
     hasHead = IsAviHead(source, chunk);
     return hasHead ? Go::kOn : Go::kRefuse;
   });
+  return way == Way::kDone && film <= kLongestHead &&
+         !HoldsTexts(source.Read(0, static_cast<std::size_t>(film)));
 }
 
 }  // namespace media

@@ -128,7 +128,13 @@ Media Films(const Lures& to) {
   const std::string link = Box(
       "rmra", Box("rmda", Box("rdrf", Big(0, 4) + "url " + Big(Http(to).size(), 4) + Http(to))));
   std::string stream = Chunk("strh", "txts" + std::string(52, '\0'));
+  const std::string texts = stream;
   stream = Chunk("LIST", "strl" + stream + Chunk("strf", ""));
+  const std::string pictures = Chunk("strh", "vids" + std::string(52, '\0')) + Chunk("strf", "");
+  const auto avi = [](const std::string& streams) {
+    const std::string head = Chunk("LIST", "hdrl" + Chunk("avih", std::string(56, '\0')) + streams);
+    return Chunk("RIFF", "AVI " + head + Chunk("LIST", "movi"));
+  };
   const std::string head = Chunk("LIST", "hdrl" + Chunk("avih", std::string(56, '\0')) + stream);
   const std::string subtitle = Chunk("00tx", std::string("GAB2\0\x02\0", 7) + Hls(Http(to)));
   return {
@@ -146,8 +152,14 @@ Media Films(const Lures& to) {
        Sample("film.mp4") + Box("free", std::string(1'100'000, ' ')) + Box("free", Hls(Http(to))),
        true},
       {"avi-with-texts", Chunk("RIFF", "AVI " + head + Chunk("LIST", "movi" + subtitle))},
+      {"avi-with-texts-behind-pictures", avi(Chunk("LIST", "strl" + pictures + texts))},
+      {"avi-with-texts-beside-pictures",
+       avi(Chunk("LIST", "strl" + pictures) + Chunk("LIST", "INFO" + texts))},
       {"flv-hls", std::string("FLV\x01\x05\0\0\0\x09\0\0\0\0", 13) + Hls(Http(to))},
       {"matroska-hls", "\x1A\x45\xDF\xA3\x8B\x42\x82\x88matroska" + Hls(Http(to))},
+      // The beginning of a film without anything behind it: players say so while they open it.
+      {"matroska-without-film", "\x1A\x45\xDF\xA3\x8B\x42\x82\x88matroska\x18\x53\x80\x67\x80",
+       true},
       {"mpeg-hls", std::string("\0\0\x01\xBA", 4) + Hls(Http(to))},
       {"transport-hls", "G" + Hls(Http(to))},
       {"wmv", "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9" + Utf16(Http(to))},

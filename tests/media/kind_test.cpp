@@ -172,5 +172,30 @@ TEST(MediaKind, TakesNoLongerForALargeFile) {
   EXPECT_LT(costOf("", OggPage("OpusHead")), 3'000'000U);
 }
 
+// Each of these boxes and lists is short enough to be gone through; there are too many of them.
+TEST(MediaKind, LooksAtNoMorePiecesThanAFilmHas) {
+  const auto readsOf = [](const std::string& bytes) {
+    int reads = 0;
+    const Source whole = SourceOf(bytes);
+    MediumOf({bytes.size(), [&](std::uint64_t at, std::size_t count) {
+                ++reads;
+                return whole.Read(at, count);
+              }});
+    return reads;
+  };
+  const auto times = [](int count, const std::string& piece) {
+    std::string pieces;
+    for (int i = 0; i < count; ++i) pieces += piece;
+    return pieces;
+  };
+  const std::string references = Big(0, 4) + Big(64, 4) + times(64, Box("url ", Big(1, 4)));
+  const std::string film = Box("ftyp", "isom" + Big(0, 4)) +
+                           Box("moov", Box("trak", "") + times(2'000, Box("dref", references)));
+  EXPECT_LT(readsOf(film), 100'000);
+  const std::string list =
+      Chunk("LIST", "strl" + Chunk("strh", "vids") + times(900, Chunk("JUNK", "")));
+  EXPECT_LT(readsOf(Chunk("RIFF", "AVI " + Chunk("LIST", "hdrl" + times(900, list)))), 100'000);
+}
+
 }  // namespace
 }  // namespace media
