@@ -94,10 +94,11 @@ void BesideFile::Flush() {
 
 void BesideFile::TakePlace() {
   if (error_ != 0) Fail(error_);
-  const int error = file_.Close();
-  if (error != 0) Fail(error);
+  // Before it is closed, as that gives up the lock: another tool would take it for a dead one's.
   if (std::rename(beside_.c_str(), target_.c_str()) != 0) Fail(errno);
   made_.Keep();
+  const int error = file_.Close();
+  if (error != 0) Fail(error);
 }
 
 void BesideFile::Fail(int error) {

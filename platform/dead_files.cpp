@@ -66,7 +66,9 @@ bool TakeDead(const std::string& hostPath) {
   const Descriptor left = OpenLeft(hostPath);
   if (left.IsOpen() && LockError(left) != EWOULDBLOCK) return TakeLocked(left, hostPath);
   if (left.IsOpen()) errno = EBUSY;
-  return errno == ENOENT || (errno == ELOOP && ::unlink(hostPath.c_str()) == 0);
+  // A link, or what a tool of another user left before it was its file's own.
+  const bool isNobodys = errno == ELOOP || errno == EACCES;
+  return errno == ENOENT || (isNobodys && ::unlink(hostPath.c_str()) == 0);
 }
 
 void SweepDead(const std::string& hostFolder) {
