@@ -275,7 +275,10 @@ TEST(RtfPlainText, CutOffInputGivesWhatStandsThere) {
 TEST(RtfPlainText, WrongHexadecimalDigitsAreSteppedOver) {
   EXPECT_EQ(Plain("a\\'zzb\\'4"), u"azzb4");
   EXPECT_EQ(PlainText(u"{\\rtf1 a\\'\u06434b}"), u"a\u06434b");
-  EXPECT_EQ(PlainText(u"{\\rtf1 a\\'\u0134\u0134b}"), u"a\u0134\u0134b");
+  for (char16_t unit = 0x100; unit < 0x800; ++unit) {
+    const Text two(2, unit);
+    EXPECT_EQ(PlainText(u"{\\rtf1 a\\'" + two + u"b}"), u"a" + two + u"b");
+  }
   EXPECT_EQ(PlainText(u"{\\rtf1 a\\'4\u0134b}"), u"a4\u0134b");
 }
 
