@@ -1,6 +1,6 @@
 // MP4 and QuickTime: a tree of boxes, each with its length and a name of four letters. The sound
 // and the picture may lie in other files, which the boxes name: such a film isn't known. Source:
-// ISO/IEC 14496-12; "QuickTime File Format Specification".
+// ISO/IEC 14496-12; "QuickTime File Format".
 #include <algorithm>
 #include <array>
 #include <string>

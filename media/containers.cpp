@@ -110,7 +110,7 @@ bool IsOgg(const Source& source) {
 }
 
 // A head, then tags of sound, picture or description, each with its length behind it once more.
-// Source: "Adobe Flash Video File Format Specification 10.1", annex E.
+// Source: the format of Flash video, version 10.1, annex E.
 bool IsFlv(const Source& source) {
   constexpr int kEnoughTags = 4;
   const std::string head = source.Read(0, 13);

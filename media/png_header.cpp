@@ -1,4 +1,4 @@
-// PNG: W3C, "Portable Network Graphics (PNG) Specification", 2nd edition, 5 and 11.
+// PNG: W3C, "Portable Network Graphics", 2nd edition, 5 and 11.
 #include <algorithm>
 #include <cstddef>
 
