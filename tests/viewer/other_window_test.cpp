@@ -352,7 +352,8 @@ TEST_F(Viewing, DamagedPicturesAreNoMatter) {
   Show();
   Click(*window_, u"a1"_s);
   ClickRow(ListOf(*window_), 2);
-  EXPECT_TRUE(PageText(*window_).contains(u"این تصویر نمایش داده نمی‌شود"_s));
+  EXPECT_TRUE(
+      PageText(*window_).contains(u"این تصویر نمایش داده نمی‌شود"_s));
   EXPECT_TRUE(PageText(*window_).contains(u"Data/IMG/P1.jpg"_s));
 }
 
