@@ -7,9 +7,13 @@
 
 namespace testing_support {
 
+// As many bytes as wanted: those above the number's own are zeros.
 inline std::string Big(std::uint64_t number, int count) {
+  constexpr int kOwn = 8;
   std::string bytes;
-  for (int i = count - 1; i >= 0; --i) bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
+  for (int i = count - 1; i >= 0; --i) {
+    bytes += i < kOwn ? static_cast<char>(number >> (8 * i) & 0xFFU) : '\0';
+  }
   return bytes;
 }
 
