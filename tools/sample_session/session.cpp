@@ -51,17 +51,21 @@ viewer::Outside StillMachine() {
           .print = [](const std::function<void(QPrinter&)>&, QWidget*) {}};
 }
 
+// Milliseconds; under memcheck everything takes its time.
+constexpr int kPatience = 120'000;
+
 // The viewer's pictures come one by one once the window is there.
 void WaitUntilStill(QWidget& window) {
   constexpr int kLooksAlike = 10;
   QImage before;
   int alike = 0;
-  Robot::WaitUntil([&] {
+  const auto isStill = [&] {
     const QImage now = window.grab().toImage();
     alike = now == before ? alike + 1 : 0;
     before = now;
     return alike == kLooksAlike;
-  });
+  };
+  Robot::WaitUntil(isStill, kPatience);
 }
 
 QString ShownText() {
@@ -245,7 +249,7 @@ void Session::LookAtBook(const QString& root, const QString& layout) {
   Robot::Type("viewer", "words", QStringLiteral("باغ"));
   Robot::Click("viewer", "find");
   const auto& hits = Robot::FindAs<QListView>("viewer", "hits");
-  Robot::WaitUntil([&] { return hits.model()->rowCount() > 0; });
+  Robot::WaitUntil([&] { return hits.model()->rowCount() > 0; }, kPatience);
   look(QStringLiteral("search"));
 }
 
