@@ -9,7 +9,7 @@
 #include "bench/desk.h"
 #include "bench/paint_watch.h"
 #include "bench/texts.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace bench {
 namespace {

@@ -11,7 +11,7 @@
 #include "bench/bare_book.h"
 #include "bench/desk.h"
 #include "bench/texts.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace bench {
 namespace {

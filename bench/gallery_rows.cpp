@@ -13,7 +13,7 @@
 
 #include "bench/desk.h"
 #include "bench/process.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "support/window_catalogue.h"
 
 namespace bench {

@@ -7,8 +7,8 @@
 
 #include "bench/bare_edit.h"
 #include "bench/paint_watch.h"
-#include "platform/rich_text_box.h"
 #include "platform/rtf/rtf.h"
+#include "platform/windows/rich_text_box.h"
 #include "tests/support/small_window.h"
 
 namespace bench {

@@ -26,7 +26,7 @@
 #include "bench/text_rows.h"
 #include "bench/viewer_rows.h"
 #include "bench/viewer_start_row.h"
-#include "platform/application.h"
+#include "platform/windows/application.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "bench/desk.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace bench {
 namespace {

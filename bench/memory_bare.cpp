@@ -8,8 +8,8 @@
 #include "bench/peak_memory.h"
 #include "bench/reported.h"
 #include "bench/work_folder.h"
-#include "platform/code_page.h"
-#include "platform/encoding.h"
+#include "platform/text/code_page.h"
+#include "platform/text/encoding.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "bench/desk.h"
 #include "bench/peak_memory.h"
 #include "bench/reported.h"
-#include "platform/application.h"
+#include "platform/windows/application.h"
 
 int main(int argc, char** argv) {
   const platform::Application application(argc, argv);

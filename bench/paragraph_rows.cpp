@@ -9,7 +9,7 @@
 
 #include "bench/process.h"
 #include "bench/texts.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "workbench/clean_up.h"
 #include "workbench/paragraphs.h"
 

@@ -4,7 +4,7 @@
 
 #include "bench/process.h"
 #include "bench/texts.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace bench {
 namespace {

@@ -5,11 +5,11 @@
 #include "core/machine.h"
 #include "core/project_window.h"
 #include "editor/paragraph_window.h"
-#include "platform/application.h"
 #include "platform/clock.h"
-#include "platform/file_system.h"
-#include "platform/paths.h"
+#include "platform/files/file_system.h"
+#include "platform/files/paths.h"
 #include "platform/random.h"
+#include "platform/windows/application.h"
 #include "support/help_window.h"
 
 int main(int argc, char** argv) {

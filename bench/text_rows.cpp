@@ -8,10 +8,10 @@
 
 #include "bench/process.h"
 #include "bench/texts.h"
-#include "platform/encoding.h"
-#include "platform/file_system.h"
-#include "platform/paths.h"
+#include "platform/files/file_system.h"
+#include "platform/files/paths.h"
 #include "platform/rtf/rtf.h"
+#include "platform/text/encoding.h"
 #include "workbench/clean_up.h"
 
 namespace bench {

@@ -3,7 +3,7 @@
 #include <array>
 #include <random>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace bench {
 

@@ -15,7 +15,7 @@
 #include "bench/process.h"
 #include "bench/texts.h"
 #include "bench/timing.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "viewer/book/search.h"
 #include "workbench/book_formats.h"
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "bench/process.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace bench {
 namespace {

@@ -8,7 +8,7 @@
 // None of these functions looks at the disk, and none fails.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

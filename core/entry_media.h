@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "core/numbers.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

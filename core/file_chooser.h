@@ -4,9 +4,9 @@
 
 #include <functional>
 
-#include "platform/controls.h"
-#include "platform/text.h"
-#include "platform/window.h"
+#include "platform/text/text.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/window.h"
 
 namespace core {
 

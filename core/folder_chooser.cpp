@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "support/window_catalogue.h"
 
 namespace core {

@@ -3,7 +3,7 @@
 
 #include <initializer_list>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "platform/clock.h"
-#include "platform/file_system_object.h"
-#include "platform/text.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/text.h"
 
 namespace core {
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/random.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

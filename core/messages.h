@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

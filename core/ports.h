@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/entry_media.h"
-#include "platform/text.h"
-#include "platform/window.h"
+#include "platform/text/text.h"
+#include "platform/windows/window.h"
 
 namespace core {
 

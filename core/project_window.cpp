@@ -10,9 +10,9 @@
 #include "core/settings.h"
 #include "core/version.h"
 #include "core/vocabulary.h"
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/windows/application.h"
 #include "support/window_catalogue.h"
 
 namespace core {

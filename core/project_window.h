@@ -13,10 +13,10 @@
 #include "core/machine.h"
 #include "core/ports.h"
 #include "core/reporter.h"
-#include "platform/controls.h"
-#include "platform/file_system_object.h"
-#include "platform/text.h"
-#include "platform/window.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/text.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/window.h"
 
 namespace core {
 

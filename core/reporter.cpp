@@ -3,10 +3,10 @@
 #include "core/book_places.h"
 #include "core/log.h"
 #include "core/messages.h"
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/message_box.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/windows/application.h"
+#include "platform/windows/message_box.h"
 
 namespace core {
 

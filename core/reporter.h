@@ -6,8 +6,8 @@
 #include <functional>
 
 #include "core/machine.h"
-#include "platform/file_system_object.h"
-#include "platform/text.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/text.h"
 
 namespace core {
 

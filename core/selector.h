@@ -4,7 +4,7 @@
 #include <array>
 #include <functional>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

@@ -1,7 +1,7 @@
 // The words that a book is made of: its folders, files, tags and credit line, in one record.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace core {
 

@@ -2,8 +2,8 @@
 
 #include "core/book_places.h"
 #include "core/numbers.h"
-#include "platform/clipboard.h"
 #include "platform/failure.h"
+#include "platform/windows/clipboard.h"
 #include "support/window_catalogue.h"
 
 namespace editor {

@@ -11,11 +11,11 @@
 
 #include "core/ports.h"
 #include "core/project_window.h"
-#include "platform/controls.h"
-#include "platform/file_system_object.h"
-#include "platform/rich_text_box.h"
-#include "platform/text.h"
-#include "platform/window.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/text.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
+#include "platform/windows/window.h"
 #include "workbench/format_window.h"
 #include "workbench/paragraph_window.h"
 

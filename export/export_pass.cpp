@@ -3,8 +3,8 @@
 #include "core/book_places.h"
 #include "core/numbers.h"
 #include "export/export_places.h"
-#include "platform/busy_pointer.h"
 #include "platform/failure.h"
+#include "platform/windows/busy_pointer.h"
 
 namespace exporting {
 

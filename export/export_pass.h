@@ -6,9 +6,9 @@
 #include "core/project_window.h"
 #include "export/print_page.h"
 #include "export/script.h"
-#include "platform/file_system_object.h"
+#include "platform/files/file_system_object.h"
 #include "platform/launcher.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace exporting {
 

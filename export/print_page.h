@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace exporting {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/encoding.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "workbench/book_formats.h"
 #include "workbench/clean_up.h"
 

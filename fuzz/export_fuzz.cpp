@@ -10,9 +10,9 @@
 #include "core/settings.h"
 #include "export/print_page.h"
 #include "export/script.h"
-#include "platform/encoding.h"
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 
 namespace {
 

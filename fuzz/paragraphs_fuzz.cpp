@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/encoding.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "workbench/paragraphs.h"
 
 namespace {

@@ -7,8 +7,8 @@
 
 #include "gallery/folder_pictures.h"
 #include "gallery/slots.h"
-#include "platform/controls.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
+#include "platform/windows/controls.h"
 
 namespace gallery {
 

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/column.h"
-#include "platform/file_system_object.h"
-#include "platform/text.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/text.h"
 
 namespace gallery {
 

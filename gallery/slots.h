@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/column.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace gallery {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform {
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace platform {
 namespace {

@@ -1,7 +1,7 @@
 // Starting other programs.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform {
 

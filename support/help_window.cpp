@@ -2,7 +2,7 @@
 
 #include "core/book_places.h"
 #include "core/numbers.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "support/window_catalogue.h"
 
 namespace support {

@@ -6,9 +6,9 @@
 
 #include "core/ports.h"
 #include "core/project_window.h"
-#include "platform/file_system_object.h"
-#include "platform/rich_text_box.h"
-#include "platform/window.h"
+#include "platform/files/file_system_object.h"
+#include "platform/windows/rich_text_box.h"
+#include "platform/windows/window.h"
 
 namespace support {
 

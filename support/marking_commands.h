@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace support {
 

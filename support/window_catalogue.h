@@ -2,7 +2,7 @@
 // hint. Rows stand in tab order, frames before what they hold.
 #pragma once
 
-#include "platform/window_definition.h"
+#include "platform/windows/window_definition.h"
 
 namespace support {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "core/entry_media.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace workbench {
 

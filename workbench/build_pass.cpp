@@ -4,8 +4,8 @@
 
 #include "core/book_places.h"
 #include "core/numbers.h"
-#include "platform/encoding.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/text/encoding.h"
 #include "workbench/clean_up.h"
 #include "workbench/stems.h"
 

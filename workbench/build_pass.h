@@ -5,9 +5,9 @@
 #include <cstdint>
 
 #include "platform/clock.h"
-#include "platform/file_system_object.h"
+#include "platform/files/file_system_object.h"
 #include "platform/random.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "workbench/book_formats.h"
 #include "workbench/filed_work.h"
 

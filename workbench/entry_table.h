@@ -10,7 +10,7 @@
 #include "core/entry_media.h"
 #include "gallery/slots.h"
 #include "platform/column.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace workbench {
 

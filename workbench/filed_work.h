@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "workbench/entry_table.h"
 
 namespace workbench {

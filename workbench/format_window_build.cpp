@@ -3,10 +3,10 @@
 
 #include "core/book_places.h"
 #include "core/numbers.h"
-#include "platform/application.h"
-#include "platform/busy_pointer.h"
-#include "platform/message_box.h"
 #include "platform/rtf/rtf.h"
+#include "platform/windows/application.h"
+#include "platform/windows/busy_pointer.h"
+#include "platform/windows/message_box.h"
 #include "workbench/build_pass.h"
 #include "workbench/format_window.h"
 #include "workbench/inline_images.h"

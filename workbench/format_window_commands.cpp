@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "core/numbers.h"
-#include "platform/application.h"
-#include "platform/message_box.h"
+#include "platform/windows/application.h"
+#include "platform/windows/message_box.h"
 #include "workbench/format_window.h"
 
 namespace workbench {

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "platform/column.h"
-#include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 
 namespace workbench {
 

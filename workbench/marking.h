@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "core/entry_media.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/marking_commands.h"
 
 namespace workbench {

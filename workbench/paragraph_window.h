@@ -4,9 +4,9 @@
 
 #include "core/entry_media.h"
 #include "gallery/browser.h"
-#include "platform/controls.h"
-#include "platform/rich_text_box.h"
-#include "platform/window.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
+#include "platform/windows/window.h"
 
 namespace workbench {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/text_search.h"
+#include "platform/text/text_search.h"
 
 namespace workbench {
 

@@ -3,7 +3,7 @@
 
 #include "platform/clock.h"
 #include "platform/random.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace workbench {
 

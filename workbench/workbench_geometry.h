@@ -7,8 +7,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/text.h"
-#include "platform/window_definition.h"
+#include "platform/text/text.h"
+#include "platform/windows/window_definition.h"
 
 namespace workbench {
 

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "platform/window_definition.h"
+#include "platform/windows/window_definition.h"
 
 namespace platform {
 

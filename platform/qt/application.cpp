@@ -1,4 +1,4 @@
-#include "platform/application.h"
+#include "platform/windows/application.h"
 
 #include <QApplication>
 #include <QFont>
@@ -6,11 +6,11 @@
 #include <cstdlib>
 
 #include "platform/failure.h"
-#include "platform/message_box.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/fonts.h"
 #include "platform/qt/toolkit_texts.h"
 #include "platform/qt/trampoline.h"
+#include "platform/windows/message_box.h"
 
 namespace platform {
 namespace {

@@ -6,7 +6,7 @@
 #include <QPalette>
 #include <QRect>
 
-#include "platform/window_definition.h"
+#include "platform/windows/window_definition.h"
 
 namespace platform {
 

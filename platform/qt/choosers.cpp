@@ -2,13 +2,13 @@
 #include <QComboBox>
 
 #include "platform/failure.h"
-#include "platform/file_system.h"
-#include "platform/mask.h"
-#include "platform/paths.h"
+#include "platform/files/file_system.h"
+#include "platform/files/paths.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/list_widget.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
+#include "platform/windows/mask.h"
 
 namespace platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/clipboard.h"
+#include "platform/windows/clipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

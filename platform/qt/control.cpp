@@ -3,13 +3,13 @@
 #include <QFocusEvent>
 #include <QTimer>
 
-#include "platform/caption.h"
-#include "platform/controls.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/edges.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
-#include "platform/rich_text_box.h"
+#include "platform/text/caption.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
 
 namespace platform {
 namespace {

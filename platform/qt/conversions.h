@@ -3,8 +3,8 @@
 
 #include <QString>
 
-#include "platform/text.h"
-#include "platform/window_definition.h"
+#include "platform/text/text.h"
+#include "platform/windows/window_definition.h"
 
 namespace platform {
 

@@ -6,7 +6,7 @@
 #include <QPainter>
 
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/picture_decoder.h"

@@ -1,4 +1,4 @@
-#include "platform/message_box.h"
+#include "platform/windows/message_box.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,10 +9,10 @@
 #include <QSpacerItem>
 #include <utility>
 
-#include "platform/caption.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/pointer_at_rest.h"
+#include "platform/text/caption.h"
 
 namespace platform {
 namespace {

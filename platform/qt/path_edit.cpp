@@ -7,7 +7,7 @@
 #include <QTextDocument>
 #include <QToolTip>
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "platform/qt/conversions.h"
 
 namespace platform {

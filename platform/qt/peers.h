@@ -7,11 +7,11 @@
 #include <functional>
 #include <memory>
 
-#include "platform/controls.h"
-#include "platform/rich_text_box.h"
-#include "platform/text.h"
-#include "platform/window.h"
-#include "platform/window_definition.h"
+#include "platform/text/text.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
+#include "platform/windows/window.h"
+#include "platform/windows/window_definition.h"
 
 class QAction;
 class QTimer;

@@ -2,9 +2,9 @@
 #include <QCursor>
 #include <QMenu>
 
-#include "platform/caption.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
+#include "platform/text/caption.h"
 
 namespace platform {
 namespace {

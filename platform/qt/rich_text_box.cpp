@@ -1,4 +1,4 @@
-#include "platform/rich_text_box.h"
+#include "platform/windows/rich_text_box.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
@@ -11,9 +11,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/caption.h"
 #include "platform/failure.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/copied_text.h"
 #include "platform/qt/fonts.h"
@@ -23,6 +22,7 @@
 #include "platform/qt/rich_text_pictures.h"
 #include "platform/qt/trampoline.h"
 #include "platform/rtf/rtf.h"
+#include "platform/text/caption.h"
 
 namespace platform {
 namespace {

@@ -5,7 +5,7 @@
 #include <QTextDocument>
 
 #include "platform/rtf/document.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform {
 

@@ -9,7 +9,6 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
-#include "platform/caption.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/caption_font.h"
 #include "platform/qt/conversions.h"
@@ -18,6 +17,7 @@
 #include "platform/qt/peers.h"
 #include "platform/qt/picture_button.h"
 #include "platform/qt/trampoline.h"
+#include "platform/text/caption.h"
 
 namespace platform {
 namespace {

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/caption.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/menu_style.h"
+#include "platform/text/caption.h"
 
 namespace platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/window.h"
+#include "platform/windows/window.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -10,13 +10,13 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "platform/caption.h"
-#include "platform/controls.h"
 #include "platform/qt/accessible_names.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
+#include "platform/text/caption.h"
+#include "platform/windows/controls.h"
 
 namespace platform {
 namespace {

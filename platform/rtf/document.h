@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

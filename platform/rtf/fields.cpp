@@ -6,7 +6,7 @@
 #include <string>
 #include <system_error>
 
-#include "platform/utf8.h"
+#include "platform/text/utf8.h"
 
 namespace platform::rtf {
 namespace {

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "platform/rtf/font_page.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <string_view>
 
-#include "platform/code_page.h"
-#include "platform/text.h"
+#include "platform/text/code_page.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

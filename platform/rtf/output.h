@@ -14,7 +14,7 @@
 
 #include "platform/rtf/document.h"
 #include "platform/rtf/formats.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

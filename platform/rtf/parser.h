@@ -18,7 +18,7 @@
 #include "platform/rtf/state.h"
 #include "platform/rtf/text_reader.h"
 #include "platform/rtf/words.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

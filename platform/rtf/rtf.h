@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/rtf/document.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

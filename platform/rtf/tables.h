@@ -9,7 +9,7 @@
 
 #include "platform/rtf/document.h"
 #include "platform/rtf/font_page.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

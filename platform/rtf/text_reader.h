@@ -12,7 +12,7 @@
 #include "platform/rtf/formats.h"
 #include "platform/rtf/output.h"
 #include "platform/rtf/scanner.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace platform::rtf {
 

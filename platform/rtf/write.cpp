@@ -4,8 +4,8 @@
 #include <map>
 #include <utility>
 
-#include "platform/encoding.h"
 #include "platform/rtf/rtf.h"
+#include "platform/text/encoding.h"
 
 namespace platform::rtf {
 namespace {

@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/caption.h"
-#include "platform/controls.h"
+#include "platform/text/caption.h"
+#include "platform/windows/controls.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
 

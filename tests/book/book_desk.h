@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "tests/book/book_files.h"
 #include "tests/support/format_desk.h"
 

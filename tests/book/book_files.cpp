@@ -6,8 +6,8 @@
 #include <regex>
 #include <vector>
 
-#include "platform/encoding.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 
 namespace book {
 namespace {

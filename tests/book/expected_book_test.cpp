@@ -7,7 +7,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/book/line_difference.h"
 
 namespace {

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "export/print_page.h"
-#include "platform/encoding.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "tests/book/book_files.h"
 #include "tests/book/expected_book.h"
 

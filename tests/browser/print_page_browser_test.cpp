@@ -12,7 +12,7 @@
 
 #include "core/vocabulary.h"
 #include "export/export_pass.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/support/desk.h"
 #include "workbench/book_formats.h"
 

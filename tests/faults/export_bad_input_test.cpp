@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/faults/export_walk.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <regex>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/book/expected_book.h"
 #include "tests/faults/program_folder.h"
 

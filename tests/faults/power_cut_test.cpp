@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/book/expected_book.h"
 #include "tests/faults/export_walk.h"
 #include "tests/faults/left_book.h"

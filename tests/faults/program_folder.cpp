@@ -4,7 +4,7 @@
 #include <map>
 #include <string_view>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/support/temporary_folder.h"
 
 namespace faults {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/faults/program_folder.h"
 #include "tests/support/format_desk.h"
 

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <regex>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/book/expected_book.h"
 #include "tests/faults/left_book.h"
 #include "tests/faults/places.h"

@@ -1,7 +1,7 @@
 // The application that every test program with windows runs in.
 #pragma once
 
-#include "platform/application.h"
+#include "platform/windows/application.h"
 
 namespace testing_support {
 

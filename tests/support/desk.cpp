@@ -5,7 +5,7 @@
 #include <iterator>
 #include <regex>
 
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 namespace testing_support {
 namespace {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace testing_support {
 namespace {

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/file_system.h"
-#include "platform/text.h"
+#include "platform/files/file_system.h"
+#include "platform/text/text.h"
 
 namespace testing_support {
 

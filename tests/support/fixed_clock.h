@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/clock.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace testing_support {
 

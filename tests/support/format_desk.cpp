@@ -9,7 +9,7 @@
 #include <regex>
 #include <stdexcept>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace testing_support {
 namespace {

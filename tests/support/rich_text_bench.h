@@ -10,9 +10,9 @@
 #include <string>
 #include <utility>
 
-#include "platform/rich_text_box.h"
 #include "platform/rtf/document.h"
 #include "platform/rtf/rtf.h"
+#include "platform/windows/rich_text_box.h"
 #include "tests/support/small_window.h"
 
 namespace testing_support {

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "platform/failure.h"
-#include "platform/text.h"
-#include "platform/window.h"
-#include "platform/window_definition.h"
+#include "platform/text/text.h"
+#include "platform/windows/window.h"
+#include "platform/windows/window_definition.h"
 #include "tests/support/robot.h"
 
 namespace testing_support {

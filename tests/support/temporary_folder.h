@@ -13,8 +13,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "platform/files/paths.h"
+#include "platform/text/text.h"
 
 namespace testing_support {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "core/book_places.h"
-#include "platform/encoding.h"
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/text/encoding.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temporary_folder.h"

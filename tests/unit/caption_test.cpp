@@ -1,4 +1,4 @@
-#include "platform/caption.h"
+#include "platform/text/caption.h"
 
 #include <gtest/gtest.h>
 

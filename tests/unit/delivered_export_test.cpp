@@ -11,7 +11,7 @@
 
 #include "export/print_page.h"
 #include "export/script.h"
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 namespace {
 

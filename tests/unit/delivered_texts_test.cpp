@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/encoding.h"
-#include "platform/text.h"
+#include "platform/text/encoding.h"
+#include "platform/text/text.h"
 #include "tests/unit/source_tree.h"
 #include "workbench/clean_up.h"
 

@@ -1,4 +1,4 @@
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 
 #include <gtest/gtest.h>
 

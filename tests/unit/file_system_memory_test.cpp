@@ -5,7 +5,7 @@
 #include <new>
 
 #include "platform/failure.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "tests/support/failing_memory.h"
 #include "tests/support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/file_system_object.h"
+#include "platform/files/file_system_object.h"
 
 #include <gtest/gtest.h>
 

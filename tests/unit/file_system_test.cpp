@@ -1,4 +1,4 @@
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "platform/failure.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/temporary_folder.h"

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "core/messages.h"
-#include "platform/caption.h"
 #include "platform/rtf/rtf.h"
-#include "platform/text.h"
+#include "platform/text/caption.h"
+#include "platform/text/text.h"
 #include "support/window_catalogue.h"
 #include "tests/unit/source_tree.h"
 #include "workbench/marking.h"

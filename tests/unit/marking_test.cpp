@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "tests/unit/only_media.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/mask.h"
+#include "platform/windows/mask.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace {
 

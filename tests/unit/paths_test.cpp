@@ -1,4 +1,4 @@
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/failure.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {

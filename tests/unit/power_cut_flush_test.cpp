@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/failure.h"
-#include "platform/file_system.h"
+#include "platform/files/file_system.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/volatile_disk.h"
 

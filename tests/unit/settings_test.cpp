@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "platform/encoding.h"
 #include "platform/failure.h"
-#include "platform/file_system_object.h"
+#include "platform/files/file_system_object.h"
+#include "platform/text/encoding.h"
 #include "tests/unit/memory_file_system.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/window_catalogue.h"
 
 namespace {

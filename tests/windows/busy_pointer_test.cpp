@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "platform/busy_pointer.h"
+#include "platform/windows/busy_pointer.h"
 #include "tests/support/export_desk.h"
 #include "tests/support/format_desk.h"
 

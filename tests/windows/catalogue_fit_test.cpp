@@ -24,8 +24,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/caption.h"
 #include "platform/qt/fonts.h"
+#include "platform/text/caption.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
 

@@ -20,7 +20,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/support/export_desk.h"
 #include "tests/support/gallery_desk.h"
 

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/support/export_desk.h"
 
 namespace {

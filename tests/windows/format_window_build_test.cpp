@@ -7,7 +7,7 @@
 #include <QMessageBox>
 #include <filesystem>
 
-#include "platform/encoding.h"
+#include "platform/text/encoding.h"
 #include "tests/support/format_desk.h"
 
 namespace {

@@ -11,9 +11,9 @@
 #include <QTextEdit>
 #include <array>
 
-#include "platform/controls.h"
 #include "platform/qt/artwork.h"
-#include "platform/rich_text_box.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
 #include "tests/support/temporary_folder.h"

@@ -13,10 +13,10 @@
 #include <cstdio>
 #include <memory>
 
-#include "platform/application.h"
-#include "platform/clipboard.h"
-#include "platform/controls.h"
-#include "platform/message_box.h"
+#include "platform/windows/application.h"
+#include "platform/windows/clipboard.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/message_box.h"
 #include "tests/support/application.h"
 #include "tests/support/small_window.h"
 

@@ -11,7 +11,7 @@
 #include <array>
 #include <filesystem>
 
-#include "platform/controls.h"
+#include "platform/windows/controls.h"
 #include "tests/support/rich_text_bench.h"
 #include "tests/support/small_window.h"
 #include "tests/support/temporary_folder.h"

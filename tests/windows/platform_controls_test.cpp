@@ -8,7 +8,7 @@
 #include <QTest>
 #include <array>
 
-#include "platform/controls.h"
+#include "platform/windows/controls.h"
 #include "tests/support/small_window.h"
 
 namespace {

@@ -10,9 +10,9 @@
 #include <array>
 #include <cmath>
 
-#include "platform/controls.h"
 #include "platform/qt/artwork.h"
-#include "platform/rich_text_box.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/rich_text_box.h"
 #include "tests/support/small_window.h"
 
 namespace {

@@ -16,8 +16,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/controls.h"
 #include "platform/qt/conversions.h"
+#include "platform/windows/controls.h"
 #include "tests/support/small_window.h"
 
 namespace {

@@ -13,8 +13,8 @@
 #include <array>
 #include <vector>
 
-#include "platform/controls.h"
 #include "platform/qt/conversions.h"
+#include "platform/windows/controls.h"
 #include "tests/support/small_window.h"
 
 namespace {

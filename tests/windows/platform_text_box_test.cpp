@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/controls.h"
+#include "platform/windows/controls.h"
 #include "tests/support/small_window.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include <array>
 #include <optional>
 
-#include "platform/controls.h"
+#include "platform/windows/controls.h"
 #include "tests/support/small_window.h"
 
 namespace {

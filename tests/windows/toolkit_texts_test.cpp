@@ -23,7 +23,7 @@
 #include <vector>
 
 #include "platform/qt/conversions.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
 

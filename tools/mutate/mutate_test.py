@@ -197,7 +197,7 @@ class LikelyTests(unittest.TestCase):
                     for level, found in levels_of(Path(folder), tests, path)]
 
     def test_the_likeliest_come_first(self):
-        tests = [FakeTest("windows", "boxes_test"), FakeTest("unit", "text_test", "platform/text.h"),
+        tests = [FakeTest("windows", "boxes_test"), FakeTest("unit", "text_test", "platform/text/text.h"),
                  FakeTest("unit", "marking_test", "workbench/marking.h"),
                  FakeTest("windows", "guide_test", "workbench/marking.h"),
                  FakeTest("book", "stems_test", "workbench/stems.h")]

@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
+#include "platform/windows/application.h"
 #include "tools/sample_session/session.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include <stdexcept>
 
 #include "platform/clock.h"
-#include "platform/file_system.h"
-#include "platform/paths.h"
+#include "platform/files/file_system.h"
+#include "platform/files/paths.h"
 #include "viewer/window.h"
 
 namespace sample {

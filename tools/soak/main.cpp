@@ -3,9 +3,9 @@
 #include <iostream>
 #include <string>
 
-#include "platform/application.h"
 #include "platform/failure.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
+#include "platform/windows/application.h"
 #include "tools/soak/soak.h"
 
 int main(int argc, char** argv) {

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "platform/clock.h"
-#include "platform/encoding.h"
-#include "platform/file_system.h"
-#include "platform/paths.h"
+#include "platform/files/file_system.h"
+#include "platform/files/paths.h"
+#include "platform/text/encoding.h"
 
 namespace soak {
 namespace {

@@ -1,0 +1,90 @@
+#include "platform/files/host_descriptor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "platform/failure.h"
+
+namespace platform {
+namespace {
+
+// In English whatever the user's language is: descriptions go to the log.
+Text DescriptionOf(int error) {
+#if defined(__GLIBC__)
+  const char* const description = strerrordesc_np(error);
+#else
+  const char* const description = std::strerror(error);
+#endif
+  return description != nullptr ? FromUtf8(description) : u"error " + FromNumber(error);
+}
+
+}  // namespace
+
+void FailHost(TextView deed, TextView path, int error) {
+  Text description = u"Can't ";
+  description.append(deed).append(u" ").append(path).append(u": ").append(DescriptionOf(error));
+  throw Failure(std::move(description));
+}
+
+Descriptor::Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+
+Descriptor::~Descriptor() { Close(); }
+
+int Descriptor::Close() {
+  if (!IsOpen()) return 0;
+  // An interrupted close has closed all the same.
+  const bool closed = ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
+  return closed ? 0 : errno;
+}
+
+int Descriptor::Flush() const {
+  int result = 0;
+  do {
+    result = ::fsync(number_);
+  } while (result != 0 && errno == EINTR);
+  return result == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+}
+
+MadeFile::MadeFile(MadeFile&& other) noexcept
+    : hostPath_(std::move(other.hostPath_)), isKept_(std::exchange(other.isKept_, true)) {}
+
+MadeFile::~MadeFile() {
+  if (!isKept_) ::unlink(hostPath_.c_str());
+}
+
+Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode) {
+  int number = -1;
+  do {
+    number = ::open(hostPath.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
+  } while (number < 0 && errno == EINTR);
+  return Descriptor(number);
+}
+
+struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path) {
+  struct stat known {};
+  if (!file.IsOpen() || ::fstat(file.Number(), &known) != 0) FailHost(deed, path, errno);
+  if (S_ISDIR(known.st_mode)) FailHost(deed, path, EISDIR);
+  if (!S_ISREG(known.st_mode)) {
+    throw Failure(
+        Text(u"Can't ").append(deed).append(u" ").append(path).append(u": Not an ordinary file"));
+  }
+  return known;
+}
+
+int WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written) {
+  written = 0;
+  while (written < bytes.size()) {
+    const ssize_t count = ::write(file.Number(), bytes.data() + written, bytes.size() - written);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    if (count == 0) return ENOSPC;
+    written += static_cast<std::size_t>(count);
+  }
+  return 0;
+}
+
+}  // namespace platform

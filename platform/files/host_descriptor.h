@@ -1,0 +1,68 @@
+// An open file of the host, and the few things done with one. For the host's file system alone.
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/text/text.h"
+
+namespace platform {
+
+// Failure "Can't <deed> <path>: <what the host says of the error>".
+[[noreturn]] void FailHost(TextView deed, TextView path, int error);
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept;
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(Descriptor&&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor();
+
+  int Number() const { return number_; }
+  bool IsOpen() const { return number_ >= 0; }
+  // The host's error number, 0 where what was written is on the disk. A host that has no flush for
+  // such a file has nothing to wait for.
+  int Flush() const;
+  // The host's error number, 0 where all went well. Closed in any case.
+  int Close();
+
+ private:
+  int number_;
+};
+
+// Never waits for the other end of a pipe and never takes a terminal over. Not open where it
+// failed; errno says why.
+Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode = 0);
+
+// A file that was made here and is nobody's yet: it goes away again unless it is kept.
+class MadeFile {
+ public:
+  explicit MadeFile(std::string hostPath) noexcept : hostPath_(std::move(hostPath)) {}
+  MadeFile(MadeFile&& other) noexcept;
+  MadeFile(const MadeFile&) = delete;
+  MadeFile& operator=(MadeFile&&) = delete;
+  MadeFile& operator=(const MadeFile&) = delete;
+  ~MadeFile();
+
+  void Keep() { isKept_ = true; }
+
+ private:
+  std::string hostPath_;
+  bool isKept_ = false;
+};
+
+// What the host knows of an open file. Failure if that is no ordinary file.
+struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path);
+
+// Writes all of it or gives the host's error number. `written` says how much of it reached the
+// file.
+int WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written);
+
+}  // namespace platform

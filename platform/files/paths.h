@@ -1,0 +1,36 @@
+// Paths as the tool writes them, "C:\folder\name", against paths as the host takes them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/text/text.h"
+
+namespace platform {
+
+// The host's own bytes for a path. Without drive letters "C:" is the root of the file system, "\"
+// and "/" both separate, a path without a drive starts at the process's current folder and one with
+// a leading "\" at the root. Failure for another drive, an embedded NUL, a lone surrogate that
+// stands for no byte (see ToolPath) and an empty path.
+std::string HostPath(TextView path);
+// The other way: absolute, with backslashes. Bytes that are no UTF-8 come back as they were through
+// HostPath (each stands as U+DC80 + its low seven bits meanwhile).
+Text ToolPath(std::string_view hostPath);
+// The same for a single name of a folder's listing.
+Text ToolName(std::string_view hostName);
+
+// A path as it is typed on this host or pasted from a file manager ("/home/ali", "~/texts",
+// "file:///home/ali"), as the tool writes it; any other text stays as it is. On a host with drive
+// letters every text does.
+Text TypedPath(TextView typed);
+
+// A final "\" for a text of two or more characters that has none; shorter texts stay as they are.
+Text DoSlash(TextView path);
+
+// The folder of the running program, without a final "\".
+Text ProgramFolder();
+// The second log: "C:\ZVL.log" on a host with drive letters, else ZVL.log in
+// ~/.local/state/zorvand, whose folders this makes as needed.
+Text SystemLogPath();
+
+}  // namespace platform
