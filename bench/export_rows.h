@@ -11,5 +11,7 @@ Row MeasureExport(const Plan& plan);
 // to 50,000. Then of as many on the disk.
 Row MeasurePrintPages(const Plan& plan);
 Row MeasurePrintPagesOnDisk(const Plan& plan);
+// For a work folder in memory.
+Row MeasurePrintPagesInMemoryFiles(const Plan& plan);
 
 }  // namespace bench

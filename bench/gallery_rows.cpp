@@ -154,7 +154,7 @@ Row MeasureScrollStep(const Plan& plan) {
     measured.beside.push_back(SecondsOfDjpeg(folder));
   }
   return TimedRow("one scroll step over JPEGs of 24 megapixels, five decoded",
-                  "djpeg -scale 1/8 on five", measured, {Target::Kind::kAtMost, 0.9});
+                  "djpeg -scale 1/8 on five", measured, {Target::Kind::kAtMost, 0.85});
 }
 
 Row MeasureGalleryBuild(const Plan& plan) {

@@ -32,14 +32,16 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 26> kRows = {
+const std::array<bench::NamedRow, 28> kRows = {
     {{"build", bench::MeasureTextBuild},
+     {"build-memory", bench::MeasureTextBuildInMemory, true},
      {"media", bench::MeasureMediaBuild},
      {"mixed", bench::MeasureMixedBuild},
      {"gallery", bench::MeasureGalleryBuild},
      {"export", bench::MeasureExport},
      {"print", bench::MeasurePrintPages},
      {"print-disk", bench::MeasurePrintPagesOnDisk},
+     {"print-memory", bench::MeasurePrintPagesInMemoryFiles, true},
      {"rep", bench::MeasureCleanUp},
      {"rebuild", bench::MeasureRebuilding},
      {"rebuild-line", bench::MeasureRebuildingOneLine},
@@ -95,12 +97,13 @@ void WarnOfLoad() {
   std::cerr << "The machine is busy (load " << load << "): take the figures with care.\n";
 }
 
-int PrintTable(const Order& order, bench::WorkFolder& work) {
+int PrintTable(const Order& order, bench::WorkFolder& onDisk) {
+  bench::WorkFolder inMemory(bench::kInMemory);
   int status = 0;
   std::cout << bench::TableHead() << std::flush;
   for (const bench::NamedRow* row : order.rows) {
     WarnOfLoad();
-    const bench::Row measured = row->measure({work, order.rounds});
+    const bench::Row measured = row->measure({row->inMemory ? inMemory : onDisk, order.rounds});
     std::cout << bench::TableLine(measured) << std::flush;
     if (!bench::IsMet(measured)) status = 1;
   }
@@ -121,7 +124,7 @@ int main(int argc, char** argv) {
   const platform::Application application(argc, argv);
   return bench::Reported([&] {
     const Order order = OrderOf({argv + 1, argv + argc});
-    bench::WorkFolder work;
+    bench::WorkFolder work(bench::kOnDisk);
     // Nothing reaches the user's own folders.
     ::setenv("HOME", work.NewFolder("home").c_str(), 1);
     ::sync();

@@ -51,6 +51,7 @@ struct Plan {
 struct NamedRow {
   std::string name;
   std::function<Row(const Plan& plan)> measure;
+  bool inMemory = false;  // its work folder
 };
 
 }  // namespace bench

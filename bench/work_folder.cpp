@@ -12,8 +12,8 @@ namespace bench {
 
 namespace fs = std::filesystem;
 
-WorkFolder::WorkFolder()
-    : path_(std::string(ZORVAND_BENCH_FOLDER) + "/work-" + std::to_string(::getpid())) {
+WorkFolder::WorkFolder(const std::string& place)
+    : path_(place + "/zorvand-bench-" + std::to_string(::getpid())) {
   fs::create_directories(path_);
 }
 

@@ -1,4 +1,5 @@
-// Where everything is written that a run of the bench writes, on the build's own disk.
+// Where everything is written that a run of the bench writes: on the build's own disk, or in
+// memory.
 #pragma once
 
 #include <string>
@@ -9,7 +10,7 @@ namespace bench {
 // slower just after thousands were deleted.
 class WorkFolder {
  public:
-  WorkFolder();
+  explicit WorkFolder(const std::string& place);
   WorkFolder(const WorkFolder&) = delete;
   WorkFolder& operator=(const WorkFolder&) = delete;
   ~WorkFolder();
@@ -21,6 +22,10 @@ class WorkFolder {
   std::string path_;
   int count_ = 0;
 };
+
+// The places of work folders. The second needs a tmpfs there, as Debian has it.
+constexpr const char* kOnDisk = ZORVAND_BENCH_FOLDER;
+constexpr const char* kInMemory = "/dev/shm";
 
 void WriteFile(const std::string& path, const std::string& bytes);
 std::string ReadFile(const std::string& path);
