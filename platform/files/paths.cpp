@@ -36,9 +36,7 @@ TextView WithoutDrive(TextView path) {
 
 void AppendHostCharacter(std::string& host, char32_t character, TextView path) {
   if (character == u'\0') FailPath(u"Bad file name", path);
-  if (character == u'\\') {
-    host += '/';
-  } else if (IsRawByte(character)) {
+  if (IsRawByte(character)) {
     host += static_cast<char>(character - kRawByte);
   } else if (IsSurrogate(character)) {
     FailPath(u"Bad file name", path);
@@ -125,6 +123,11 @@ std::string HostPath(TextView path) {
     if (rest.empty() || (rest[0] != u'\\' && rest[0] != u'/')) host += '/';
   }
   while (!rest.empty()) {
+    if (const char16_t unit = rest.front(); unit != u'\0' && unit < 0x80) {
+      host += unit == u'\\' ? '/' : static_cast<char>(unit);
+      rest.remove_prefix(1);
+      continue;
+    }
     const Utf16Step step = FirstOfUtf16(rest);
     AppendHostCharacter(host, step.character, path);
     rest.remove_prefix(step.length);
