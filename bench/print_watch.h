@@ -38,6 +38,8 @@ class PrintWatch : public platform::FileSystem {
   void Flush(platform::TextView path) override {
     if (count_ == 0) host_.Flush(path);
   }
+  bool IsLost(platform::TextView path) override { return host_.IsLost(path); }
+  void GiveUp(platform::TextView path) override { host_.GiveUp(path); }
 
  private:
   using Clock = std::chrono::steady_clock;

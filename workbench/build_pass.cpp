@@ -4,6 +4,7 @@
 
 #include "core/book_places.h"
 #include "core/numbers.h"
+#include "platform/failure.h"
 #include "platform/files/paths.h"
 #include "platform/text/encoding.h"
 #include "workbench/clean_up.h"
@@ -31,6 +32,12 @@ BuildPass::BuildPass(BuildDesk& desk, const BuildOrder& order, platform::FileSys
                      platform::Clock& clock, platform::Random& random)
     : desk_(desk), order_(order), files_(files), clock_(clock), random_(random) {}
 
+BuildPass::~BuildPass() {
+  for (const Text& path : drawn_) {
+    platform::Ignoring([&] { files_.Files().GiveUp(path); });
+  }
+}
+
 void BuildPass::Run() {
   desk_.LogMe(u"Making Title...");
   if (!FoldersExist()) return;
@@ -40,6 +47,7 @@ void BuildPass::Run() {
   WalkRows();
   AddToCollection(EndLine(order_.work.galleryMode));
   files_.Files().Flush(Root());
+  drawn_.clear();
   FinishInWindow();
   desk_.LogMe(u"Title is made.");
 }
@@ -80,12 +88,17 @@ void BuildPass::AddToIndex() {
   files_.Files().Flush(IndexPath());
 }
 
-// A power cut may have taken lines of the index, or all of it.
+// A power cut may have taken lines of the index, or all of it. Where an earlier build's lines are
+// lost, one more at the end wouldn't bring them back.
 void BuildPass::MendIndex() {
   const Text index = ReadIndex();
   const Text whole = WithoutTornLines(index);
   indexWasTorn_ = whole.empty() || whole.size() < index.size();
-  if (indexWasTorn_) WriteAnew(IndexPath(), WithHead(whole, IndexHead(order_.words.creditLine)));
+  if (indexWasTorn_) {
+    WriteAnew(IndexPath(), WithHead(whole, IndexHead(order_.words.creditLine)));
+  } else if (files_.Files().IsLost(IndexPath())) {
+    WriteAnew(IndexPath(), index);
+  }
 }
 
 // Empty where nothing stands in it, which the text service would take for a failure.
@@ -233,8 +246,8 @@ void BuildPass::AddNode(std::ptrdiff_t row, TextView file, bool gallery) {
 void BuildPass::CopyMedium(const Text& source) {
   if (source.empty()) return;
   const TextView extension = platform::DotExtension(source);
-  files_.Files().CopyFile(source,
-                          core::EntryMedium(Root(), order_.words.txtFolder, stem_, extension));
+  drawn_.push_back(core::EntryMedium(Root(), order_.words.txtFolder, stem_, extension));
+  files_.Files().CopyFile(source, drawn_.back());
 }
 
 template <typename Place>
@@ -242,7 +255,9 @@ Text BuildPass::DrawStem(Place place) {
   for (;;) {
     stem_ = NewN(clock_, random_);
     Text path = place();
-    if (!files_.FileExists(path)) return path;
+    if (files_.FileExists(path)) continue;
+    drawn_.push_back(path);
+    return path;
   }
 }
 

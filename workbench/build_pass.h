@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/files/file_system_object.h"
@@ -64,6 +65,11 @@ class BuildPass {
  public:
   BuildPass(BuildDesk& desk, const BuildOrder& order, platform::FileSystemObject& files,
             platform::Clock& clock, platform::Random& random);
+  BuildPass(const BuildPass&) = delete;
+  BuildPass& operator=(const BuildPass&) = delete;
+  // A build that has failed gives up what it made under names of its own: the next one draws
+  // others.
+  ~BuildPass();
 
   // MakeFile.
   void Run();
@@ -111,7 +117,8 @@ class BuildPass {
   platform::Random& random_;
   platform::Text openTag_;
   platform::Text closeTag_;
-  platform::Text stem_;  // drawn last
+  platform::Text stem_;                // drawn last
+  std::vector<platform::Text> drawn_;  // what was made under such names
   Depth depth_ = 1;
   bool indexWasTorn_ = false;
 };

@@ -117,7 +117,8 @@ std::optional<platform::Position> EndOfParagraphBefore(TextView text, platform::
 }
 
 void CopyIfMissing(platform::FileSystem& files, TextView source, TextView target) {
-  if (files.FileExists(source) && !files.FileExists(target)) files.CopyFile(source, target);
+  const bool isThere = files.FileExists(target) && !files.IsLost(target);
+  if (!isThere && files.FileExists(source)) files.CopyFile(source, target);
 }
 
 }  // namespace workbench

@@ -32,7 +32,8 @@ bool PutImageTags(platform::Text& text, const platform::Column<platform::Text>& 
 std::optional<platform::Position> EndOfParagraphBefore(platform::TextView text,
                                                        platform::Position caret);
 
-// Copies a picture that exists to a target that doesn't; else does nothing.
+// Copies a picture that exists to a target that doesn't, or whose bytes a disk has lost; else does
+// nothing.
 void CopyIfMissing(platform::FileSystem& files, platform::TextView source,
                    platform::TextView target);
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/files/host_copy.h"
@@ -27,25 +28,52 @@ mode_t KindOf(TextView path) {
   return known.st_mode;
 }
 
+// Is whole once it is closed.
+class ReplacingFile : public OpenedFile {
+ public:
+  ReplacingFile(Unflushed& unflushed, TextView path, std::unique_ptr<OpenedFile> file)
+      : unflushed_(unflushed), path_(path), file_(std::move(file)) {}
+
+  std::string ReadAll() override { return file_->ReadAll(); }
+  void Write(std::string_view bytes) override { file_->Write(bytes); }
+  void Close() override {
+    file_->Close();
+    if (!std::exchange(isClosed_, true)) unflushed_.Renew(path_);
+  }
+
+ private:
+  Unflushed& unflushed_;
+  Text path_;
+  std::unique_ptr<OpenedFile> file_;
+  bool isClosed_ = false;
+};
+
 class HostFiles : public FileSystem {
  public:
   bool FileExists(TextView path) override { return S_ISREG(KindOf(path)); }
   bool FolderExists(TextView path) override { return S_ISDIR(KindOf(path)); }
   std::unique_ptr<OpenedFile> Open(TextView path, OpenMode mode, bool create) override {
-    if (mode != OpenMode::kRead) unflushed_.Note(path);
-    return OpenHostFile(path, mode, create);
+    if (mode == OpenMode::kRead) return OpenHostFile(path, mode, create);
+    NotedPath& noted = unflushed_.Note(path);
+    std::unique_ptr<OpenedFile> file = OpenHostFile(path, mode, create);
+    noted.isWritten = true;
+    if (mode == OpenMode::kAppend) return file;
+    return std::make_unique<ReplacingFile>(unflushed_, path, std::move(file));
   }
   void DeleteFile(TextView path) override {
-    unflushed_.Note(path);
+    NotedPath& noted = unflushed_.Note(path);
     if (::unlink(HostPath(path).c_str()) != 0) FailHost(u"delete", path, errno);
+    noted.isWritten = true;
   }
   void CopyFile(TextView source, TextView target) override {
-    unflushed_.Note(target);
+    NotedPath& noted = unflushed_.Note(target);
     CopyHostFile(source, target);
+    noted = {.isWritten = true};
   }
   void MakeFolder(TextView path) override {
-    unflushed_.Note(path);
+    NotedPath& noted = unflushed_.Note(path);
     if (::mkdir(HostPath(path).c_str(), kNewFolderMode) != 0) FailHost(u"make", path, errno);
+    noted.isWritten = true;
   }
   std::vector<Text> FileNames(TextView folder) override {
     return ListHostFolder(folder, ListedKind::kFiles);
@@ -54,6 +82,8 @@ class HostFiles : public FileSystem {
     return ListHostFolder(folder, ListedKind::kFolders);
   }
   void Flush(TextView path) override { unflushed_.Flush(path); }
+  bool IsLost(TextView path) override { return unflushed_.IsLost(path); }
+  void GiveUp(TextView path) override { unflushed_.GiveUp(path); }
 
  private:
   Unflushed unflushed_;

@@ -63,7 +63,15 @@ class FileSystem {
   // with all below it, links followed) is on its disk, names included. Failure if the disk says no.
   // Few files are flushed one by one, which waits for no other program and misses no error; for
   // many that takes twenty times as long as one flush of each disk they lie on (syncfs).
+  //
+  // What a disk couldn't take it has lost, and says so once. A file of which it said so, or may
+  // have (where it was flushed whole: each that wasn't flushed yet), is lost: each Flush of what
+  // holds it fails with the same error, until the file is replaced or copied over, is gone, or is
+  // given up.
   virtual void Flush(TextView path) = 0;
+  virtual bool IsLost(TextView path) = 0;
+  // Nobody needs what was written to this file: no Flush looks at it any more.
+  virtual void GiveUp(TextView path) = 0;
 };
 
 // The machine's own disks.

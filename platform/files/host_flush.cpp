@@ -7,7 +7,8 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <vector>
+#include <optional>
+#include <set>
 
 #include "platform/files/host_descriptor.h"
 #include "platform/files/paths.h"
@@ -56,14 +57,22 @@ bool HasNothing(int error) {
          error == ENAMETOOLONG;
 }
 
-int FlushEach(const HostPaths& paths) {
+// How a flush ended. What the disk couldn't take is lost.
+struct Outcome {
+  int error = 0;
+  std::string lost = {};                     // a file, or a folder with the names in it
+  std::optional<dev_t> disk = std::nullopt;  // all on it may be
+};
+
+Outcome FlushEach(const HostPaths& paths) {
   for (const std::string& path : paths) {
     const Descriptor opened = OpenHost(path, O_RDONLY);
     if (!opened.IsOpen() && HasNothing(errno)) continue;
-    const int error = opened.IsOpen() ? opened.Flush() : errno;
-    if (error != 0) return error;
+    if (!opened.IsOpen()) return {errno};
+    const int error = opened.Flush();
+    if (error != 0) return {error, path};
   }
-  return 0;
+  return {};
 }
 
 // The kernel begins with all of them before the first is waited for.
@@ -75,41 +84,86 @@ void BeginToWrite(const HostPaths& files) {
 }
 
 // Linux tells of errors here since 5.8, of those that nobody has been told of yet.
-int FlushDisksOf(const HostPaths& folders) {
+Outcome FlushDisksOf(const HostPaths& folders) {
   std::set<dev_t> flushed;
   for (const std::string& folder : folders) {
     const Descriptor opened = OpenHost(folder, O_RDONLY);
     struct stat known {};
     if (!opened.IsOpen() && HasNothing(errno)) continue;
-    if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return errno;
-    if (flushed.insert(known.st_dev).second && ::syncfs(opened.Number()) != 0) return errno;
+    if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return {errno};
+    if (!flushed.insert(known.st_dev).second || ::syncfs(opened.Number()) == 0) continue;
+    return {errno, {}, known.st_dev};
   }
-  return 0;
+  return {};
 }
 
-int FlushPaths(const HostPaths& paths, const std::string& top) {
+Outcome FlushPaths(const HostPaths& paths, const std::string& top) {
   // A disk that was pulled out has not got what was written to it.
-  if (::access(top.c_str(), F_OK) != 0) return errno;
+  if (::access(top.c_str(), F_OK) != 0) return {errno};
   const HostPaths folders = FoldersOf(paths, top);
   if (paths.size() > kFew) return FlushDisksOf(folders);
   BeginToWrite(paths);
-  const int error = FlushEach(paths);
-  return error != 0 ? error : FlushEach(folders);
+  Outcome outcome = FlushEach(paths);
+  return outcome.error != 0 ? outcome : FlushEach(folders);
+}
+
+// Links followed. Nothing for what is gone.
+std::optional<struct stat> Found(const std::string& hostPath) {
+  struct stat known {};
+  const bool isGone =
+      ::stat(hostPath.c_str(), &known) != 0 && (errno == ENOENT || errno == ENOTDIR);
+  return isGone ? std::nullopt : std::optional(known);
+}
+
+bool IsBelow(const std::string& hostPath, const std::string& folder) {
+  return hostPath.starts_with(folder) &&
+         (hostPath.size() == folder.size() || hostPath[folder.size()] == '/');
+}
+
+bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
+  const std::optional<struct stat> found = Found(hostPath);
+  if (!found || S_ISDIR(found->st_mode)) return false;
+  if (outcome.disk) return found->st_dev == outcome.disk;
+  return !outcome.lost.empty() &&
+         (IsBelow(hostPath, outcome.lost) || FolderOf(WithLinkFollowed(hostPath)) == outcome.lost);
 }
 
 }  // namespace
 
-void Unflushed::Note(TextView path) { noted_.insert(HostPath(path)); }
+NotedPath& Unflushed::Note(TextView path) {
+  const std::string hostPath = HostPath(path);
+  NotedPath& noted = noted_[hostPath];
+  if (noted.error != 0 && !Found(hostPath)) noted.error = 0;
+  return noted;
+}
+
+void Unflushed::Renew(TextView path) { noted_[HostPath(path)] = {.isWritten = true}; }
+
+bool Unflushed::IsLost(TextView path) const {
+  const auto noted = noted_.find(HostPath(path));
+  return noted != noted_.end() && noted->second.error != 0 && Found(noted->first);
+}
+
+void Unflushed::GiveUp(TextView path) { noted_.erase(HostPath(path)); }
 
 void Unflushed::Flush(TextView path) {
   std::string top = HostPath(path);
   const auto begin = noted_.lower_bound(top);
   auto end = begin;
   HostPaths paths;
-  while (end != noted_.end() && end->starts_with(top)) paths.insert(paths.end(), *end++);
+  for (; end != noted_.end() && end->first.starts_with(top); ++end) {
+    const auto& [hostPath, noted] = *end;
+    if (noted.error != 0 && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), noted.error);
+    if (noted.isWritten) paths.insert(paths.end(), hostPath);
+  }
   while (top.size() > 1 && top.ends_with('/')) top.pop_back();
-  const int error = FlushPaths(paths, top);
-  if (error != 0) FailHost(u"flush", path, error);
+  const Outcome outcome = FlushPaths(paths, top);
+  if (outcome.error != 0) {
+    for (auto& [hostPath, noted] : noted_) {
+      if (noted.isWritten && IsLostBy(outcome, hostPath)) noted.error = outcome.error;
+    }
+    FailHost(u"flush", path, outcome.error);
+  }
   noted_.erase(begin, end);
 }
 

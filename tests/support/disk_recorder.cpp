@@ -21,6 +21,7 @@ struct Recording {
   std::vector<DiskEvent> events;
   std::map<int, std::string> opened;
   int refusal = 0;
+  std::string refused;  // empty: each
 };
 
 // Never taken down: calls come until the very end of the process.
@@ -87,8 +88,11 @@ void RecordFlush(int file) {
   Record({.kind = S_ISDIR(known.st_mode) ? Kind::kFlushFolder : Kind::kFlushFile, .path = *path});
 }
 
-bool IsRefused(int file) {
+bool IsRefused(int file, Kind loss) {
+  const std::string& refused = TheRecording().refused;
   if (TheRecording().refusal == 0 || OpenedAs(file) == nullptr) return false;
+  if (!refused.empty() && refused != *OpenedAs(file)) return false;
+  Record({.kind = loss, .path = *OpenedAs(file)});
   errno = TheRecording().refusal;
   return true;
 }
@@ -96,14 +100,17 @@ bool IsRefused(int file) {
 }  // namespace
 
 DiskRecorder::DiskRecorder(const std::string& hostFolder) {
-  TheRecording() = {hostFolder.ends_with('/') ? hostFolder : hostFolder + "/", {}, {}, 0};
+  TheRecording() = {hostFolder.ends_with('/') ? hostFolder : hostFolder + "/", {}, {}, 0, {}};
 }
 
 DiskRecorder::~DiskRecorder() { TheRecording() = {}; }
 
 void DiskRecorder::Tell(const std::string& what) { Record({.kind = Kind::kTold, .path = what}); }
 
-void DiskRecorder::RefuseFlushes(int error) { TheRecording().refusal = error; }
+void DiskRecorder::RefuseFlushes(int error, const std::string& of) {
+  TheRecording().refusal = error;
+  TheRecording().refused = of;
+}
 
 const std::vector<DiskEvent>& DiskRecorder::Events() { return TheRecording().events; }
 
@@ -189,7 +196,7 @@ int mkdir(const char* path, mode_t mode) noexcept {
 
 int fsync(int file) {
   static const auto library = Library<int(int)>("fsync");
-  if (testing_support::IsRefused(file)) return -1;
+  if (testing_support::IsRefused(file, Kind::kLoseFile)) return -1;
   const int result = library(file);
   if (result == 0) testing_support::RecordFlush(file);
   return result;
@@ -197,7 +204,7 @@ int fsync(int file) {
 
 int syncfs(int file) noexcept {
   static const auto library = Library<int(int)>("syncfs");
-  if (testing_support::IsRefused(file)) return -1;
+  if (testing_support::IsRefused(file, Kind::kLoseDisk)) return -1;
   const int result = library(file);
   if (result == 0 && testing_support::OpenedAs(file) != nullptr) {
     testing_support::Record({.kind = Kind::kFlushDisk});

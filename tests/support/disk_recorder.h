@@ -21,6 +21,8 @@ struct DiskEvent {
     kFlushFile,
     kFlushFolder,
     kFlushDisk,
+    kLoseFile,  // a flush was refused: what wasn't on the disk yet never will be
+    kLoseDisk,
     kTold,  // the editor was told something: `path` says what
   };
   Kind kind;
@@ -40,8 +42,9 @@ class DiskRecorder {
   DiskRecorder& operator=(const DiskRecorder&) = delete;
 
   static void Tell(const std::string& what);
-  // From here on each flush fails with this error number; 0: none does.
-  static void RefuseFlushes(int error);
+  // From here on each flush fails with this error number, and the bytes are lost; 0: none does.
+  // `of` (as in an event): of this path alone.
+  static void RefuseFlushes(int error, const std::string& of = {});
   static const std::vector<DiskEvent>& Events();
 };
 

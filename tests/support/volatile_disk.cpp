@@ -67,8 +67,13 @@ void VolatileDisk::Take(const DiskEvent& event) {
     case Kind::kFlushFolder:
       return FlushNames(&event.path);
     case Kind::kFlushDisk:
-      std::ranges::for_each(files_, [this](File& each) { Flush(each); });
+      std::ranges::for_each(files_, Flush);
       return FlushNames(nullptr);
+    case Kind::kLoseFile:
+      return Lose(file());
+    case Kind::kLoseDisk:
+      std::ranges::for_each(files_, Lose);
+      return;
     case Kind::kTold:
       return;
   }
@@ -107,7 +112,11 @@ int VolatileDisk::MakeFile(bool isFolder) {
 }
 
 void VolatileDisk::Flush(File& file) {
-  for (Change& change : file.changes) change.isFlushed = true;
+  for (Change& change : file.changes) change.isFlushed = !change.isLost;
+}
+
+void VolatileDisk::Lose(File& file) {
+  for (Change& change : file.changes) change.isLost = !change.isFlushed;
 }
 
 void VolatileDisk::FlushNames(const std::string* folder) {
@@ -163,7 +172,7 @@ std::string VolatileDisk::Seen(const File& file) {
 std::string VolatileDisk::BytesAfterCut(const File& file, Dice* dice) {
   std::string bytes = file.bytes;
   for (const Change& change : file.changes) {
-    if (!change.isFlushed && (dice == nullptr || !Coin(*dice))) continue;
+    if (!change.isFlushed && (change.isLost || dice == nullptr || !Coin(*dice))) continue;
     if (change.isCut) {
       bytes.resize(change.at);
     } else if (change.isFlushed) {

@@ -50,6 +50,7 @@ class VolatileDisk {
     std::string bytes;
     bool isCut = false;
     bool isFlushed = false;
+    bool isLost = false;
   };
   struct File {
     std::string bytes;  // at first
@@ -62,7 +63,8 @@ class VolatileDisk {
 
   void Add(std::vector<Name> names);
   int MakeFile(bool isFolder);
-  void Flush(File& file);
+  static void Flush(File& file);
+  static void Lose(File& file);
   void FlushNames(const std::string* folder);
 
   static std::string FolderOf(const std::string& path);

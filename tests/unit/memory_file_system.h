@@ -44,6 +44,8 @@ class MemoryFileSystem : public platform::FileSystem {
   std::vector<platform::Text> FileNames(platform::TextView) override { return {}; }
   std::vector<platform::Text> FolderNames(platform::TextView) override { return {}; }
   void Flush(platform::TextView) override {}
+  bool IsLost(platform::TextView) override { return false; }
+  void GiveUp(platform::TextView) override {}
 
  private:
   class MemoryFile : public platform::OpenedFile {

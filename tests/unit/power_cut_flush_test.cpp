@@ -119,20 +119,123 @@ TEST_F(Flushing, FollowsLinks) {
   EXPECT_TRUE(flushed("away"));
 }
 
-TEST_F(Flushing, WhereTheDiskSaysNoIsAFailureAndAllOfItIsStillToCome) {
-  for (const int pages : {kFew, kMany}) {
-    const Text book = u"Book" + platform::FromNumber(pages);
-    files_.MakeFolder(Path(book));
-    for (int i = 0; i < pages; ++i) Write(book + u"\\" + platform::FromNumber(i));
-    DiskRecorder::RefuseFlushes(EIO);
-    std::string failure;
-    platform::CatchingFailure([&] { files_.Flush(Path(book)); },
-                              [&](const Text& text) { failure = platform::ToUtf8(text); });
-    EXPECT_EQ(failure, "Can't flush " + platform::ToUtf8(Path(book)) + ": Input/output error");
+// The disk says no once, and drops the bytes.
+class LosingFlush : public Flushing, public testing::WithParamInterface<int> {
+ protected:
+  static bool IsMany() { return GetParam() == kMany; }
+
+  void SetUp() override {
+    files_.MakeFolder(Path(u"Book"));
+    for (int i = 0; i < GetParam(); ++i) Write(Page(i));
+    Refuse(u"Book");
+  }
+  static Text Page(int number) { return u"Book\\" + platform::FromNumber(number); }
+  void Refuse(TextView path) {
+    DiskRecorder::RefuseFlushes(EIO, IsMany() ? "" : "Book/0");
+    ExpectNo(path, path);
     DiskRecorder::RefuseFlushes(0);
-    files_.Flush(Path(book));
+  }
+  void ExpectNo(TextView path, TextView lost) {
+    std::string failure;
+    platform::CatchingFailure([&] { files_.Flush(Path(path)); },
+                              [&](const Text& text) { failure = platform::ToUtf8(text); });
+    EXPECT_EQ(failure, "Can't flush " + platform::ToUtf8(Path(lost)) + ": Input/output error");
+  }
+  // Of many files any may be lost.
+  void RewriteAllButOne() {
+    for (int i = 1; IsMany() && i < GetParam(); ++i) Write(Page(i), "anew");
+  }
+  void ExpectWhole() {
+    files_.Flush(Path(u"Book"));
     EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
   }
+};
+
+TEST_P(LosingFlush, IsAFailureUntilWhatIsLostIsReplaced) {
+  ExpectNo(u"Book", Page(0));
+  RewriteAllButOne();
+  ExpectNo(u"Book", Page(0));
+  ExpectNo(Page(0), Page(0));
+  Write(Page(0), "anew");
+  ExpectWhole();
+}
+
+TEST_P(LosingFlush, IsAFailureUntilWhatIsLostIsCopiedOver) {
+  RewriteAllButOne();
+  Write(u"Book\\source", "a copy");
+  files_.CopyFile(Path(u"Book\\source"), Path(Page(0)));
+  ExpectWhole();
+}
+
+TEST_P(LosingFlush, IsAFailureUntilWhatIsLostIsGone) {
+  RewriteAllButOne();
+  files_.DeleteFile(Path(Page(0)));
+  ExpectWhole();
+  Write(Page(0), "a new file", OpenMode::kAppend);
+  ExpectWhole();
+}
+
+TEST_P(LosingFlush, ForgetsWhatOthersTookAwayAndThenIsMadeAnew) {
+  RewriteAllButOne();
+  unlink(folder_.HostPath("Book/0").c_str());
+  Write(Page(0), "a new file", OpenMode::kAppend);
+  ExpectWhole();
+}
+
+TEST_P(LosingFlush, IsAFailureUntilWhatIsLostIsGivenUp) {
+  RewriteAllButOne();
+  EXPECT_TRUE(files_.IsLost(Path(Page(0))));
+  files_.GiveUp(Path(Page(0)));
+  EXPECT_FALSE(files_.IsLost(Path(Page(0))));
+  files_.Flush(Path(u"Book"));
+}
+
+TEST_P(LosingFlush, IsntMadeGoodByMoreAtTheEndNorByWhatFails) {
+  RewriteAllButOne();
+  Write(Page(0), " and more", OpenMode::kAppend);
+  ExpectNo(u"Book", Page(0));
+  EXPECT_THROW(files_.CopyFile(Path(u"nothing"), Path(Page(0))), Failure);
+  ExpectNo(u"Book", Page(0));
+  files_.Open(Path(Page(0)), OpenMode::kReplace, true)->Write("never closed");
+  ExpectNo(u"Book", Page(0));
+}
+
+TEST_P(LosingFlush, SaysSoOfWhatMayBeLostElsewhere) {
+  Write(u"log", "nobody has flushed it");
+  RewriteAllButOne();
+  Write(Page(0));
+  if (IsMany()) {
+    Refuse(u"Book");
+    ExpectNo(u"log", u"log");
+    files_.GiveUp(Path(u"log"));
+  }
+  EXPECT_FALSE(files_.IsLost(Path(u"log")));
+  files_.Flush(Path(u"log"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, LosingFlush, testing::Values(kFew, kMany),
+                         [](const auto& files) { return files.param == kFew ? "few" : "many"; });
+
+// With a folder the names in it; what has no bytes is asked again.
+TEST_F(Flushing, OfAFolderThatIsRefusedLosesTheFilesInIt) {
+  files_.MakeFolder(Path(u"Book"));
+  files_.MakeFolder(Path(u"Book\\TXT"));
+  DiskRecorder::RefuseFlushes(EIO);
+  EXPECT_THROW(files_.Flush(Path(u"Book")), Failure);
+  DiskRecorder::RefuseFlushes(0);
+  files_.Flush(Path(u"Book"));
+  Write(u"Book\\TXT\\page");
+  Write(u"Book\\TXT\\gone");
+  Write(u"Book\\Index");
+  files_.DeleteFile(Path(u"Book\\TXT\\gone"));
+  DiskRecorder::RefuseFlushes(EIO, "Book/TXT");
+  EXPECT_THROW(files_.Flush(Path(u"Book")), Failure);
+  DiskRecorder::RefuseFlushes(0);
+  EXPECT_TRUE(files_.IsLost(Path(u"Book\\TXT\\page")));
+  EXPECT_FALSE(files_.IsLost(Path(u"Book\\Index")));
+  Write(u"Book\\TXT\\page", "anew");
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
 }
 
 // Not even that is the disk's no.
