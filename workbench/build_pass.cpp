@@ -46,7 +46,7 @@ void BuildPass::Run() {
   MakeCollection();
   WalkRows();
   AddToCollection(EndLine(order_.work.galleryMode));
-  files_.Files().Flush(Root());
+  for (const Text& root : roots_) files_.Files().Flush(root);
   drawn_.clear();
   FinishInWindow();
   desk_.LogMe(u"Title is made.");
@@ -276,7 +276,7 @@ void BuildPass::AddToFile(TextView path, TextView text) {
 
 void BuildPass::AddToCollection(TextView text) { AddToFile(CollectionPath(), text); }
 
-Text BuildPass::Root() { return platform::DoSlash(desk_.ProjectFolder()); }
+Text BuildPass::Root() { return *roots_.insert(platform::DoSlash(desk_.ProjectFolder())).first; }
 
 Text BuildPass::IndexPath() {
   return core::IndexFile(Root(), order_.words.xmlFolder, order_.words.indexFile);

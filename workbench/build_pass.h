@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <vector>
 
 #include "platform/clock.h"
@@ -117,6 +118,7 @@ class BuildPass {
   platform::Random& random_;
   platform::Text openTag_;
   platform::Text closeTag_;
+  std::set<platform::Text> roots_;     // each that was read
   platform::Text stem_;                // drawn last
   std::vector<platform::Text> drawn_;  // what was made under such names
   Depth depth_ = 1;

@@ -60,7 +60,9 @@ class FileSystem {
   virtual std::vector<Text> FileNames(TextView folder) = 0;
   virtual std::vector<Text> FolderNames(TextView folder) = 0;
   // Returns when all that was written so far by these operations under a path (a file, or a folder
-  // with all below it, links followed) is on its disk, names included. Failure if the disk says no.
+  // with all below it, links followed) is on its disk, names included. Where nothing stands there
+  // the path is what others begin with; an empty one is that of those which start at the current
+  // folder. Failure if the disk says no or isn't there any more.
   // Few files are flushed one by one, which waits for no other program and misses no error; for
   // many that takes twenty times as long as one flush of each disk they lie on (syncfs).
   //

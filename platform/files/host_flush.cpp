@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -35,15 +36,42 @@ std::string WithLinkFollowed(const std::string& hostPath) {
   return ::realpath(hostPath.c_str(), buffer) != nullptr ? buffer : hostPath;
 }
 
-// Those that hold the names, and above them all up to the one that holds `top`: each may be new.
-HostPaths FoldersOf(const HostPaths& paths, const std::string& top) {
+// Links followed. Nothing for what is gone.
+std::optional<struct stat> Found(const std::string& hostPath) {
+  struct stat known {};
+  const bool isGone =
+      ::stat(hostPath.c_str(), &known) != 0 && (errno == ENOENT || errno == ENOTDIR);
+  return isGone ? std::nullopt : std::optional(known);
+}
+
+bool IsBelow(const std::string& hostPath, const std::string& folder) {
+  return hostPath.starts_with(folder) &&
+         (folder.ends_with('/') || hostPath.size() == folder.size() ||
+          hostPath[folder.size()] == '/');
+}
+
+// What a flush is asked for.
+struct Top {
+  std::string path;  // without a final "/"
+  bool isThere;
+};
+
+// Where nothing stands there the top is what paths begin with; an empty one is that of all which
+// start at the current folder.
+bool IsOf(const Top& top, const std::string& hostPath) {
+  if (top.isThere) return IsBelow(hostPath, top.path);
+  return top.path.empty() ? !hostPath.starts_with('/') : hostPath.starts_with(top.path);
+}
+
+// Those that hold the names, and above them all up to the one that holds the top: each may be new.
+HostPaths FoldersOf(const HostPaths& paths, const Top& top) {
   HostPaths folders;
   HostPaths behindLinks;
-  const std::size_t shortest = FolderOf(top).size();
+  const std::size_t shortest = top.isThere ? FolderOf(top.path).size() : std::string::npos;
   for (const std::string& path : paths) {
     behindLinks.insert(FolderOf(WithLinkFollowed(path)));
     std::string folder = FolderOf(path);
-    while (folder.size() >= shortest && folders.insert(folder).second && folder.size() > 1) {
+    while (folders.insert(folder).second && folder.size() > std::max<std::size_t>(shortest, 1)) {
       folder = FolderOf(folder);
     }
   }
@@ -97,27 +125,19 @@ Outcome FlushDisksOf(const HostPaths& folders) {
   return {};
 }
 
-Outcome FlushPaths(const HostPaths& paths, const std::string& top) {
-  // A disk that was pulled out has not got what was written to it.
-  if (::access(top.c_str(), F_OK) != 0) return {errno};
+// A disk that was pulled out has not got what was written to it.
+bool IsPulledOut(const HostPaths& paths, const Top& top) {
+  const auto isHomeless = [](const std::string& path) { return !Found(FolderOf(path)); };
+  return !top.isThere && (paths.empty() || std::ranges::any_of(paths, isHomeless));
+}
+
+Outcome FlushPaths(const HostPaths& paths, const Top& top) {
+  if (IsPulledOut(paths, top)) return {ENOENT};
   const HostPaths folders = FoldersOf(paths, top);
   if (paths.size() > kFew) return FlushDisksOf(folders);
   BeginToWrite(paths);
   Outcome outcome = FlushEach(paths);
   return outcome.error != 0 ? outcome : FlushEach(folders);
-}
-
-// Links followed. Nothing for what is gone.
-std::optional<struct stat> Found(const std::string& hostPath) {
-  struct stat known {};
-  const bool isGone =
-      ::stat(hostPath.c_str(), &known) != 0 && (errno == ENOENT || errno == ENOTDIR);
-  return isGone ? std::nullopt : std::optional(known);
-}
-
-bool IsBelow(const std::string& hostPath, const std::string& folder) {
-  return hostPath.starts_with(folder) &&
-         (hostPath.size() == folder.size() || hostPath[folder.size()] == '/');
 }
 
 bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
@@ -147,16 +167,17 @@ bool Unflushed::IsLost(TextView path) const {
 void Unflushed::GiveUp(TextView path) { noted_.erase(HostPath(path)); }
 
 void Unflushed::Flush(TextView path) {
-  std::string top = HostPath(path);
-  const auto begin = noted_.lower_bound(top);
-  auto end = begin;
+  Top top{path.empty() ? std::string() : HostPath(path), false};
+  while (top.path.size() > 1 && top.path.ends_with('/')) top.path.pop_back();
+  top.isThere = Found(top.path).has_value();
   HostPaths paths;
-  for (; end != noted_.end() && end->first.starts_with(top); ++end) {
-    const auto& [hostPath, noted] = *end;
+  for (auto each = noted_.lower_bound(top.path);
+       each != noted_.end() && each->first.starts_with(top.path); ++each) {
+    const auto& [hostPath, noted] = *each;
+    if (!noted.isWritten || !IsOf(top, hostPath)) continue;
     if (noted.error != 0 && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), noted.error);
-    if (noted.isWritten) paths.insert(paths.end(), hostPath);
+    paths.insert(paths.end(), hostPath);
   }
-  while (top.size() > 1 && top.ends_with('/')) top.pop_back();
   const Outcome outcome = FlushPaths(paths, top);
   if (outcome.error != 0) {
     for (auto& [hostPath, noted] : noted_) {
@@ -164,7 +185,7 @@ void Unflushed::Flush(TextView path) {
     }
     FailHost(u"flush", path, outcome.error);
   }
-  noted_.erase(begin, end);
+  for (const std::string& flushed : paths) noted_.erase(flushed);
 }
 
 }  // namespace platform

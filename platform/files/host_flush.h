@@ -31,8 +31,9 @@ class Unflushed {
   // See FileSystem.
   bool IsLost(TextView path) const;
   void GiveUp(TextView path);
-  // See FileSystem. What was noted by a name that is gone since needs its folder alone. After a
-  // Failure all of it is still to be flushed, but for what is lost.
+  // See FileSystem. What was noted by a name that is gone since needs its folder alone, if the path
+  // itself is there, and else is a Failure. After a Failure all of it is still to be flushed, but
+  // for what is lost.
   void Flush(TextView path);
 
  private:

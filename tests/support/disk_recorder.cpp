@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <map>
 #include <string_view>
@@ -37,17 +38,27 @@ Call* Library(const char* name) {
   return reinterpret_cast<Call*>(dlsym(RTLD_NEXT, name));
 }
 
+std::string Absolute(std::string_view path) {
+  char current[PATH_MAX];
+  if (path.starts_with('/') || ::getcwd(current, sizeof current) == nullptr) {
+    return std::string(path);
+  }
+  return std::string(current).append("/").append(path == "." ? "" : path);
+}
+
 // Or the folder itself, with or without its final "/".
 bool IsInside(std::string_view path) {
+  if (!IsRecording()) return false;
   const std::string& folder = TheRecording().folder;
-  return IsRecording() && (path.starts_with(folder) ||
-                           path == std::string_view(folder).substr(0, folder.size() - 1));
+  const std::string absolute = Absolute(path);
+  return absolute.starts_with(folder) || absolute + "/" == folder;
 }
 
 void Record(DiskEvent event) { TheRecording().events.push_back(std::move(event)); }
 
 std::string Below(std::string_view path) {
-  std::string below(path.substr(std::min(path.size(), TheRecording().folder.size())));
+  std::string below = Absolute(path);
+  below.erase(0, TheRecording().folder.size());
   while (below.ends_with('/')) below.pop_back();
   return below;
 }

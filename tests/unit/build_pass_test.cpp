@@ -533,6 +533,31 @@ TEST_F(BuildPassTest, ProjectFolderIsReadAnewAtEachUse) {
   EXPECT_FALSE(folder_.Has(u"_xml\\aTitle1.xml"));
 }
 
+// Emptied, too: then its paths start at the current folder.
+TEST_F(BuildPassTest, ProjectFolderThatIsEmptiedMeanwhileIsNoFailure) {
+  class Emptied : public Desk {
+   public:
+    using Desk::Desk;
+    Text emptyAt;
+    Text ToTXT(const Text& richText) override {
+      if (richText == emptyAt) projectFolder = u"";
+      return richText;
+    }
+  };
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.HostPath());
+  AddEntry(u"T", u"text");
+  AddEntry(u"U", u"the second");
+  Emptied desk(Root(), table_, faulty_);
+  desk.emptyAt = u"the second";
+  const BuildOrder order{work_, words_, letter_, digit_, mainMark_, mainEndMark_, identityWord_};
+  BuildPass(desk, order, files_, clock_, random_).Run();
+  std::filesystem::current_path(before);
+  EXPECT_THAT(desk.events, testing::Contains("message 4"));
+  EXPECT_THAT(faulty_.Names(), testing::Contains("Flush " + platform::ToUtf8(Root()) + "\\"));
+  EXPECT_THAT(faulty_.Names(), testing::Contains("Flush "));
+}
+
 // What a text entry asks of the disk, one line an operation, with the paths inside the book.
 TEST_F(BuildPassTest, FileOperationsAreThoseToldAndInThatOrder) {
   AddEntry(u"T", u"text");

@@ -252,6 +252,47 @@ TEST_F(Flushing, OfAFolderThatIsGoneIsAFailure) {
   EXPECT_THROW(files_.Flush(u""), Failure);
 }
 
+// The folder of a book may be no folder but what its paths begin with, or nothing at all.
+class FlushingFromTheCurrentFolder : public Flushing, public testing::WithParamInterface<TextView> {
+ protected:
+  void SetUp() override {
+    std::filesystem::current_path(folder_.HostPath());
+    files_.MakeFolder(Below(u"TXT"));
+    const auto file = files_.Open(Below(u"TXT\\page"), OpenMode::kReplace, true);
+    file->Write("text");
+    file->Close();
+  }
+  void TearDown() override { std::filesystem::current_path(before_); }
+  static Text Below(TextView path) { return Text(GetParam()).append(path); }
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+TEST_P(FlushingFromTheCurrentFolder, BringsWhatBeginsSo) {
+  Write(u"elsewhere", "nobody waits for it");
+  files_.Flush(GetParam());
+  DiskTree whole = testing_support::TreeOf(folder_.HostPath());
+  whole["elsewhere"] = "";
+  EXPECT_EQ(AfterCut(), whole);
+}
+
+TEST_P(FlushingFromTheCurrentFolder, IsAFailureWhereItIsGone) {
+  std::filesystem::remove_all(folder_.HostPath(platform::ToUtf8(Below(u"TXT"))));
+  EXPECT_THROW(files_.Flush(GetParam()), Failure);
+  files_.GiveUp(Below(u"TXT\\page"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, FlushingFromTheCurrentFolder, testing::Values(u"", u"D"),
+                         [](const auto& path) { return path.param.empty() ? "none" : "letter"; });
+
+TEST_F(Flushing, OfAFileIsNoneOfOthersWhoseNamesBeginSo) {
+  Write(u"Index");
+  Write(u"Index of others");
+  files_.Flush(Path(u"Index"));
+  EXPECT_EQ(AfterCut(), (DiskTree{{"Index", "text"}, {"Index of others", ""}}));
+}
+
 TEST_F(Flushing, OfWhatOthersTookAwayMeanwhileIsNoFailure) {
   MakeBook(kFew);
   std::filesystem::remove_all(folder_.HostPath("Book/TXT"));
