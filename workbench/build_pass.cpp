@@ -147,6 +147,8 @@ void BuildPass::MakeCollection() {
   platform::AppendUtf16(bytes, HeadLines(order_.work.galleryMode));
   file->Write(bytes);
   file->Close();
+  // At once: after a power cut the line without its file would be an old one of nobody's.
+  files_.Files().Flush(CollectionPath());
 }
 
 void BuildPass::WalkRows() {

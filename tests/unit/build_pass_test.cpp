@@ -574,13 +574,13 @@ TEST_F(BuildPassTest, FileOperationsAreThoseToldAndInThatOrder) {
   const auto writing = [](const std::string& path) {
     return "Open " + path + "\nWrite " + path + "\nClose " + path + "\n";
   };
-  EXPECT_EQ(operations, "FolderExists _xml\nFileExists _xml\\Index.xml\n" +
-                            Times(2, writing("_xml\\Index.xml")) +
-                            "Flush _xml\\Index.xml\nFileExists _xml\\aTitle1.xml\n" +
-                            writing("_xml\\aTitle1.xml") + "FileExists TXT\\S1.htm\n" +
-                            Times(2, writing("TXT\\S1.htm")) + writing("_xml\\aTitle1.xml") +
-                            "CopyFile TXT\\S1.pdf\nCopyFile TXT\\S1.jpg\n" +
-                            writing("_xml\\aTitle1.xml") + "Flush \n");
+  EXPECT_EQ(
+      operations,
+      "FolderExists _xml\nFileExists _xml\\Index.xml\n" + Times(2, writing("_xml\\Index.xml")) +
+          "Flush _xml\\Index.xml\nFileExists _xml\\aTitle1.xml\n" + writing("_xml\\aTitle1.xml") +
+          "Flush _xml\\aTitle1.xml\nFileExists TXT\\S1.htm\n" + Times(2, writing("TXT\\S1.htm")) +
+          writing("_xml\\aTitle1.xml") + "CopyFile TXT\\S1.pdf\nCopyFile TXT\\S1.jpg\n" +
+          writing("_xml\\aTitle1.xml") + "Flush \n");
 }
 
 TEST_F(BuildPassTest, AnyFailureEndsThePassWithoutTheStepsInTheWindow) {
