@@ -3,6 +3,7 @@
 // ISO/IEC 14496-12; "QuickTime File Format".
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "media/bytes.h"
@@ -14,9 +15,12 @@ namespace {
 constexpr int kMostBoxes = 65'536;
 constexpr int kDeepest = 8;
 constexpr int kMostReferences = 64;
+// What describes a film of hours, in however many pieces, is less.
+constexpr std::uint64_t kMostDescription = 33'554'432;
 
 struct Box {
   std::string name;
+  std::uint64_t start;
   std::uint64_t body;
   std::uint64_t end;
 };
@@ -26,17 +30,36 @@ bool IsOneOf(std::string_view name, const std::array<std::string_view, kCount>& 
   return std::ranges::find(names, name) != names.end();
 }
 
-// Boxes that hold boxes, as far as they lead to references.
+// Boxes that hold boxes, as far as they lead to a track.
 bool HoldsBoxes(std::string_view name) {
   constexpr std::array<std::string_view, 6> kNames = {"moov", "trak", "mdia",
                                                       "minf", "dinf", "meta"};
   return IsOneOf(name, kNames);
 }
 
-// A film made of other films, and one whose description is packed, so that it can't be looked into.
-bool IsForbidden(std::string_view name) {
-  constexpr std::array<std::string_view, 5> kNames = {"rmra", "rmda", "rdrf", "cmov", "cmvd"};
-  return IsOneOf(name, kNames);
+constexpr std::uint32_t Letters(std::string_view name) {
+  std::uint32_t letters = 0;
+  for (const char letter : name) letters = letters << 8U | static_cast<unsigned char>(letter);
+  return letters;
+}
+
+enum class Word : std::uint8_t { kAny, kReferences, kForbidden };
+
+// Forbidden is a film made of other films, and one whose description is packed, so that it can't be
+// looked into.
+Word WordOf(std::uint32_t letters) {
+  switch (letters) {
+    case Letters("dref"):
+      return Word::kReferences;
+    case Letters("rmra"):
+    case Letters("rmda"):
+    case Letters("rdrf"):
+    case Letters("cmov"):
+    case Letters("cmvd"):
+      return Word::kForbidden;
+    default:
+      return Word::kAny;
+  }
 }
 
 bool IsKnownBrand(std::string_view brand) {
@@ -56,7 +79,7 @@ class Film {
     const std::uint64_t length = BigEndian(head, 0, 4);
     if (length < 16 || length > 4'096 || !HasWord(head, 4, "ftyp")) return false;
     if (!IsKnownBrand(std::string_view(head).substr(8))) return false;
-    return AreGood(0, source_.Size(), 0) && hasTrack_;
+    return ArePiecesGood() && hasTrack_;
   }
 
  private:
@@ -69,8 +92,55 @@ class Film {
     if (isLong) length = BigEndian(head, 8, 8);
     if (length == 0) length = end - at;
     const std::uint64_t headLength = isLong ? 16 : 8;
-    box = {head.substr(4, 4), at + headLength, at + length};
+    box = {head.substr(4, 4), at, at + headLength, at + length};
     return length >= headLength && length <= end - at;
+  }
+
+  // The boxes that lie in no other.
+  bool ArePiecesGood() {
+    for (std::uint64_t at = 0; at < source_.Size();) {
+      Box box;
+      if (++boxes_ > kMostBoxes || !BoxAt(at, source_.Size(), box)) return false;
+      if (!IsGoodPiece(box)) return false;
+      at = box.end;
+    }
+    return true;
+  }
+
+  // Among the sounds and pictures themselves nobody looks for boxes.
+  bool IsGoodPiece(const Box& box) {
+    if (box.name == "mdat") return true;
+    if (IsPadding(box.name)) return !HidesDescription(box);
+    return NamesNothing(box) && (box.name != "moov" || AreGood(box.body, box.end, 1));
+  }
+
+  static bool IsPadding(std::string_view name) { return name == "free" || name == "skip"; }
+
+  // Some players take a description for one, whatever it is called.
+  bool HidesDescription(const Box& box) const {
+    const std::string first = source_.Read(box.body, 8);
+    return HasWord(first, 4, "mvhd") || HasWord(first, 4, "cmov");
+  }
+
+  // Players look for references in boxes of many names, wherever these lie, and each of them in
+  // others. So it is looked for the words, and what lies around them is no matter.
+  bool NamesNothing(const Box& box) {
+    constexpr std::uint64_t kPiece = 65'536;
+    std::uint32_t letters = 0;
+    for (std::uint64_t at = box.start; at < box.end;) {
+      const auto length = static_cast<std::size_t>(std::min(box.end - at, kPiece));
+      const std::string piece = source_.Read(at, length);
+      looked_ += length;
+      if (looked_ > kMostDescription || piece.size() < length) return false;
+      for (const char letter : piece) {
+        letters = letters << 8U | static_cast<unsigned char>(letter);
+        ++at;
+        const Word word = WordOf(letters);
+        if (word == Word::kAny) continue;
+        if (word == Word::kForbidden || !AreReferencesToItself(at, box)) return false;
+      }
+    }
+    return true;
   }
 
   bool AreGood(std::uint64_t at, std::uint64_t end, int depth) {
@@ -84,8 +154,6 @@ class Film {
   }
 
   bool IsGood(const Box& box, int depth) {
-    if (IsForbidden(box.name)) return false;
-    if (box.name == "dref") return AreReferencesToItself(box);
     if (box.name == "trak") hasTrack_ = true;
     if (!HoldsBoxes(box.name)) return true;
     return AreGood(box.name == "meta" ? BodyOfMeta(box) : box.body, box.end, depth + 1);
@@ -97,17 +165,20 @@ class Film {
     return isBare ? box.body : std::min(box.body + 4, box.end);
   }
 
-  // Each of the references says that the data lie in this file, and names nothing.
-  bool AreReferencesToItself(const Box& box) const {
+  // Each of the references says that the data lie in this file, and names nothing. `at` is just
+  // behind the name of their box.
+  bool AreReferencesToItself(std::uint64_t at, const Box& around) const {
+    Box box;
+    if (at < around.start + 8 || !BoxAt(at - 8, around.end, box)) return false;
     const std::uint64_t count = BigEndian(source_.Read(box.body, 8), 4, 4);
     if (count > kMostReferences) return false;
-    std::uint64_t at = box.body + 8;
+    std::uint64_t next = box.body + 8;
     for (std::uint64_t i = 0; i < count; ++i) {
       Box reference;
-      if (!BoxAt(at, box.end, reference) || !IsReferenceToItself(reference)) return false;
-      at = reference.end;
+      if (!BoxAt(next, box.end, reference) || !IsReferenceToItself(reference)) return false;
+      next = reference.end;
     }
-    return at == box.end;
+    return next == box.end;
   }
 
   bool IsReferenceToItself(const Box& box) const {
@@ -120,6 +191,7 @@ class Film {
 
   const Source& source_;
   int boxes_ = 0;
+  std::uint64_t looked_ = 0;  // bytes, for the words
   bool hasTrack_ = false;
 };
 

@@ -80,7 +80,7 @@ class Spared {
   bool IsSpent() const { return reads_ > kMostReads; }
 
  private:
-  static constexpr int kMostReads = 70'000;
+  static constexpr int kMostReads = 90'000;
 
   const Source& source_;
   int reads_ = 0;

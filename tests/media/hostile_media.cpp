@@ -166,12 +166,33 @@ Media Films(const Lures& to) {
       {"flash", "FWS\x06" + std::string(20, '\0') + Http(to)}};
 }
 
+// Players look for references in boxes within boxes, and in some outside the description.
+Media FilmsThatHideReferences(const Lures& to) {
+  const std::string url = Box("url ", Big(0, 4) + Http(to) + '\0');
+  const std::string references = Box("dref", Big(0, 4) + Big(1, 4) + url);
+  Media films;
+  for (const char* name : {"udta", "edts", "mvex", "tref", "wave", "sinf", "free", "what"}) {
+    films.push_back({std::string("mp4-elsewhere-in-") + name, FilmWithBox(Box(name, references))});
+  }
+  const std::string entry =
+      Box("stsd", Big(0, 4) + Big(1, 4) +
+                      Box("mp4a", std::string(28, '\0') + Box("wave", Box("sinf", references))));
+  const std::string film = Sample("film.mp4");
+  const std::string behindMvhd = Box("mvhd", std::string(100, '\0')) + Box("trak", references);
+  films.push_back({"mp4-elsewhere-in-an-entry", FilmWithBox(Box("trak", Box("stbl", entry)))});
+  films.push_back({"mp4-elsewhere-in-a-piece", film + Box("moof", Box("traf", references))});
+  films.push_back({"mp4-elsewhere-by-itself", film + references});
+  films.push_back({"mp4-elsewhere-in-padding", film + Box("free", behindMvhd)});
+  films.push_back({"mp4-packed-deeper", FilmWithBox(Box("udta", Box("cmov", "x")))});
+  return films;
+}
+
 }  // namespace
 
 std::vector<HostileMedium> HostileMedia(const Lures& lures) {
   Media all;
-  for (const auto& some :
-       {Streams(lures), Lists(lures), TaggedLists(lures), Sounds(lures), Films(lures)}) {
+  for (const auto& some : {Streams(lures), Lists(lures), TaggedLists(lures), Sounds(lures),
+                           Films(lures), FilmsThatHideReferences(lures)}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

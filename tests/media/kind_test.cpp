@@ -123,6 +123,25 @@ TEST(MediaKind, AFilmsDataLieInItself) {
   EXPECT_FALSE(IsKnown(FilmWithReference(Box("cios", Big(1, 4)))));
 }
 
+// Whatever box they lie in, and wherever that is cut as it is read.
+TEST(MediaKind, EachReferenceOfAFilmIsLookedAt) {
+  const auto references = [](std::uint64_t inThisFile) {
+    return Box("dref", Big(0, 4) + Big(1, 4) + Box("url ", Big(inThisFile, 4)));
+  };
+  EXPECT_TRUE(IsKnown(FilmWithBox(Box("udta", Box("wave", references(1))))));
+  EXPECT_FALSE(IsKnown(FilmWithBox(Box("udta", Box("wave", references(0))))));
+  EXPECT_FALSE(IsKnown(FilmWithBox(Box("udta", references(1) + references(0)))));
+  EXPECT_FALSE(IsKnown(FilmWithBox(Box("udta", Big(1'000'000, 4) + "dref"))));
+  const std::string film = Sample("film.mp4");
+  EXPECT_TRUE(IsKnown(film + references(1)));
+  EXPECT_TRUE(IsKnown(film + Box("mdat", references(0))));
+  for (std::size_t before = 65'480; before < 65'540; ++before) {
+    const std::string body = std::string(before, '\0');
+    EXPECT_FALSE(IsKnown(film + Box("uuid", body + references(0)))) << before;
+    EXPECT_TRUE(IsKnown(film + Box("uuid", body + references(1)))) << before;
+  }
+}
+
 TEST(MediaKind, AFilmsBoxesLieWithinEachOther) {
   EXPECT_TRUE(IsKnown(FilmWithBox(Box("free", "x"))));
   EXPECT_FALSE(IsKnown(FilmWithBox(Big(7, 4) + "free")));
@@ -167,6 +186,7 @@ TEST(MediaKind, TakesNoLongerForALargeFile) {
   };
   const std::string brand = Box("ftyp", "isom" + Big(0, 4));
   EXPECT_LT(costOf(brand, Box("free", "")), 3'000'000U);
+  EXPECT_LT(costOf(brand + Big(1, 4) + "moov" + Big(std::uint64_t{1} << 39U, 8), "x"), 40'000'000U);
   EXPECT_LT(costOf(Id3("x"), Id3("")), 3'000'000U);
   EXPECT_LT(costOf(Chunk("RIFF", "WAVE").substr(0, 12), Chunk("LIST", "INFO")), 3'000'000U);
   EXPECT_LT(costOf("", OggPage("OpusHead")), 3'000'000U);
