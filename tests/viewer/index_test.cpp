@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/peak_memory.h"
 #include "tests/viewer/book_maker.h"
+#include "viewer/book/index_reader.h"
 
 namespace viewer {
 namespace {
@@ -95,6 +97,64 @@ TEST(Index, ATitleMayHoldAnything) {
         "one </aTitle1> two", "one </bTitle1> two", "&amp;", "<b>bold</b>"}) {
     EXPECT_EQ(TitleRead(QString::fromLatin1(title)), QString::fromLatin1(title));
   }
+}
+
+QString Told(const Index& index) {
+  QString told = index.credit;
+  for (const Collection& each : index.collections) {
+    told += u'|' + QString(each.row) + QString::number(each.number) + each.title +
+            (each.isGallery ? u'*' : u' ');
+  }
+  return told;
+}
+
+TEST(Index, IsTheSameHoweverItIsCutAsItComes) {
+  const QString text = kHead + LineOf("bTitle1", "pic1", QStringLiteral("two\nlines </bTitle1> ")) +
+                       QStringLiteral("<aTitle7 \r\n") + QString(3, QChar::Null) +
+                       LineOf("aTitle2", "txt", QStringLiteral("one")) +
+                       LineOf("aTitle2", "txt", QStringLiteral("later")) +
+                       QStringLiteral("</strings>\r\n\t<cTitle3>no end");
+  const QString whole = Told(ParseIndex(text));
+  EXPECT_EQ(whole, QStringLiteral("Designed by: us|a2later |b1two\nlines </bTitle1>*|c3no end "));
+  for (qsizetype first = 0; first <= text.size(); ++first) {
+    for (const qsizetype next : {1, 2, 30, 1000}) {
+      IndexReader reader;
+      reader.Feed(QStringView(text).first(first));
+      for (qsizetype at = first; at < text.size(); at += next) {
+        reader.Feed(QStringView(text).sliced(at, std::min(next, text.size() - at)));
+      }
+      ASSERT_EQ(Told(reader.Finish()), whole) << first << ' ' << next;
+    }
+  }
+}
+
+TEST(Index, OfManyPiecesHasAllInOrder) {
+  const BookMaker maker;
+  QString lines;
+  for (int i = 20'000; i > 0; --i) lines += LineOf("bTitle%1", "txt", QStringLiteral("t%1")).arg(i);
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
+  const Index index = ReadIndex(maker.Book());
+  ASSERT_EQ(index.collections.size(), 20'000U);
+  for (int i = 1; i <= 20'000; ++i) {
+    const Collection& each = index.collections[static_cast<std::size_t>(i - 1)];
+    ASSERT_EQ(each.number, i);
+    ASSERT_EQ(each.title, QStringLiteral("t%1").arg(i));
+  }
+}
+
+// Its text has 16 MB; what is kept of it is less than that again.
+TEST(Index, OfAHundredThousandTakesLittleMoreThanItsTitles) {
+  const BookMaker maker;
+  QString lines;
+  for (int i = 1; i <= 100'000; ++i) {
+    lines += LineOf("aTitle%1", "txt", QString(50, u't')).arg(i);
+  }
+  maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
+  lines = QString();
+  const BookFolder book = maker.Book();
+  const testing_support::PeakMemory memory;
+  EXPECT_EQ(ReadIndex(book).collections.size(), 100'000U);
+  EXPECT_LT(memory.Megabytes(), 32);
 }
 
 TEST(Index, ATitleMayBeEmptyOrOfTwoLines) {

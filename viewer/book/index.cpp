@@ -4,97 +4,17 @@
 #include <QRegularExpression>
 #include <QtDebug>
 #include <algorithm>
-#include <map>
 #include <optional>
 #include <utility>
 
+#include "viewer/book/index_reader.h"
 #include "viewer/book/text_file.h"
-#include "viewer/book/text_scan.h"
 
 namespace viewer {
 namespace {
 
-// A line's open tag: <aTitle1 vol="txt">, or <aTitle0> of the credit.
-struct OpenTag {
-  Collection collection;
-  qsizetype end = -1;  // just behind it; -1 if there is none
-};
-
-OpenTag OpenTagAt(QStringView text, qsizetype at, qsizetype lineEnd) {
-  static constexpr QStringView kWord = u"Title";
-  const QStringView tag = text.sliced(at, std::min<qsizetype>(lineEnd - at, 64));
-  if (tag.size() < 9 || tag[0] != u'<' || tag[1] < u'a' || tag[1] > u'c') return {};
-  if (!tag.sliced(2).startsWith(kWord)) return {};
-  const qsizetype close = tag.indexOf(u'>');
-  if (close < 0) return {};
-  const qsizetype digits = 2 + kWord.size();
-  const QStringView rest = tag.sliced(digits, close - digits);
-  const qsizetype blank = rest.indexOf(u' ');
-  bool isNumber = false;
-  const int number = (blank < 0 ? rest : rest.first(blank)).toInt(&isNumber);
-  if (!isNumber || number < 0) return {};
-  const bool isGallery = rest.contains(u" vol=\"pic1\"");
-  return OpenTag{{tag[1], number, isGallery, {}}, at + close + 1};
-}
-
-qsizetype SkipIndent(QStringView text, Line line) {
-  qsizetype at = line.start;
-  while (at < line.end && text[at].isSpace()) ++at;
-  return at;
-}
-
-// The title ends at its own close tag, the last one of it in the piece: a title may hold anything.
-QString TitleIn(QStringView piece, const Collection& collection) {
-  const QString close = QStringLiteral("</%1Title%2>").arg(collection.row).arg(collection.number);
-  const qsizetype end = piece.lastIndexOf(close);
-  return (end < 0 ? piece : piece.first(end)).trimmed().toString();
-}
-
-class Reader {
- public:
-  explicit Reader(QStringView text) : text_(text) {}
-
-  Index Read() {
-    for (Line line = LineAt(text_, 0); line.start < text_.size(); line = LineAt(text_, line.next)) {
-      const qsizetype at = SkipIndent(text_, line);
-      OpenTag tag = OpenTagAt(text_, at, line.end);
-      // Written by hand, the file may have been closed after all.
-      const bool ends = text_.sliced(at).startsWith(u"</strings>");
-      if (tag.end < 0 && !ends) continue;
-      Take(at);
-      open_ = std::move(tag);
-    }
-    Take(text_.size());
-    return Made();
-  }
-
- private:
-  // Closes what is open.
-  void Take(qsizetype end) {
-    if (open_.end < 0) return;
-    Collection& collection = open_.collection;
-    collection.title = TitleIn(text_.sliced(open_.end, end - open_.end), collection);
-    if (collection.number == 0) {
-      index_.credit = collection.title;
-    } else {
-      found_[{collection.row, collection.number}] = std::move(collection);
-    }
-    open_ = {};
-  }
-
-  Index Made() {
-    for (auto& [key, collection] : found_) index_.collections.push_back(std::move(collection));
-    return std::move(index_);
-  }
-
-  QStringView text_;
-  OpenTag open_;
-  Index index_;
-  std::map<std::pair<QChar, int>, Collection> found_;
-};
-
 QString NameOf(const Collection& collection) {
-  return QStringLiteral("%1Title%2").arg(collection.row).arg(collection.number);
+  return collection.row + QStringLiteral("Title") + QString::number(collection.number);
 }
 
 // By the file's head; nothing where it is neither a gallery nor a table of contents.
@@ -129,10 +49,6 @@ std::vector<Collection> CollectionsInFolder(const BookFolder& book) {
   return found;
 }
 
-std::pair<QChar, int> KeyOf(const Collection& collection) {
-  return {collection.row, collection.number};
-}
-
 // Those of them without a line in the index, as many as are looked at: each file is opened.
 std::vector<Collection> Unlisted(const BookFolder& book, const Index& index) {
   constexpr std::size_t kMost = 1000;
@@ -151,7 +67,9 @@ std::vector<Collection> Unlisted(const BookFolder& book, const Index& index) {
 
 // What only the folder tells of, each at the end of its row.
 void AddUnlisted(const BookFolder& book, Index& index) {
-  for (Collection& collection : Unlisted(book, index)) {
+  std::vector<Collection> unlisted = Unlisted(book, index);
+  if (unlisted.empty()) return;
+  for (Collection& collection : unlisted) {
     const std::optional<bool> isGallery = IsGalleryFile(book, collection);
     if (!isGallery) continue;
     collection.isGallery = *isGallery;
@@ -163,17 +81,24 @@ void AddUnlisted(const BookFolder& book, Index& index) {
 
 }  // namespace
 
-bool AreSame(const Collection& a, const Collection& b) {
-  return a.row == b.row && a.number == b.number;
+std::pair<QChar, int> KeyOf(const Collection& collection) {
+  return {collection.row, collection.number};
 }
 
-Index ParseIndex(QStringView text) { return Reader(text).Read(); }
+bool AreSame(const Collection& a, const Collection& b) { return KeyOf(a) == KeyOf(b); }
+
+Index ParseIndex(QStringView text) {
+  IndexReader reader;
+  reader.Feed(text);
+  return reader.Finish();
+}
 
 Index ReadIndex(const BookFolder& book) {
-  std::optional<QString> text = ReadText(book, QStringLiteral("Data/_xml/Index.xml"));
-  if (!text) return {};
-  text->remove(QChar::Null);  // stands where a power cut took a line
-  Index index = ParseIndex(*text);
+  IndexReader reader;
+  const bool isThere = ReadTextInPieces(book, QStringLiteral("Data/_xml/Index.xml"),
+                                        [&reader](QStringView piece) { reader.Feed(piece); });
+  if (!isThere) return {};
+  Index index = reader.Finish();
   AddUnlisted(book, index);
   return index;
 }

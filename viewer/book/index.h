@@ -4,6 +4,7 @@
 #include <QChar>
 #include <QString>
 #include <QStringView>
+#include <utility>
 #include <vector>
 
 #include "viewer/book/folder.h"
@@ -17,7 +18,9 @@ struct Collection {
   QString title;
 };
 
-// By their place in the book: titles and kinds may be told otherwise.
+// Its place in the book.
+std::pair<QChar, int> KeyOf(const Collection& collection);
+// By their place: titles and kinds may be told otherwise.
 bool AreSame(const Collection& a, const Collection& b);
 
 struct Index {

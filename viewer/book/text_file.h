@@ -3,6 +3,8 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <QStringView>
+#include <functional>
 #include <optional>
 
 #include "viewer/book/folder.h"
@@ -21,5 +23,9 @@ std::optional<QString> ReadText(const QString& path);
 
 // The same for a file of the book, "DATA/TXT/x.htm".
 std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook);
+
+// The same a piece at a time, so that a long text needn't be held. False where there is nothing.
+bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook,
+                      const std::function<void(QStringView piece)>& take);
 
 }  // namespace viewer
