@@ -175,7 +175,7 @@ QString AsToolTip(const QString& text) {
 
 QString AsPath(const QString& path) {
   const QFontMetrics metrics(ViewerFont(kCaptionPixels));
-  const QString name = WithSigns(WithoutTurns(EndsOf(path)));
+  const QString name = NameWithSigns(EndsOf(path));
   // What the file is stays in sight, however wide the letters before it are.
   const qsizetype dot = name.lastIndexOf(u'.');
   const QString ending =

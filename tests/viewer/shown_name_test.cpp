@@ -7,9 +7,25 @@ namespace {
 
 const QString kSign = QChar(0xFFFD);
 
-TEST(ShownName, IsAsItRuns) {
-  EXPECT_EQ(WithoutTurns(QStringLiteral("a\u202Efdp.\u200Fexe\u2069")), QStringLiteral("afdp.exe"));
-  EXPECT_EQ(WithoutTurns(QStringLiteral("كتاب.pdf")), QStringLiteral("كتاب.pdf"));
+// Of them the marks that turn a text around: with them "fdp.exe" reads as "exe.pdf".
+TEST(ShownName, OfAFileHasASignForEachFormat) {
+  for (const char32_t format :
+       {0x202AU, 0x202BU, 0x202CU, 0x202DU, 0x202EU, 0x2066U, 0x2067U, 0x2068U, 0x2069U, 0x200EU,
+        0x200FU, 0x061CU, 0x00ADU, 0xFEFFU, 0x2060U, 0x200BU, 0xE0001U, 0xE0065U, 0x1D173U}) {
+    const QString name = u'a' + QStringView(QChar::fromUcs4(format)).toString();
+    EXPECT_EQ(NameWithSigns(name + QStringLiteral("fdp.exe")),
+              QStringLiteral("a") + kSign + QStringLiteral("fdp.exe"))
+        << static_cast<unsigned>(format);
+  }
+  EXPECT_EQ(NameWithSigns(QStringLiteral("a\n.exe")), QStringLiteral("a\uFFFD.exe"));
+}
+
+TEST(ShownName, OfAFileKeepsWhatPersianNeedsBetweenLetters) {
+  for (const char* whole : {"كتاب.pdf", "می\u200Cشود.pdf", "ه\u200Dا.pdf"}) {
+    EXPECT_EQ(NameWithSigns(QString::fromUtf8(whole)), QString::fromUtf8(whole));
+  }
+  EXPECT_EQ(NameWithSigns(QStringLiteral("\u200Cمی\u200C\u200Cشود\u200D.pdf")),
+            QStringLiteral("\uFFFDمی\uFFFD\uFFFDشود\uFFFD.pdf"));
 }
 
 TEST(ShownName, HasASignForWhatHasNoLook) {

@@ -5,11 +5,13 @@
 
 namespace viewer {
 
-// The name without the marks that turn a text around: with them "fdp.exe" reads as "exe.pdf".
-QString WithoutTurns(const QString& fileName);
-
 // With a sign in place of each line end, of each other control and of each half of a character that
 // lacks its other half; as long as before.
 QString WithSigns(const QString& text);
+
+// The same for the name of a file, and with a sign for each character that forms others and isn't
+// seen itself: one that turns the text around lets "fdp.exe" read as "exe.pdf". What Persian needs
+// between two letters of a word stays.
+QString NameWithSigns(const QString& name);
 
 }  // namespace viewer
