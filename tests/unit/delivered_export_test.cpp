@@ -19,6 +19,7 @@ using platform::Position;
 using platform::Text;
 using platform::TextView;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 std::string Delivered(const std::string& name) {
@@ -110,6 +111,19 @@ TEST(DeliveredScript, TheGuideForTheEditorHoldsNoBracket) {
   const Text script = Script();
   EXPECT_EQ(platform::InStr(script, u"["), platform::InStr(script, u"[ Make Folder ]"));
   EXPECT_EQ(Times(script, u"["), 4);
+}
+
+// Who gets a script from a stranger has one of the packages, and reads what lies in it.
+TEST(DeliveredScript, ThePackagesSayThatAnotherOneIsAProgram) {
+  for (const char* package : {"zorvand", "viewer"}) {
+    const std::string text = Delivered("../packaging/" + std::string(package) + "/READ-ME.txt");
+    const std::size_t persian = text.find("فارسی");
+    ASSERT_NE(persian, std::string::npos);
+    const std::size_t told = text.find("Export.inf");
+    EXPECT_LT(told, persian) << package;
+    EXPECT_THAT(text.substr(std::min(told, persian), 250), HasSubstr("program")) << package;
+    EXPECT_THAT(text.substr(persian), HasSubstr("Export.inf")) << package;
+  }
 }
 
 TEST(DeliveredTemplate, BeginsWithItsMarkAndHasWholeLineEnds) {
