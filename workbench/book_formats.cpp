@@ -1,6 +1,5 @@
 #include "workbench/book_formats.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "core/joined.h"
@@ -23,20 +22,6 @@ Text Tabs(Depth depth) {
 // Up to the blank, so that aTitle1 isn't found in aTitle10 and either kind of collection is.
 TextView Opening(TextView openTag) {
   return platform::Left(openTag, platform::InStr(openTag, u" "));
-}
-
-// A piece of a collection's line from its tab on, too short for its close tag.
-bool IsTornLine(TextView piece) {
-  constexpr TextView kTitle = u"Title";
-  constexpr TextView kRows = u"abc";
-  constexpr std::size_t kRow = 2;
-  if (!TextView(u"\t<").starts_with(piece.substr(0, kRow)) || piece.empty()) return false;
-  if (piece.size() > kRow && kRows.find(piece[kRow]) == TextView::npos) return false;
-  const TextView title = piece.substr(std::min(piece.size(), kRow + 1), kTitle.size());
-  if (!kTitle.starts_with(title)) return false;
-  const std::size_t end = piece.find_first_of(u" >");
-  return end == TextView::npos ||
-         piece.find(CloseTag(piece.substr(kRow, end - kRow))) == TextView::npos;
 }
 
 // `head`, then each line of the text as a paragraph of its own.
@@ -120,21 +105,6 @@ Text WithoutOldLine(TextView index, TextView openTag, TextView closeTag) {
 bool HasTwoLines(TextView index, TextView openTag) {
   const TextView opening = Opening(openTag);
   return platform::InStr(index, opening) != platform::InStrRev(index, opening);
-}
-
-Text WithoutTornLines(TextView index) {
-  Text whole;
-  while (!index.empty()) {
-    const std::size_t end = index.find(kCrLf);
-    const bool isEnded = end != TextView::npos;
-    TextView line = index.substr(0, isEnded ? end + kCrLf.size() : end);
-    index.remove_prefix(line.size());
-    const std::size_t lost = line.rfind(u'\0');
-    if (lost != TextView::npos) line.remove_prefix(lost + 1);
-    const bool isRest = lost != TextView::npos && !line.starts_with(u'\t');
-    if (!isRest && (isEnded || !IsTornLine(line))) whole += line;
-  }
-  return whole;
 }
 
 Text HeadLines(bool gallery) {

@@ -52,10 +52,6 @@ platform::Text WithoutOldLine(platform::TextView index, platform::TextView openT
                               platform::TextView closeTag);
 // Whether the collection that the tag belongs to has more than one line.
 bool HasTwoLines(platform::TextView index, platform::TextView openTag);
-// The index without what a power cut left of lines that weren't on the disk yet: NULs with the
-// pieces of a line around them, and at the end a collection's line that is too short for its close
-// tag.
-platform::Text WithoutTornLines(platform::TextView index);
 
 // Collection files and gallery files.
 

@@ -1,5 +1,6 @@
 #include "workbench/build_pass.h"
 
+#include <optional>
 #include <string>
 
 #include "core/book_places.h"
@@ -9,6 +10,7 @@
 #include "platform/text/encoding.h"
 #include "workbench/clean_up.h"
 #include "workbench/stems.h"
+#include "workbench/torn_index.h"
 
 namespace workbench {
 
@@ -17,16 +19,6 @@ using platform::kCrLf;
 using platform::Text;
 using platform::TextFormat;
 using platform::TextView;
-
-namespace {
-
-// What is left of an index that may have lost its head, or a part of that.
-Text WithHead(const Text& lines, const Text& head) {
-  if (head.starts_with(lines)) return head;
-  return lines.starts_with(u'\t') ? head + lines : lines;
-}
-
-}  // namespace
 
 BuildPass::BuildPass(BuildDesk& desk, const BuildOrder& order, platform::FileSystemObject& files,
                      platform::Clock& clock, platform::Random& random)
@@ -88,25 +80,29 @@ void BuildPass::AddToIndex() {
   files_.Files().Flush(IndexPath());
 }
 
-// A power cut may have taken lines of the index, or all of it. Where an earlier build's lines are
-// lost, one more at the end wouldn't bring them back.
+// A power cut may have torn the index. Where an earlier build's lines are lost, one more at the end
+// wouldn't bring them back.
 void BuildPass::MendIndex() {
-  const Text index = ReadIndex();
-  const Text whole = WithoutTornLines(index);
-  indexWasTorn_ = whole.empty() || whole.size() < index.size();
-  if (indexWasTorn_) {
-    WriteAnew(IndexPath(), WithHead(whole, IndexHead(order_.words.creditLine)));
+  const std::string bytes = ReadIndex();
+  const std::optional<Text> mended =
+      MendedIndex(bytes, IndexHead(order_.words.creditLine),
+                  core::CollectionName(order_.rowLetter, order_.rowDigit));
+  indexWasTorn_ = mended.has_value();
+  if (mended) {
+    WriteAnew(IndexPath(), *mended);
   } else if (files_.Files().IsLost(IndexPath())) {
-    WriteAnew(IndexPath(), index);
+    const auto file = files_.Files().Open(IndexPath(), platform::OpenMode::kReplace, false);
+    file->Write(bytes);
+    file->Close();
   }
 }
 
-// Empty where nothing stands in it, which the text service would take for a failure.
-Text BuildPass::ReadIndex() {
+// Its bytes, as the text service takes an empty file for a failure.
+std::string BuildPass::ReadIndex() {
   const auto file = files_.Files().Open(IndexPath(), platform::OpenMode::kRead, false);
-  const std::string bytes = file->ReadAll();
+  std::string bytes = file->ReadAll();
   file->Close();
-  return platform::DecodeUnicode(bytes);
+  return bytes;
 }
 
 void BuildPass::NameCollection() {
@@ -133,7 +129,7 @@ bool BuildPass::MakeRoom() {
 
 // The new line stands behind the old one already, so the first line found is the old one.
 void BuildPass::TakeOldLineOut() {
-  const Text index = ReadIndex();
+  const Text index = platform::DecodeUnicode(ReadIndex());
   // Of a line that was torn off there is nothing to take out.
   if (indexWasTorn_ && !HasTwoLines(index, openTag_)) return;
   WriteAnew(IndexPath(), WithoutOldLine(index, openTag_, closeTag_));

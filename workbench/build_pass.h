@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "platform/clock.h"
@@ -79,7 +80,7 @@ class BuildPass {
   bool FoldersExist();
   void AddToIndex();
   void MendIndex();
-  platform::Text ReadIndex();
+  std::string ReadIndex();
   void NameCollection();
   // False if the collection stands already and is to stay.
   bool MakeRoom();

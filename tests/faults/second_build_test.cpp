@@ -181,7 +181,28 @@ INSTANTIATE_TEST_SUITE_P(
         TornIndex{"half a line", File(kHead + kOther + u"\t<aTitle1 vol=\"txt\">Na"),
                   kHead + kOther + kLine},
         TornIndex{"half a tag", File(kHead + kOther + u"\t<aTi"), kHead + kOther + kLine},
-        TornIndex{"a tab", File(kHead + kOther + u"\t"), kHead + kOther + kLine}),
+        TornIndex{"a tab", File(kHead + kOther + u"\t"), kHead + kOther + kLine},
+        TornIndex{"half a first line", File(u"<stri"), kHead + kLine},
+        TornIndex{"a first line without its LF", File(u"<strings>\r"), kHead + kLine},
+        TornIndex{"half a mark", "\xFF", kHead + kLine},
+        TornIndex{"an odd byte of a line",
+                  File(kHead + kOther + u"\t<aTitle1 vol=\"txt\">Na") + "m",
+                  kHead + kOther + kLine},
+        TornIndex{"an odd byte behind a line", File(kHead + kOther) + "\t", kHead + kOther + kLine},
+        TornIndex{"a line without its LF", File(kHead + kOther.substr(0, kOther.size() - 1)),
+                  kHead + kOther + kLine},
+        TornIndex{"half a line of another collection", File(kHead + u"\t<bTitle2 vol=\"txt\">Sec"),
+                  kHead + u"\t<bTitle2 vol=\"txt\">Sec</bTitle2>\r\n" + kLine},
+        TornIndex{"half a close tag of another collection",
+                  File(kHead + u"\t<bTitle2 vol=\"txt\">Sec</bTi"),
+                  kHead + u"\t<bTitle2 vol=\"txt\">Sec</bTitle2>\r\n" + kLine},
+        TornIndex{"NULs behind a line by hand", File(kHead + u"\tby hand" + Text(40, u'\0')),
+                  kHead + u"\tby hand" + kLine},
+        TornIndex{"NULs between lines by hand",
+                  File(kHead + u"\tby hand" + Text(40, u'\0') + u"hand\r\n" + kOther),
+                  kHead + u"\tby hand\r\nhand\r\n" + kOther + kLine},
+        TornIndex{"NULs up to a LF", File(kHead + Text(40, u'\0') + u"\n" + kOther),
+                  kHead + kOther + kLine}),
     [](const auto& torn) {
       return std::regex_replace(std::string(torn.param.name), std::regex(" "), "_");
     });
@@ -197,6 +218,16 @@ TEST_P(BuildOverIndexByHand, KeepsItsEnd) {
 
 INSTANTIATE_TEST_SUITE_P(Each, BuildOverIndexByHand,
                          testing::Values(u"</strings>", u"\t<bTitle2 vol=\"txt\">Second</bTitle2>",
-                                         u"\tby hand", u"\t<note>", u"\t<dTitle1"));
+                                         u"\tby hand", u"\tx", u"x", u"\t<note>", u"\t<dTitle1",
+                                         u"\t<bTitle2 name=\"x\">Second", u"\t<bTitle2>Second"));
+
+// Whatever else it is, UTF-16 it isn't.
+TEST_F(SecondBuild, OverAnIndexInAnotherEncodingLosesNothingOfIt) {
+  const std::string byHand = "<strings>\r\n\t<bTitle2>Second</bTitle2>\r\n by hand";
+  ASSERT_EQ(byHand.size() % 2, 1U);
+  road.desk.Write(kIndex, byHand);
+  Build();
+  EXPECT_EQ(road.desk.Read(kIndex), byHand + EncodeUtf16(kLine));
+}
 
 }  // namespace
