@@ -46,7 +46,7 @@ int Descriptor::Flush() const {
   do {
     result = ::fsync(number_);
   } while (result != 0 && errno == EINTR);
-  return result == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+  return result == 0 || errno == EINVAL ? 0 : errno;
 }
 
 MadeFile::MadeFile(MadeFile&& other) noexcept

@@ -36,12 +36,13 @@ std::string WithLinkFollowed(const std::string& hostPath) {
   return ::realpath(hostPath.c_str(), buffer) != nullptr ? buffer : hostPath;
 }
 
+bool IsGone(int error) { return error == ENOENT || error == ENOTDIR; }
+
 // Links followed. Nothing for what is gone.
 std::optional<struct stat> Found(const std::string& hostPath) {
   struct stat known {};
-  const bool isGone =
-      ::stat(hostPath.c_str(), &known) != 0 && (errno == ENOENT || errno == ENOTDIR);
-  return isGone ? std::nullopt : std::optional(known);
+  if (::stat(hostPath.c_str(), &known) != 0 && IsGone(errno)) return std::nullopt;
+  return known;
 }
 
 bool IsBelow(const std::string& hostPath, const std::string& folder) {
@@ -79,26 +80,67 @@ HostPaths FoldersOf(const HostPaths& paths, const Top& top) {
   return folders;
 }
 
-// Neither what is gone since nor a folder that may not be looked into has anything to wait for.
-bool HasNothing(int error) {
-  return error == ENOENT || error == ENOTDIR || error == EACCES || error == ELOOP ||
-         error == ENAMETOOLONG;
-}
-
 // How a flush ended. What the disk couldn't take is lost.
 struct Outcome {
   int error = 0;
   std::string lost = {};                     // a file, or a folder with the names in it
-  std::optional<dev_t> disk = std::nullopt;  // all on it may be
+  std::optional<dev_t> disk = std::nullopt;  // or all on it may be
 };
 
-Outcome FlushEach(const HostPaths& paths) {
+// What may be written but not read is opened all the same, but for a folder (EISDIR).
+Descriptor OpenToFlush(const std::string& path) {
+  Descriptor opened = OpenHost(path, O_RDONLY);
+  if (opened.IsOpen() || errno != EACCES) return opened;
+  return OpenHost(path, O_WRONLY);
+}
+
+// What is flushed together: what was written, and the folders that hold it.
+struct Flushed {
+  const HostPaths& paths;
+  const HostPaths& folders;
+};
+
+bool IsOnDisk(const Descriptor& opened, dev_t disk) {
+  struct stat known {};
+  return opened.IsOpen() && ::fstat(opened.Number(), &known) == 0 && known.st_dev == disk;
+}
+
+// For such a folder, whatever else lies on its disk. Not open where nothing does.
+Descriptor OpenOnDiskOf(const std::string& folder, const Flushed& all) {
+  Descriptor opened = OpenToFlush(folder);
+  if (opened.IsOpen() || errno != EISDIR) return opened;
+  struct stat known {};
+  if (::stat(folder.c_str(), &known) != 0) return opened;
+  for (const HostPaths* const others : {&all.folders, &all.paths}) {
+    for (const std::string& path : *others) {
+      Descriptor other = OpenToFlush(path);
+      if (IsOnDisk(other, known.st_dev)) return other;
+    }
+  }
+  errno = EACCES;
+  return opened;
+}
+
+// Linux tells of errors here since 5.8, of those that nobody has been told of yet.
+Outcome FlushDisk(const Descriptor& opened) {
+  struct stat known {};
+  if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return {errno};
+  if (::syncfs(opened.Number()) != 0) return {errno, {}, known.st_dev};
+  return {0, {}, known.st_dev};
+}
+
+Outcome FlushOne(const std::string& path, const Flushed& all) {
+  const Descriptor opened = OpenToFlush(path);
+  if (!opened.IsOpen() && IsGone(errno)) return {};
+  if (!opened.IsOpen() && errno == EISDIR) return FlushDisk(OpenOnDiskOf(path, all));
+  if (!opened.IsOpen()) return {errno};
+  return {opened.Flush(), path};
+}
+
+Outcome FlushEach(const HostPaths& paths, const Flushed& all) {
   for (const std::string& path : paths) {
-    const Descriptor opened = OpenHost(path, O_RDONLY);
-    if (!opened.IsOpen() && HasNothing(errno)) continue;
-    if (!opened.IsOpen()) return {errno};
-    const int error = opened.Flush();
-    if (error != 0) return {error, path};
+    Outcome outcome = FlushOne(path, all);
+    if (outcome.error != 0) return outcome;
   }
   return {};
 }
@@ -106,21 +148,19 @@ Outcome FlushEach(const HostPaths& paths) {
 // The kernel begins with all of them before the first is waited for.
 void BeginToWrite(const HostPaths& files) {
   for (const std::string& file : files) {
-    const Descriptor opened = OpenHost(file, O_RDONLY);
+    const Descriptor opened = OpenToFlush(file);
     if (opened.IsOpen()) ::sync_file_range(opened.Number(), 0, 0, SYNC_FILE_RANGE_WRITE);
   }
 }
 
-// Linux tells of errors here since 5.8, of those that nobody has been told of yet.
-Outcome FlushDisksOf(const HostPaths& folders) {
+Outcome FlushDisksOf(const Flushed& all) {
   std::set<dev_t> flushed;
-  for (const std::string& folder : folders) {
-    const Descriptor opened = OpenHost(folder, O_RDONLY);
-    struct stat known {};
-    if (!opened.IsOpen() && HasNothing(errno)) continue;
-    if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return {errno};
-    if (!flushed.insert(known.st_dev).second || ::syncfs(opened.Number()) == 0) continue;
-    return {errno, {}, known.st_dev};
+  for (const std::string& folder : all.folders) {
+    const std::optional<struct stat> found = Found(folder);
+    if (!found || flushed.contains(found->st_dev)) continue;
+    Outcome outcome = FlushDisk(OpenOnDiskOf(folder, all));
+    if (outcome.error != 0) return outcome;
+    flushed.insert(found->st_dev);
   }
   return {};
 }
@@ -134,10 +174,11 @@ bool IsPulledOut(const HostPaths& paths, const Top& top) {
 Outcome FlushPaths(const HostPaths& paths, const Top& top) {
   if (IsPulledOut(paths, top)) return {ENOENT};
   const HostPaths folders = FoldersOf(paths, top);
-  if (paths.size() > kFew) return FlushDisksOf(folders);
+  const Flushed all{paths, folders};
+  if (paths.size() > kFew) return FlushDisksOf(all);
   BeginToWrite(paths);
-  Outcome outcome = FlushEach(paths);
-  return outcome.error != 0 ? outcome : FlushEach(folders);
+  Outcome outcome = FlushEach(paths, all);
+  return outcome.error != 0 ? outcome : FlushEach(folders, all);
 }
 
 bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {

@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -9,6 +12,7 @@
 
 #include "platform/failure.h"
 #include "platform/files/file_system.h"
+#include "tests/support/ordinary_user.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/volatile_disk.h"
 
@@ -236,6 +240,75 @@ TEST_F(Flushing, OfAFolderThatIsRefusedLosesTheFilesInIt) {
   Write(u"Book\\TXT\\page", "anew");
   files_.Flush(Path(u"Book"));
   EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+}
+
+// A host that keeps some of it from the tool which wrote it.
+class FlushingByAnOrdinaryUser : public Flushing {
+ protected:
+  void SetUp() override {
+    if (!user_.IsOrdinary()) GTEST_SKIP() << "refused nothing";
+    files_.MakeFolder(Path(u"Book"));
+    files_.MakeFolder(Path(u"Book\\TXT"));
+  }
+  void TearDown() override { SetMode("Book/TXT", 0700); }
+  void SetMode(const std::string& below, mode_t mode) {
+    ASSERT_EQ(chmod(folder_.HostPath(below).c_str(), mode), 0);
+  }
+
+  testing_support::OrdinaryUser user_{folder_.HostPath()};
+};
+
+TEST_F(FlushingByAnOrdinaryUser, BringsAFileThatMayBeWrittenButNotRead) {
+  Write(u"Book\\TXT\\page");
+  SetMode("Book/TXT/page", 0200);
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut().at("Book/TXT/page"), "text");
+}
+
+TEST_F(FlushingByAnOrdinaryUser, FailsWhereItMayNotLookIntoWhatItWrote) {
+  Write(u"Book\\TXT\\page");
+  SetMode("Book/TXT/page", 0);
+  EXPECT_THROW(files_.Flush(Path(u"Book")), Failure);
+  SetMode("Book/TXT/page", 0600);
+  SetMode("Book/TXT", 0);
+  EXPECT_THROW(files_.Flush(Path(u"Book")), Failure);
+  SetMode("Book/TXT", 0700);
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+}
+
+TEST_F(FlushingByAnOrdinaryUser, HasNothingToWaitForWhereItCouldntWrite) {
+  Write(u"Book\\TXT\\page");
+  files_.Flush(Path(u"Book"));
+  SetMode("Book/TXT/page", 0);
+  EXPECT_THROW(Write(u"Book\\TXT\\page"), Failure);
+  files_.Flush(Path(u"Book"));
+}
+
+TEST_F(FlushingByAnOrdinaryUser, BringsTheNamesInAFolderThatMayBeWrittenButNotRead) {
+  for (const int pages : {kFew, kMany}) {
+    for (int i = 0; i < pages; ++i) Write(u"Book\\TXT\\" + platform::FromNumber(pages + i));
+    SetMode("Book/TXT", 0300);
+    files_.Flush(Path(u"Book"));
+    SetMode("Book/TXT", 0700);
+    EXPECT_EQ(AfterCut(), testing_support::TreeOf(folder_.HostPath()));
+  }
+}
+
+TEST_F(FlushingByAnOrdinaryUser, NeedsNoFileOfThemForThat) {
+  Write(u"Book\\TXT\\page");
+  files_.Flush(Path(u"Book"));
+  files_.DeleteFile(Path(u"Book\\TXT\\page"));
+  SetMode("Book/TXT", 0300);
+  files_.Flush(Path(u"Book"));
+  EXPECT_EQ(AfterCut(), (DiskTree{{"Book", "/"}, {"Book/TXT", "/"}}));
+}
+
+// What an ext4 answers that has given up and let itself be read alone from then on.
+TEST_F(Flushing, OnADiskThatTakesNothingAnyMoreIsAFailure) {
+  Write(u"a");
+  DiskRecorder::RefuseFlushes(EROFS);
+  EXPECT_THROW(files_.Flush(Path(u"a")), Failure);
 }
 
 // Not even that is the disk's no.
