@@ -74,15 +74,21 @@ class Film {
  public:
   explicit Film(const Source& source) : source_(source) {}
 
-  bool IsWhole() {
-    const std::string head = source_.Read(0, 12);
-    const std::uint64_t length = BigEndian(head, 0, 4);
-    if (length < 16 || length > 4'096 || !HasWord(head, 4, "ftyp")) return false;
-    if (!IsKnownBrand(std::string_view(head).substr(8))) return false;
-    return ArePiecesGood() && hasTrack_;
-  }
+  bool IsWhole() { return BeginsAsFilm() && ArePiecesGood() && hasTrack_; }
 
  private:
+  // The oldest films have no brand.
+  bool BeginsAsFilm() const {
+    constexpr std::array<std::string_view, 6> kOldest = {"moov", "mdat", "wide",
+                                                         "free", "skip", "pnot"};
+    const std::string head = source_.Read(0, 12);
+    if (head.size() < 12) return false;
+    const std::string_view name = std::string_view(head).substr(4, 4);
+    if (name != "ftyp") return IsOneOf(name, kOldest);
+    const std::uint64_t length = BigEndian(head, 0, 4);
+    return length >= 16 && length <= 4'096 && IsKnownBrand(std::string_view(head).substr(8));
+  }
+
   // False where the length makes no sense.
   bool BoxAt(std::uint64_t at, std::uint64_t end, Box& box) const {
     const std::string head = source_.Read(at, 16);
@@ -100,11 +106,19 @@ class Film {
   bool ArePiecesGood() {
     for (std::uint64_t at = 0; at < source_.Size();) {
       Box box;
-      if (++boxes_ > kMostBoxes || !BoxAt(at, source_.Size(), box)) return false;
+      if (++boxes_ > kMostBoxes) return false;
+      if (!BoxAt(at, source_.Size(), box)) return IsGoodEnd(at);
       if (!IsGoodPiece(box)) return false;
       at = box.end;
     }
     return true;
+  }
+
+  // Cut off in the middle of its last piece, or with something behind that: a film is played as far
+  // as it goes.
+  bool IsGoodEnd(std::uint64_t at) {
+    const bool isCutFilm = HasWord(source_.Read(at, 8), 4, "mdat");
+    return hasTrack_ && (isCutFilm || NamesNothing(Box{"", at, at, source_.Size()}));
   }
 
   // Among the sounds and pictures themselves nobody looks for boxes.

@@ -12,6 +12,7 @@ namespace {
 constexpr int kEnoughFrames = 8;
 constexpr int kFewestFrames = 3;  // of a sound that ends before
 constexpr std::size_t kLongestFrame = 8'192;
+constexpr std::size_t kLongestRow = (kEnoughFrames + 1) * kLongestFrame;
 
 struct Frame {
   std::size_t length;
@@ -26,16 +27,15 @@ bool IsTail(std::string_view rest) {
 // As many frames as are enough, one behind the other from the first byte on; a sound that ends
 // before has a few of them, and ends with the last or in the middle of it.
 template <typename FrameAt>
-bool HasFrames(const Source& source, FrameAt frameAt) {
-  const std::string head = source.Read(0, (kEnoughFrames + 1) * kLongestFrame);
+bool HasFrames(std::string_view head, int fewest, FrameAt frameAt) {
   std::optional<Frame> first;
   std::size_t at = 0;
   for (int count = 0; count < kEnoughFrames; ++count) {
-    const std::string_view rest = std::string_view(head).substr(at);
+    const std::string_view rest = head.substr(at);
     const std::optional<Frame> frame = frameAt(rest);
     if (!frame || frame->length > rest.size()) {
       const bool isCut = frame || rest.size() < 8 || IsTail(rest);
-      return count >= kFewestFrames && isCut;
+      return count >= fewest && isCut;
     }
     if (!first) first = frame;
     if (frame->likeness != first->likeness) return false;
@@ -82,9 +82,26 @@ std::optional<Frame> AdtsFrame(std::string_view bytes) {
 
 }  // namespace
 
-bool IsMp3(const Source& source) { return HasFrames(source, MpegAudioFrame); }
+bool IsMp3(const Source& source) {
+  return HasFrames(source.Read(0, kLongestRow), kFewestFrames, MpegAudioFrame);
+}
 
-bool IsAac(const Source& source) { return HasFrames(source, AdtsFrame); }
+bool IsAac(const Source& source) {
+  return HasFrames(source.Read(0, kLongestRow), kFewestFrames, AdtsFrame);
+}
+
+// A few frames that are alike may be chance where they are searched for.
+std::optional<std::string> BytesBeforeMp3(const Source& source) {
+  constexpr std::size_t kMost = 65'536;
+  std::string head = source.Read(0, kMost + kLongestRow);
+  const std::string_view bytes = head;
+  for (std::size_t at = bytes.find('\xFF'); at <= kMost; at = bytes.find('\xFF', at + 1)) {
+    if (!HasFrames(bytes.substr(at, kLongestRow), kEnoughFrames, MpegAudioFrame)) continue;
+    head.resize(at);
+    return head;
+  }
+  return std::nullopt;
+}
 
 // The stream's description, other blocks, then frames. Source: RFC 9639.
 bool IsFlac(const Source& source) {

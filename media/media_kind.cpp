@@ -103,6 +103,15 @@ constexpr std::array<Question, 10> kQuestions = {{{MediaKind::kMp3, IsMp3, true}
                                                   {MediaKind::kMatroska, IsMatroska},
                                                   {MediaKind::kMpeg, IsMpeg}}};
 
+// Asked last: a film may hold such a sound near its beginning. The player gets what begins with the
+// sound, without the junk.
+std::optional<KnownMedium> SoundBehindJunk(const Source& medium, std::uint64_t start) {
+  const std::optional<std::string> junk = BytesBeforeMp3(medium);
+  if (!junk || !IsJunk(*junk) || NamesOthers(medium)) return std::nullopt;
+  if (NamesOthers(medium.From(junk->size()))) return std::nullopt;
+  return KnownMedium{MediaKind::kMp3, start + junk->size()};
+}
+
 }  // namespace
 
 std::optional<KnownMedium> MediumOf(const Source& source) {
@@ -116,7 +125,7 @@ std::optional<KnownMedium> MediumOf(const Source& source) {
     if (NamesOthers(medium) || spared.IsSpent()) return std::nullopt;
     return KnownMedium{question.kind, tags.end};
   }
-  return std::nullopt;
+  return spared.IsSpent() ? std::nullopt : SoundBehindJunk(medium, tags.end);
 }
 
 }  // namespace media

@@ -187,12 +187,39 @@ Media FilmsThatHideReferences(const Lures& to) {
   return films;
 }
 
+// The sound behind them is whole; but a player that looked at their beginning took them for a list.
+Media ListsWithASoundBehind(const Lures& to) {
+  const std::string sound = Mp3Frames(40);
+  const std::string concat = "ffconcat version 1.0\nfile '" + to.file + "'\n";
+  const std::string list = "[playlist]\nFile1=" + Http(to) + "\nNumberOfEntries=1\n";
+  const std::string asx =
+      "<ASX version=\"3.0\"><entry><ref href=\"" + Http(to) + "\"/></entry></ASX>";
+  return {
+      {"hls-with-sound", Hls(Http(to)) + sound},
+      {"hls-with-mark-and-sound", "\xEF\xBB\xBF" + Hls(Http(to)) + sound},
+      {"hls-utf16-with-sound", Utf16(Hls(Http(to))) + sound},
+      {"m3u-with-sound", "#EXTM3U\n" + to.file + "\n" + sound},
+      {"m3u-with-controls-and-sound", "#EXTM3U\n" + to.file + "\n\x01\x02" + sound},
+      {"bare-path-with-sound", to.file + "\n" + sound},
+      {"pls-with-sound", list + sound},
+      {"pls-with-controls-and-sound", "[PlayList]\x01\n" + list + sound},
+      {"asx-with-sound", asx + sound},
+      {"asx-with-controls-and-sound", " \r\n<asx>\x01" + asx + sound},
+      {"xml-with-sound", "<?xml\x01?>" + asx + sound},
+      {"smil-with-sound", "<smil><body><audio src=\"" + Http(to) + "\"/></body></smil>" + sound},
+      {"concat-with-sound", concat + sound},
+      {"sdp-with-sound", Sdp(to) + sound},
+      {"tag-pls-with-sound", Id3(std::string(64, '\0')) + std::string(99, '\0') + list + sound},
+      {"midi-with-sound", std::string("MThd\0\0\0\x06\0\0\0\x01\0\x60MTrk", 18) + sound}};
+}
+
 }  // namespace
 
 std::vector<HostileMedium> HostileMedia(const Lures& lures) {
   Media all;
-  for (const auto& some : {Streams(lures), Lists(lures), TaggedLists(lures), Sounds(lures),
-                           Films(lures), FilmsThatHideReferences(lures)}) {
+  for (const auto& some :
+       {Streams(lures), Lists(lures), TaggedLists(lures), Sounds(lures), Films(lures),
+        FilmsThatHideReferences(lures), ListsWithASoundBehind(lures)}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

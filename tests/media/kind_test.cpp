@@ -97,6 +97,40 @@ TEST(MediaKind, AnMp3IsARowOfFramesThatAreAlike) {
   EXPECT_FALSE(IsKnown(other));
 }
 
+TEST(MediaKind, AnMp3MayBeginBehindJunk) {
+  const auto start = [](const std::string& bytes) {
+    const auto medium = MediumOf(SourceOf(bytes));
+    return medium && medium->kind == MediaKind::kMp3 ? std::optional(medium->start) : std::nullopt;
+  };
+  const std::string frames = Mp3Frames(8);
+  const std::string rest = Mp3Frames(1).substr(100);
+  EXPECT_EQ(start(rest + frames), rest.size());
+  EXPECT_EQ(start("\x01" + frames), 1U);
+  EXPECT_EQ(start(std::string(3, '\0') + frames), 3U);
+  EXPECT_EQ(start(Id3("x") + std::string(40, '\0') + rest + frames), 51 + rest.size());
+  EXPECT_EQ(start(std::string(65'536, '\1') + frames), 65'536U);
+  EXPECT_EQ(start(std::string(65'537, '\1') + frames), std::nullopt);
+  EXPECT_EQ(start("\x01" + Mp3Frames(7)), std::nullopt);
+  // A head alone is no frame.
+  EXPECT_EQ(start("\x01\xFF\xFB\x90\x44" + frames), 5U);
+}
+
+TEST(MediaKind, NeitherTextsNorOtherFilesAreJunkBeforeAnMp3) {
+  const std::string frames = Mp3Frames(8);
+  for (const char* text :
+       {"x", "\n", "a path.mp3\r\n", "متن", "<A>\x01", "#EXTINF\x01", "\xFF\xFE\x27\x06"}) {
+    EXPECT_FALSE(IsKnown(text + frames)) << text;
+  }
+  EXPECT_FALSE(IsKnown(std::string(200, '\xE3') + frames));  // in a code page
+  EXPECT_FALSE(IsKnown(std::string("a\0b\0c\0", 6) + frames));
+  for (const char* head :
+       {"RIFF\x01", "OggS\x01", "FLV\x01", "%PDF\x01", "GIF8\x01", "PK\x03\x04"}) {
+    EXPECT_FALSE(IsKnown(head + frames)) << head;
+  }
+  EXPECT_FALSE(IsKnown(std::string("\0\0\1\xBA", 4) + frames));
+  EXPECT_FALSE(IsKnown(Box("ftyp", "isom") + frames));
+}
+
 TEST(MediaKind, AWaveHasAKnownFormatBeforeItsSamples) {
   const auto wave = [](const std::string& format) {
     return Chunk("RIFF", "WAVE" + Chunk("LIST", "INFO") + Chunk("fmt ", format) +
@@ -156,7 +190,24 @@ TEST(MediaKind, AFilmHasAKnownBrandAndATrack) {
   std::string film = Sample("film.mp4");
   EXPECT_FALSE(IsKnown(film.replace(8, 4, "heic")));
   EXPECT_FALSE(IsKnown(Box("ftyp", "isom" + Big(0, 4)) + Box("moov", "")));
-  EXPECT_FALSE(IsKnown(Sample("film.mp4").substr(32)));
+  EXPECT_TRUE(IsKnown(Sample("film.mp4").substr(32)));  // of before there were brands
+  EXPECT_FALSE(IsKnown(Box("what", "") + Sample("film.mp4").substr(32)));
+}
+
+// As far as it goes, a film is played. What its description lacks nobody can make up.
+TEST(MediaKind, AFilmMayBeCutOffAndHaveMoreBehindIt) {
+  const std::string film = Sample("film.mp4");
+  const std::string data = Big(5'000'000, 4) + "mdat" + std::string(90, 'x');
+  EXPECT_TRUE(IsKnown(film + data));
+  EXPECT_TRUE(IsKnown(film + "1234567"));
+  EXPECT_TRUE(IsKnown(film + Big(7, 4) + "what" + std::string(500, 'x')));
+  EXPECT_TRUE(IsKnown(film + Big(5'000, 4) + "what"));
+  EXPECT_TRUE(IsKnown(film + std::string(500, '\0')));
+  EXPECT_FALSE(IsKnown(film.substr(0, film.size() - 1)));  // its description comes last
+  EXPECT_FALSE(IsKnown(film.substr(0, 32) + data));
+  const std::string references = Box("dref", Big(0, 4) + Big(1, 4) + Box("url ", Big(0, 4)));
+  EXPECT_FALSE(IsKnown(film + Big(5'000, 4) + "what" + references));
+  EXPECT_FALSE(IsKnown(film + Big(7, 4) + "what" + references));
 }
 
 TEST(MediaKind, AnOggOfTextsIsNotKnown) {

@@ -10,10 +10,12 @@ namespace media_tests {
 // A small sound or film of tests/media/samples.
 std::string Sample(const std::string& name);
 inline constexpr const char* kSamples[] = {
-    "sound.mp3",  "sound.mp2", "sound.wav",   "sound-adpcm.wav", "sound.ogg", "sound.opus",
-    "sound.flac", "sound.aac", "sound.m4a",   "film.mp4",        "film.mov",  "film-fragments.mp4",
-    "film.flv",   "film.avi",  "film.mkv",    "film.webm",       "film.ogv",  "film.mpg",
-    "film.ts",    "film.m2v",  "film-vcd.mpg"};
+    "sound.mp3", "sound.mp2", "sound.wav", "sound-adpcm.wav", "sound.ogg", "sound.opus",
+    "sound.flac", "sound.aac", "sound.m4a", "film.mp4", "film.mov", "film-fragments.mp4",
+    "film.flv", "film.avi", "film.mkv", "film.webm", "film.ogv", "film.mpg", "film.ts", "film.m2v",
+    "film-vcd.mpg",
+    // Cut off, with bytes behind its end, from before there were brands, and behind other bytes.
+    "film-cut.mp4", "film-tail.mp4", "film-old.mov", "sound-junk.mp3", "sound-tag-junk.mp3"};
 
 std::string Big(std::uint64_t number, int bytes);
 std::string Little(std::uint64_t number, int bytes);
