@@ -337,14 +337,6 @@ TEST_F(Viewing, AHugePageIsLaidOutStepByStep) {
   EXPECT_GT(PageText(*window_).size(), before);
 }
 
-TEST_F(Viewing, AParagraphOfMillionsOfCharactersIsShownInPieces) {
-  MakeBook(maker_);
-  maker_.Write(u"Data/TXT/ONE.htm"_s, PageText(u"بلند"_s, {QString(5'000'000, u'ب')}));
-  Show();
-  Click(*window_, u"a1"_s);
-  EXPECT_LT(PageText(*window_).size(), 200'000);
-}
-
 TEST_F(Viewing, DamagedPicturesAreNoMatter) {
   MakeBook(maker_);
   maker_.WriteBytes(u"Data/IMG/P1.jpg"_s, QByteArray("\xff\xd8\xff\xe0 cut", 9));

@@ -7,6 +7,7 @@
 #include <QTextEdit>
 
 #include "tests/media/media_bytes.h"
+#include "tests/viewer/paper.h"
 #include "tests/viewer/window_bench.h"
 #include "viewer/look.h"
 #include "viewer/window.h"
@@ -47,9 +48,31 @@ TEST_F(Reading, EachCollectionHasItsCardInRowsFromRightToLeft) {
   EXPECT_GT(c1.y(), b1.y());
 }
 
+// Where what the cards stand on, without them, has the colour of lesser texts.
+QRectF PlaceOfCredit(QWidget& shelves, int layout) {
+  constexpr int kDotsAsPoints = 72;
+  QImage picture(shelves.size(), QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  shelves.render(&picture, {}, {}, QWidget::RenderFlags());
+  return PlaceOf(picture, kDotsAsPoints, viewer::LookOf(layout).faint);
+}
+
 TEST_F(Reading, TheCreditStandsBelowTheCollections) {
-  Open();
-  EXPECT_EQ(Find(*window_, u"shelves"_s).accessibleDescription(), u"Designed"_s);
+  for (const int layout : {1, 2}) {
+    Open({.layout = layout});
+    QWidget& shelves = Find(*window_, u"shelves"_s);
+    EXPECT_EQ(shelves.accessibleDescription(), u"Designed"_s);
+    QRectF credit;
+    ASSERT_TRUE(Await([&] {
+      credit = PlaceOfCredit(shelves, layout);
+      return !credit.isEmpty();
+    }));
+    for (const QString& card : {u"a1"_s, u"a2"_s, u"b1"_s, u"c1"_s}) {
+      EXPECT_GT(credit.top(), Find(*window_, card).geometry().bottom()) << card.toStdString();
+    }
+    EXPECT_NEAR(credit.center().x(), shelves.rect().center().x(), 3);
+    EXPECT_LT(credit.bottom(), shelves.height() - 1);
+  }
 }
 
 TEST_F(Reading, TheArrowsAndEnterOpenACollection) {

@@ -11,6 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using testing_support::BoxText;
 using testing_support::ProjectDesk;
 using testing_support::Robot;
@@ -61,7 +62,9 @@ TEST_F(ProjectWindowChecks, EachBoxIsAnOkBoxWithTheTitleZorvand) {
   desk.Fill("index", "");
   desk.Fill("Back", "");
   desk.PressNext();
-  for (const Robot::Box& box : desk.robot.TakeBoxes()) {
+  const std::vector<Robot::Box> boxes = desk.robot.TakeBoxes();
+  EXPECT_THAT(boxes, SizeIs(2));
+  for (const Robot::Box& box : boxes) {
     EXPECT_EQ(box.title, "Zorvand");
     EXPECT_EQ(box.buttons, QMessageBox::Ok);
   }
