@@ -31,14 +31,7 @@ std::uint64_t SinceEpoch() {
 
 class SystemClock : public Clock {
  public:
-  Text GeneralDate() override {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    char buffer[256];
-    const std::size_t length = strftime_l(buffer, sizeof buffer, "%x %X", &local, DateLocale());
-    return WithAsciiDigits(FromUtf8({buffer, length}));
-  }
+  Text GeneralDate() override { return GeneralDateOf(std::time(nullptr)); }
 
   // The steady clock never steps back; the date in front of it keeps the seeds of two runs apart.
   std::uint64_t Ticks() override {
@@ -52,6 +45,15 @@ class SystemClock : public Clock {
 Clock& HostClock() {
   static SystemClock clock;
   return clock;
+}
+
+Text GeneralDateOf(std::int64_t seconds) {
+  const std::time_t moment = seconds;
+  std::tm local{};
+  localtime_r(&moment, &local);
+  char buffer[256];
+  const std::size_t length = strftime_l(buffer, sizeof buffer, "%x %X", &local, DateLocale());
+  return WithAsciiDigits(FromUtf8({buffer, length}));
 }
 
 }  // namespace platform

@@ -23,4 +23,7 @@ class Clock {
 
 Clock& HostClock();
 
+// Another moment, in seconds since 1970, in the form of GeneralDate.
+Text GeneralDateOf(std::int64_t seconds);
+
 }  // namespace platform

@@ -7,7 +7,7 @@ BUILD=$ROOT/build/default
 LOGS=$ROOT/build/logs
 
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev
-  libicu-dev libgtest-dev libgmock-dev)
+  libicu-dev zlib1g-dev libgtest-dev libgmock-dev)
 FONT_PACKAGES=(fonts-dejavu-core fonts-dejavu-extra)
 # What the viewer plays sounds and films with, and the words of its dialogs that it has not itself.
 PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav

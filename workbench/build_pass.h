@@ -7,14 +7,17 @@
 #include <string>
 #include <vector>
 
+#include "filed/filed_work.h"
 #include "platform/clock.h"
 #include "platform/files/file_system_object.h"
 #include "platform/random.h"
 #include "platform/text/text.h"
 #include "workbench/book_formats.h"
-#include "workbench/filed_work.h"
 
 namespace workbench {
+
+using filed::EntryTable;
+using filed::FiledWork;
 
 // What the pass asks of the window that it is started from.
 class BuildDesk {

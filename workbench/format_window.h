@@ -12,6 +12,7 @@
 
 #include "core/ports.h"
 #include "core/project_window.h"
+#include "filed/filed_work.h"
 #include "gallery/browser.h"
 #include "gallery/folder_pictures.h"
 #include "platform/files/file_system_object.h"
@@ -20,12 +21,14 @@
 #include "platform/windows/rich_text_box.h"
 #include "platform/windows/window.h"
 #include "workbench/book_formats.h"
-#include "workbench/filed_work.h"
 #include "workbench/marking.h"
 #include "workbench/paragraph_window.h"
 #include "workbench/workbench_geometry.h"
 
 namespace workbench {
+
+using filed::EntryTable;
+using filed::FiledWork;
 
 class Form3 : public platform::Window, public core::WorkbenchPort, public FiledWork {
  public:

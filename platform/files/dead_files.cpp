@@ -58,6 +58,11 @@ std::size_t Sweep(const std::string& hostFolder) {
 
 }  // namespace
 
+int LockAsOwner(const Descriptor& file, const std::string& hostPath) {
+  const int error = LockError(file);
+  return error == 0 && !IsAt(file, hostPath) ? EWOULDBLOCK : error;
+}
+
 bool LockAsAlive(const Descriptor& made, const std::string& hostPath) {
   return LockError(made) != EWOULDBLOCK && IsAt(made, hostPath);
 }

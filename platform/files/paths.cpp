@@ -190,4 +190,10 @@ Text SystemLogPath() {
   return ToolPath(folder) + u"\\ZVL.log";
 }
 
+Text RecordsPath() {
+  Text path = SystemLogPath();
+  path.erase(path.rfind(u'\\'));
+  return path + u"\\recovery";
+}
+
 }  // namespace platform

@@ -32,5 +32,7 @@ Text ProgramFolder();
 // The second log: "C:\ZVL.log" on a host with drive letters, else ZVL.log in
 // ~/.local/state/zorvand, whose folders this makes as needed.
 Text SystemLogPath();
+// The folder of the records of unfinished work, beside that log.
+Text RecordsPath();
 
 }  // namespace platform

@@ -14,26 +14,32 @@ constexpr std::array<Names, 2> kToolkit = {"platform", "media"};
 constexpr std::array<Names, 2> kSupport = {"platform", "support"};
 constexpr std::array<Names, 3> kCore = {"platform", "support", "core"};
 constexpr std::array<Names, 4> kGallery = {"platform", "support", "core", "gallery"};
-constexpr std::array<Names, 5> kWorkbench = {"platform", "support", "core", "gallery", "workbench"};
-constexpr std::array<Names, 9> kAllRooms = {
-    "platform",  "platform/qt", "support", "core",  "support/help_window",
-    "workbench", "gallery",     "editor",  "export"};
+constexpr std::array<Names, 5> kFiled = {"platform", "support", "core", "gallery", "filed"};
+constexpr std::array<Names, 6> kRecovery = {"platform", "support", "core",
+                                            "gallery",  "filed",   "recovery"};
+constexpr std::array<Names, 7> kWorkbench = {"platform", "support",  "core",     "gallery",
+                                             "filed",    "recovery", "workbench"};
+constexpr std::array<Names, 11> kAllRooms = {
+    "platform", "platform/qt", "support", "core",  "support/help_window", "gallery", "filed",
+    "recovery", "workbench",   "editor",  "export"};
 // The tests and tools see main.cpp's side of things and each other.
-constexpr std::array<Names, 16> kEverything = {
-    "media",     "platform", "platform/qt", "support", "core",     "support/help_window",
-    "workbench", "gallery",  "editor",      "export",  "main.cpp", "viewer",
-    "tests",     "bench",    "fuzz",        "tools"};
+constexpr std::array<Names, 18> kEverything = {
+    "media",    "platform", "platform/qt", "support",   "core",   "support/help_window",
+    "gallery",  "filed",    "recovery",    "workbench", "editor", "export",
+    "main.cpp", "viewer",   "tests",       "bench",     "fuzz",   "tools"};
 
 // The first row that fits a path counts.
-constexpr std::array<Room, 16> kRooms = {{
+constexpr std::array<Room, 18> kRooms = {{
     {"media", "media/", {}},
     {"platform/qt", "platform/qt/", kToolkit, true, true},
     {"platform", "platform/", {}, false, true},
     {"support/help_window", "support/help_window", kCore},
     {"support", "support/", kPlatform},
     {"core", "core/", kSupport},
-    {"workbench", "workbench/", kGallery},
     {"gallery", "gallery/", kCore},
+    {"filed", "filed/", kGallery},
+    {"recovery", "recovery/", kFiled},
+    {"workbench", "workbench/", kRecovery},
     {"editor", "editor/", kWorkbench},
     {"export", "export/", kCore},
     {"main.cpp", "main.cpp", kAllRooms},

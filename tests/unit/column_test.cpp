@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "platform/text/text.h"
 
 namespace {
@@ -64,6 +66,77 @@ TEST(Column, ClearForgetsAllRows) {
   column.Clear();
   EXPECT_EQ(column.Count(), 0);
   EXPECT_EQ(column(7), 0);
+}
+
+Column<int> Counting(int rows) {
+  Column<int> column;
+  for (int row = 0; row < rows; ++row) column.Set(row, row);
+  column.Settle();
+  return column;
+}
+
+std::pair<int, int> Touched(const Column<int>& column) {
+  return {static_cast<int>(column.Touched().first), static_cast<int>(column.Touched().end)};
+}
+
+TEST(Column, KnowsWhichRowsWereWritten) {
+  Column<int> column = Counting(9);
+  EXPECT_TRUE(column.Touched().IsEmpty());
+  column.Set(6, 1);
+  EXPECT_EQ(Touched(column), std::pair(6, 7));
+  column.At(4) = 1;
+  EXPECT_EQ(Touched(column), std::pair(4, 7));
+  column.Settle();
+  EXPECT_TRUE(column.Touched().IsEmpty());
+  EXPECT_FALSE(column.WasCleared());
+  column.Set(3, 1);
+  column.Clear();
+  EXPECT_TRUE(column.WasCleared());
+  EXPECT_TRUE(column.Touched().IsEmpty());
+}
+
+TEST(Column, AnInsertedRowCountsAndThoseBehindItMove) {
+  Column<int> column = Counting(4);
+  column.Set(2, 20);
+  column.Insert(1, 7);
+  EXPECT_EQ(column(1), 7);
+  EXPECT_EQ(column(3), 20);
+  EXPECT_EQ(Touched(column), std::pair(1, 4));
+  column.Settle();
+  column.Insert(9, 9);
+  EXPECT_EQ(column(9), 9);
+  EXPECT_EQ(Touched(column), std::pair(5, 10)) << "rows that came because of it";
+}
+
+TEST(Column, ARemovedRowTakesItsMarkAlong) {
+  Column<int> column = Counting(5);
+  column.Set(2, 20);
+  column.Remove(2);
+  EXPECT_EQ(column(2), 3);
+  EXPECT_TRUE(column.Touched().IsEmpty());
+  column.Set(3, 40);
+  column.Remove(0);
+  EXPECT_EQ(column(2), 40);
+  EXPECT_EQ(Touched(column), std::pair(2, 3));
+}
+
+TEST(Column, RowsMoveUpAndTheLastKeepsItsOwn) {
+  Column<int> column = Counting(5);
+  column.Set(3, 30);
+  column.MoveUp(1, 4);
+  EXPECT_EQ(column(1), 2);
+  EXPECT_EQ(column(2), 30);
+  EXPECT_EQ(column(3), 4);
+  EXPECT_EQ(column(4), 4);
+  EXPECT_LE(column.Touched().first, 2);
+  EXPECT_GE(column.Touched().end, 3);
+}
+
+TEST(Column, RowsMoveUpFromBehindTheEnd) {
+  Column<int> column = Counting(2);
+  column.MoveUp(0, 5);
+  EXPECT_EQ(column(0), 1);
+  EXPECT_EQ(column(1), 0);
 }
 
 }  // namespace

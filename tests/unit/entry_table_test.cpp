@@ -1,8 +1,8 @@
-#include "workbench/entry_table.h"
+#include "filed/entry_table.h"
 
 #include <gtest/gtest.h>
 
-namespace workbench {
+namespace filed {
 namespace {
 
 using platform::Failure;
@@ -122,4 +122,4 @@ TEST(CloseGap, RowThatIsNotThereChangesNothing) {
 }
 
 }  // namespace
-}  // namespace workbench
+}  // namespace filed

@@ -1,8 +1,6 @@
-#include "workbench/entry_table.h"
+#include "filed/entry_table.h"
 
-#include <vector>
-
-namespace workbench {
+namespace filed {
 
 using platform::Column;
 using platform::Text;
@@ -53,21 +51,26 @@ core::PerMedium<bool> EntryTable::Attached(std::ptrdiff_t row) const {
   return attached;
 }
 
-void EntryTable::Clear() { *this = {}; }
+void EntryTable::Clear() {
+  ForEachColumn(*this, [](int, auto& column) { column.Clear(); });
+  closedGaps.clear();
+}
 
-void EntryTable::CloseGap(std::ptrdiff_t row) {
+std::vector<Column<Text>*> EntryTable::MovingColumns() {
   std::vector<Column<Text>*> moving = {&entryTitle, &entryText};
   for (const core::MediumRow& each : core::kMedia) {
     if (each.movesUp) moving.push_back(&Media(each.medium));
   }
-  for (bool filed = !entryTitle(row).empty(); filed; ++row) {
-    filed = !entryTitle(row + 1).empty();
-    for (Column<Text>* column : moving) {
-      // A row without a title ends the walk and keeps what else it holds, so that one is copied.
-      Text& next = column->At(row + 1);
-      column->Set(row, filed ? std::move(next) : next);
-    }
-  }
+  return moving;
 }
 
-}  // namespace workbench
+// A row without a title ends the walk and keeps what else it holds.
+void EntryTable::CloseGap(std::ptrdiff_t row) {
+  if (entryTitle(row).empty()) return;
+  std::ptrdiff_t last = row + 1;
+  while (!entryTitle(last).empty()) ++last;
+  for (Column<Text>* column : MovingColumns()) column->MoveUp(row, last);
+  closedGaps.push_back({row, last});
+}
+
+}  // namespace filed

@@ -6,13 +6,14 @@
 #include <array>
 #include <cstddef>
 #include <utility>
+#include <vector>
 
 #include "core/entry_media.h"
 #include "gallery/slots.h"
 #include "platform/column.h"
 #include "platform/text/text.h"
 
-namespace workbench {
+namespace filed {
 
 // A column of flags, false past its end. Failure for a negative row.
 class FlagColumn {
@@ -20,6 +21,7 @@ class FlagColumn {
   bool operator()(std::ptrdiff_t row) const { return rows_(row) != 0; }
   void Set(std::ptrdiff_t row, bool value) { rows_.At(row) = value ? 1 : 0; }
   void Clear() { rows_.Clear(); }
+  platform::Column<char>& Rows() { return rows_; }
 
  private:
   platform::Column<char> rows_;
@@ -37,6 +39,7 @@ class TextGrid {
   // All slots of one row.
   platform::Column<platform::Text>& Row(std::ptrdiff_t row) { return rows_.At(row); }
   void Clear() { rows_.Clear(); }
+  platform::Column<platform::Column<platform::Text>>& Rows() { return rows_; }
 
  private:
   platform::Column<platform::Column<platform::Text>> rows_;
@@ -86,6 +89,29 @@ struct EntryTable {
   // The rows behind `row` move up by one, as far as titles go: title, text, and the media that
   // move. Backgrounds and galleries stay at their row numbers.
   void CloseGap(std::ptrdiff_t row);
+  // The columns in which they do.
+  std::vector<platform::Column<platform::Text>*> MovingColumns();
+  // What CloseGap has done since the last Settle: the row that went, and the first one that stayed.
+  std::vector<platform::RowRange> closedGaps;
 };
 
-}  // namespace workbench
+// Calls `visit(number, column)` for every column of the table, a grid or flags among them. The
+// numbers stand in records on the disk: a column keeps its own for good, and a new one gets the
+// next.
+template <typename Visit>
+void ForEachColumn(EntryTable& table, const Visit& visit) {
+  visit(0, table.entryTitle);
+  visit(1, table.entryText);
+  visit(2, table.entryAttach);
+  visit(3, table.entrySound);
+  visit(4, table.entryFilm);
+  visit(5, table.entryBack);
+  visit(6, table.entryGallery.Rows());
+  visit(7, table.entryGalPath.Rows());
+  visit(8, table.entryGalTitle.Rows());
+  visit(9, table.galleryPic.Slots().paths);
+  visit(10, table.galleryPic.Slots().titles);
+  visit(11, table.inlineImage);
+}
+
+}  // namespace filed

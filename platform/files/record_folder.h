@@ -1,0 +1,64 @@
+// The folder in which running tools keep a record each of work that is nowhere else. A record is
+// locked by the tool that writes it, so that no other reads or removes it; what a tool that is gone
+// left is anybody's. Whatever fails throws Failure.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/text/text.h"
+
+namespace platform {
+
+// One record, ours as long as the object lives.
+class RecordFile {
+ public:
+  RecordFile() = default;
+  RecordFile(const RecordFile&) = delete;
+  RecordFile& operator=(const RecordFile&) = delete;
+  virtual ~RecordFile() = default;
+
+  virtual std::uint64_t Size() = 0;
+  // From its beginning, `most` bytes at most.
+  virtual std::string Read(std::size_t most) = 0;
+  // At the end. A failure leaves nothing of it behind.
+  virtual void Append(std::string_view bytes) = 0;
+  // In place of all: on the disk before it takes the place, which a failure leaves as it was.
+  virtual void Replace(std::string_view bytes) = 0;
+  // Returns once all that was written is on the disk.
+  virtual void Sync() = 0;
+  virtual void Remove() = 0;
+};
+
+struct FoundRecord {
+  Text name;
+  // By the clock of that time: seconds since 1970, and what of a second came behind.
+  std::int64_t changed = 0;
+  std::int64_t nanoseconds = 0;
+};
+
+class RecordFolder {
+ public:
+  RecordFolder() = default;
+  RecordFolder(const RecordFolder&) = delete;
+  RecordFolder& operator=(const RecordFolder&) = delete;
+  virtual ~RecordFolder() = default;
+
+  // None if there is no such folder.
+  virtual std::vector<FoundRecord> List() = 0;
+  // nullptr for one that a running tool has, and for one that is gone.
+  virtual std::unique_ptr<RecordFile> Take(TextView name) = 0;
+  // A new one, empty; its name begins so. Makes the folder, for its user alone, if need be.
+  virtual std::unique_ptr<RecordFile> Make(TextView beginning) = 0;
+  // Seconds since 1970.
+  virtual std::int64_t Now() = 0;
+};
+
+// The folder at that path of the host.
+std::unique_ptr<RecordFolder> HostRecordFolder(Text path);
+
+}  // namespace platform

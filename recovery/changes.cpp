@@ -1,0 +1,203 @@
+#include "recovery/changes.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "platform/column.h"
+#include "recovery/bytes.h"
+#include "recovery/piece.h"
+
+namespace recovery {
+
+using platform::Column;
+using platform::RowRange;
+using platform::Text;
+using platform::TextView;
+
+namespace {
+
+using Grid = Column<Column<Text>>;
+
+// Behind so many bytes a whole record begins its next piece.
+constexpr std::size_t kPieceBytes = 64 * 1024;
+
+class Writer {
+ public:
+  template <typename... Numbers>
+  void Tell(Change change, Numbers... numbers) {
+    AppendNumber(content_, static_cast<std::uint64_t>(change));
+    (AppendNumber(content_, static_cast<std::uint64_t>(numbers)), ...);
+  }
+  void Add(TextView text) { AppendText(content_, text); }
+  // A number that may be below 0.
+  void TellNumber(std::size_t number, std::ptrdiff_t value) {
+    const std::uint64_t sign = value < 0 ? 1 : 0;
+    const std::uint64_t size =
+        sign == 0 ? static_cast<std::uint64_t>(value) : ~static_cast<std::uint64_t>(value);
+    Tell(Change::kNumber, number, size << 1 | sign);
+  }
+  std::string& Content() { return content_; }
+
+ private:
+  std::string content_;
+};
+
+TextView AsText(const Text& value) { return value; }
+TextView AsText(char flag) { return flag != 0 ? TextView(u"1") : TextView(); }
+
+template <typename T>
+void AddRows(Writer& writer, const Column<T>& column, RowRange rows) {
+  for (std::ptrdiff_t row = rows.first; row < rows.end; ++row) writer.Add(AsText(column(row)));
+}
+
+template <typename T>
+void TellRows(Writer& writer, int number, const Column<T>& column, RowRange rows) {
+  if (rows.IsEmpty()) return;
+  writer.Tell(Change::kRows, number, rows.first, rows.end - rows.first);
+  AddRows(writer, column, rows);
+}
+
+void TellSlots(Writer& writer, int number, std::ptrdiff_t row, const Column<Text>& slots,
+               RowRange range) {
+  if (range.IsEmpty()) return;
+  writer.Tell(Change::kSlots, number, row, range.first, range.end - range.first);
+  AddRows(writer, slots, range);
+}
+
+template <typename T>
+void TellTouched(Writer& writer, int number, Column<T>& column) {
+  TellRows(writer, number, column, column.Touched());
+  column.Settle();
+}
+
+void TellTouched(Writer& writer, int number, Grid& grid) {
+  const RowRange rows = grid.Touched();
+  for (std::ptrdiff_t row = rows.first; row < rows.end; ++row) {
+    Column<Text>& slots = grid.At(row);
+    if (slots.WasCleared()) writer.Tell(Change::kClearSlots, number, row);
+    TellSlots(writer, number, row, slots, slots.Touched());
+    slots.Settle();
+  }
+  grid.Settle();
+}
+
+// Whatever the touched rows are told by now, they stand where the moves left them, so the moves
+// come first.
+void TellMoves(Writer& writer, filed::FiledWork& filed) {
+  ForEachColumn(filed, [&](int number, auto& column) {
+    if (column.WasCleared()) writer.Tell(Change::kClear, number);
+  });
+  for (const RowRange& gap : filed.table.closedGaps) {
+    writer.Tell(Change::kGap, gap.first, gap.end);
+  }
+  filed.table.closedGaps.clear();
+  for (const filed::EntryLines::Shift& shift : filed.lines.Shifts()) {
+    writer.Tell(shift.came ? Change::kLineCame : Change::kLineWent, shift.row);
+  }
+}
+
+void TellRest(Writer& writer, std::ptrdiff_t start, std::ptrdiff_t removed, TextView added) {
+  writer.Tell(Change::kRest, start, removed);
+  writer.Add(added);
+}
+
+void TellTexts(Writer& writer, const LiveWork& work, Recorded& recorded,
+               std::size_t end = kTextFields) {
+  ForEachText(work, [&](std::size_t number, const Text& text) {
+    if (number >= end || recorded.texts[number] == text) return;
+    recorded.texts[number] = text;
+    writer.Tell(Change::kText, number);
+    writer.Add(text);
+  });
+}
+
+void TellNumbers(Writer& writer, filed::FiledWork& filed, Recorded& recorded) {
+  ForEachNumber(filed, [&](std::size_t number, auto value) {
+    const auto now = static_cast<std::ptrdiff_t>(value);
+    if (std::exchange(recorded.numbers[number], now) != now) writer.TellNumber(number, now);
+  });
+}
+
+template <typename T>
+void SettleColumn(Column<T>& column) {
+  column.Settle();
+}
+
+void SettleColumn(Grid& grid) {
+  for (std::ptrdiff_t row = 0; row < grid.Count(); ++row) grid.At(row).Settle();
+  grid.Settle();
+}
+
+void Settle(filed::FiledWork& filed) {
+  ForEachColumn(filed, [](int, auto& column) { SettleColumn(column); });
+  filed.table.closedGaps.clear();
+  filed.lines.Settle();
+}
+
+// A row of each column that has rows of entries.
+class RowTeller {
+ public:
+  RowTeller(Writer& writer, std::ptrdiff_t row) : writer_(writer), row_(row) {}
+
+  template <typename T>
+  void operator()(int number, Column<T>& column) const {
+    if (row_ < column.Count()) TellRows(writer_, number, column, {row_, row_ + 1});
+  }
+  void operator()(int number, Grid& grid) const {
+    const Column<Text>& slots = std::as_const(grid)(row_);
+    TellSlots(writer_, number, row_, slots, {0, slots.Count()});
+  }
+
+ private:
+  Writer& writer_;
+  std::ptrdiff_t row_;
+};
+
+std::ptrdiff_t LongestColumn(filed::FiledWork& filed) {
+  std::ptrdiff_t longest = 0;
+  ForEachColumn(filed, [&](int, auto& column) { longest = std::max(longest, column.Count()); });
+  return longest;
+}
+
+}  // namespace
+
+std::string ChangesOf(LiveWork& work, Recorded& recorded) {
+  Writer writer;
+  TellMoves(writer, work.filed);
+  ForEachColumn(work.filed, [&](int number, auto& column) { TellTouched(writer, number, column); });
+  work.filed.lines.Settle();
+  if (const auto& edit = work.restEdit) TellRest(writer, edit->start, edit->removed, edit->added);
+  TellTexts(writer, work, recorded);
+  TellNumbers(writer, work.filed, recorded);
+  return std::move(writer.Content());
+}
+
+std::string WholeRecord(LiveWork& work, Recorded& recorded) {
+  Settle(work.filed);
+  recorded = {};
+  std::string file = HeadBytes();
+  Writer writer;
+  const auto endPiece = [&] {
+    AppendPiece(file, writer.Content());
+    writer.Content().clear();
+  };
+  TellTexts(writer, work, recorded, kCollectionTexts);
+  endPiece();
+  TellTexts(writer, work, recorded);
+  endPiece();
+  TellRest(writer, 0, 0, work.rest());
+  endPiece();
+  const std::ptrdiff_t rows = LongestColumn(work.filed);
+  for (std::ptrdiff_t row = 0; row < rows; ++row) {
+    ForEachColumn(work.filed, RowTeller(writer, row));
+    if (writer.Content().size() < kPieceBytes) continue;
+    writer.TellNumber(kEntryCountNumber, std::min(row + 1, work.filed.entryCount));
+    endPiece();
+  }
+  TellNumbers(writer, work.filed, recorded);
+  endPiece();
+  return file;
+}
+
+}  // namespace recovery

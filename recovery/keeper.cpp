@@ -1,0 +1,120 @@
+#include "recovery/keeper.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/failure.h"
+#include "recovery/piece.h"
+
+namespace recovery {
+
+using platform::Text;
+using platform::TextView;
+
+namespace {
+
+// A short record isn't worth writing anew.
+constexpr std::size_t kAlwaysRoom = 256 * 1024;
+
+// For whoever looks into the folder; the record itself says whose it is.
+Text NameBeginning(const Collection& collection) {
+  const auto isPlain = [](char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'0' && unit <= u'9');
+  };
+  const bool plain = !collection.key.empty() && std::ranges::all_of(collection.key, isPlain);
+  return plain ? collection.key : Text(u"work");
+}
+
+}  // namespace
+
+Keeper::Keeper(platform::RecordFolder* folder, std::function<void(TextView)> log)
+    : folder_(folder), log_(std::move(log)), isOff_(folder == nullptr) {}
+
+void Keeper::Try(const std::function<void()>& act) {
+  platform::CatchingFailure(act, [this](const Text& reason) { Off(reason); });
+}
+
+// What the file tells so far stays as it is.
+void Keeper::Off(const Text& reason) {
+  needsSync_ = false;
+  if (std::exchange(isOff_, true)) return;
+  if (file_ != nullptr && file_->Size() == 0) {
+    platform::Ignoring([&] { file_->Remove(); });
+    file_.reset();
+  }
+  log_(u"Recovery is off: " + reason);
+}
+
+void Keeper::Start(LiveWork work) {
+  file_.reset();
+  needsSync_ = false;
+  isStarted_ = true;
+  ChangesOf(work, recorded_);
+}
+
+void Keeper::Keep(LiveWork work) {
+  Try([&] {
+    const std::string changes = ChangesOf(work, recorded_);
+    if (isOff_ || !isStarted_ || changes.empty()) return;
+    if (file_ == nullptr || collection_ != work.collection) return WriteWhole(work);
+    std::string piece;
+    AppendPiece(piece, changes);
+    file_->Append(piece);
+    needsSync_ = true;
+  });
+}
+
+void Keeper::WriteWhole(LiveWork& work) {
+  const std::string whole = WholeRecord(work, recorded_);
+  if (file_ != nullptr) {
+    file_->Replace(whole);
+  } else {
+    file_ = folder_->Make(NameBeginning(work.collection));
+    file_->Append(whole);
+  }
+  collection_ = work.collection;
+  wholeBytes_ = whole.size();
+  needsSync_ = true;
+}
+
+void Keeper::Sync(LiveWork work) {
+  Keep(work);
+  Try([&] {
+    if (isOff_ || file_ == nullptr || !std::exchange(needsSync_, false)) return;
+    file_->Sync();
+    if (file_->Size() < 2 * wholeBytes_ + kAlwaysRoom) return;
+    // What stands there already is as good, should the disk have no room for both.
+    wholeBytes_ = file_->Size();
+    platform::Ignoring([&] { WriteWhole(work); });
+    needsSync_ = false;
+  });
+}
+
+void Keeper::Drop() {
+  isStarted_ = false;
+  needsSync_ = false;
+  const std::unique_ptr<platform::RecordFile> built = std::move(file_);
+  if (built != nullptr) Try([&] { built->Remove(); });
+}
+
+void Keeper::Close() {
+  Try([&] {
+    if (file_ != nullptr && std::exchange(needsSync_, false)) file_->Sync();
+  });
+  isStarted_ = false;
+  file_.reset();
+}
+
+bool Keeper::KeepWhole(LiveWork work) {
+  bool kept = false;
+  Try([&] {
+    if (isOff_ || !isStarted_) return;
+    WriteWhole(work);
+    file_->Sync();
+    needsSync_ = false;
+    kept = true;
+  });
+  return kept;
+}
+
+}  // namespace recovery

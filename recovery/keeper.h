@@ -1,0 +1,55 @@
+// The record of this run: written behind each event, ours until the work is built or the window is
+// closed. A disk that says no ends the record and nothing else.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/files/record_folder.h"
+#include "platform/text/text.h"
+#include "recovery/changes.h"
+#include "recovery/work.h"
+
+namespace recovery {
+
+class Keeper {
+ public:
+  // `folder` may be nullptr: then nothing is kept, and nobody hears of it. `log` gets one line a
+  // run at most.
+  Keeper(platform::RecordFolder* folder, std::function<void(platform::TextView)> log);
+
+  // What there is now is where the next record begins; only a change behind it makes one.
+  void Start(LiveWork work);
+  // What has changed since the last call goes to the end of the record.
+  void Keep(LiveWork work);
+  // Whether something isn't on the disk itself yet.
+  bool NeedsSync() const { return needsSync_; }
+  // Puts it there, and makes the record short again where it has outgrown twice what it tells.
+  void Sync(LiveWork work);
+
+  // The work is built: its record goes, and none is made until Start.
+  void Drop();
+  // The record stays for another opening. None is made until Start.
+  void Close();
+  // All of the work goes into a record of this run at once, onto the disk. False where that failed.
+  bool KeepWhole(LiveWork work);
+
+ private:
+  void Try(const std::function<void()>& act);
+  void WriteWhole(LiveWork& work);
+  void Off(const platform::Text& reason);
+
+  platform::RecordFolder* folder_;
+  std::function<void(platform::TextView)> log_;
+  std::unique_ptr<platform::RecordFile> file_;
+  Recorded recorded_;
+  Collection collection_;       // that the file begins with
+  std::size_t wholeBytes_ = 0;  // of the record when it was written whole
+  bool isStarted_ = false;
+  bool isOff_ = false;
+  bool needsSync_ = false;
+};
+
+}  // namespace recovery

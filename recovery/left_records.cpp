@@ -1,0 +1,56 @@
+#include "recovery/left_records.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/failure.h"
+#include "recovery/piece.h"
+#include "recovery/replay.h"
+
+namespace recovery {
+
+namespace {
+
+// A tool that was ended as it made the file got no further.
+bool IsStillborn(platform::RecordFile& file) { return file.Size() < kHeadLength; }
+
+std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::FoundRecord& found,
+                               const Collection& wanted) {
+  std::unique_ptr<platform::RecordFile> file = folder.Take(found.name);
+  if (file == nullptr) return std::nullopt;
+  if (IsStillborn(*file)) {
+    file->Remove();
+    return std::nullopt;
+  }
+  if (file->Size() > kLongestRecord) return std::nullopt;
+  if (ReadCollection(file->Read(kBeginning)) != wanted) return std::nullopt;
+  // A clock that was set back makes an age of less than nothing, which is young.
+  if (found.changed < folder.Now() - kKeptFor) {
+    file->Remove();
+    return std::nullopt;
+  }
+  std::optional<Work> work = ReadRecord(file->Read(static_cast<std::size_t>(file->Size())));
+  if (!work) return std::nullopt;
+  return LeftRecord{std::move(file), found, std::move(*work)};
+}
+
+}  // namespace
+
+std::vector<LeftRecord> FindLeftRecords(platform::RecordFolder& folder,
+                                        const Collection& collection) {
+  std::vector<LeftRecord> left;
+  for (const platform::FoundRecord& found : folder.List()) {
+    platform::Ignoring([&] {
+      if (auto record = Look(folder, found, collection)) left.push_back(std::move(*record));
+    });
+  }
+  std::ranges::stable_sort(left, std::greater(), [](const LeftRecord& record) {
+    return std::pair(record.found.changed, record.found.nanoseconds);
+  });
+  return left;
+}
+
+}  // namespace recovery

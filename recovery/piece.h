@@ -1,0 +1,35 @@
+// What a record's file is made of: a head, and pieces that are only ever added behind each other.
+// A piece is four bytes of length, four of checksum over length and content, and its content, all
+// numbers with the lowest byte first.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace recovery {
+
+// Raised where an older tool would misread what is written from then on.
+inline constexpr std::uint32_t kVersion = 1;
+
+enum class Head : std::uint8_t {
+  kReadable,
+  kNewer,  // of a newer tool: neither to be read nor to be removed
+  kNone,   // no record, or one that got no further than into its head
+};
+
+std::string HeadBytes();
+Head HeadOf(std::string_view file);
+inline constexpr std::size_t kHeadLength = 12;
+
+// How much longer a piece is than its content.
+inline constexpr std::size_t kPieceFrame = 8;
+
+void AppendPiece(std::string& file, std::string_view content);
+// Takes the first piece off what is left of a file; gives its content. Nothing where none stands
+// there whole: what follows was torn off or damaged.
+std::optional<std::string_view> TakePiece(std::string_view& file);
+
+}  // namespace recovery

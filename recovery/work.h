@@ -1,0 +1,82 @@
+// The work on one collection as a record keeps it: what is filed, and what of the workbench's
+// fields belongs to it.
+//
+// A record has whatever the three functions here and filed::ForEachColumn name, and nothing else.
+// The numbers that they give stand in records on the disk: each keeps its meaning for good, and
+// what is new gets the next.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "filed/filed_work.h"
+#include "platform/text/text.h"
+#include "platform/text/text_edit.h"
+
+namespace recovery {
+
+// Whose work it is.
+struct Collection {
+  platform::Text bookFolder;
+  platform::Text key;  // "a1"
+
+  bool operator==(const Collection&) const = default;
+};
+
+struct Fields {
+  platform::Text title;          // the collection's, as far as it got
+  platform::Text restFile;       // the input text that the rest is of
+  platform::Text chosenImage;    // the picture chosen last for a text
+  platform::Text galleryFolder;  // that the picture browsers show
+};
+
+struct Work {
+  filed::FiledWork filed;
+  Fields fields;
+  Collection collection;
+  platform::Text rest;  // of the input text, not filed yet; "\n" at a paragraph's end
+};
+
+// The same as the workbench has it.
+struct LiveWork {
+  filed::FiledWork& filed;
+  Fields fields;
+  Collection collection;
+  std::optional<platform::TextEdit> restEdit;  // since it was looked at last
+  std::function<platform::Text()> rest;        // the whole, which is dear for a large text
+};
+
+// `work` is a Work or a LiveWork.
+template <typename AnyWork, typename Visit>
+void ForEachText(AnyWork& work, const Visit& visit) {
+  visit(0, work.collection.bookFolder);
+  visit(1, work.collection.key);
+  visit(2, work.fields.title);
+  visit(3, work.fields.restFile);
+  visit(4, work.fields.chosenImage);
+  visit(5, work.fields.galleryFolder);
+  visit(6, work.filed.lastMainText);
+}
+
+template <typename Visit>
+void ForEachNumber(filed::FiledWork& filed, const Visit& visit) {
+  visit(0, filed.entryCount);
+  visit(1, filed.mainOpen);
+  visit(2, filed.imageCount);
+  visit(3, filed.galleryMode);
+}
+
+inline constexpr std::size_t kEntryCountNumber = 0;
+inline constexpr std::size_t kCollectionTexts = 2;  // the first so many say whose work it is
+inline constexpr std::size_t kTextFields = 7;
+inline constexpr std::size_t kNumberFields = 4;
+inline constexpr int kLinesColumn = 12;  // behind those of the entry table
+
+// The columns of the table and, as one more, the lines of the list.
+template <typename Visit>
+void ForEachColumn(filed::FiledWork& filed, const Visit& visit) {
+  filed::ForEachColumn(filed.table, visit);
+  visit(kLinesColumn, filed.lines.Rows());
+}
+
+}  // namespace recovery
