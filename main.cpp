@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/files/file_system.h"
 #include "platform/files/paths.h"
+#include "platform/files/record_folder.h"
 #include "platform/launcher.h"
 #include "platform/random.h"
 #include "platform/windows/application.h"
@@ -15,8 +16,9 @@
 int main(int argc, char** argv) {
   platform::Application application(argc, argv);
   platform::Random random;
-  core::Machine machine{platform::HostFileSystem(), platform::HostClock(), random,
-                        platform::ProgramFolder(), platform::SystemLogPath()};
+  const auto records = platform::HostRecordFolder(platform::RecordsPath());
+  core::Machine machine{platform::HostFileSystem(), platform::HostClock(),     random,
+                        platform::ProgramFolder(),  platform::SystemLogPath(), records.get()};
   core::Form1 form1(machine);
   workbench::Form3 form3(form1);
   editor::Form6 form6(form3);

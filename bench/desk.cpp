@@ -12,10 +12,15 @@ namespace bench {
 using testing_support::Robot;
 namespace fs = std::filesystem;
 
-Desk::Desk(const std::string& hostFolder)
+Desk::Desk(const std::string& hostFolder, bool keepsRecords)
     : folder_(hostFolder),
-      machine_{platform::HostFileSystem(), platform::HostClock(), random_,
-               platform::ToolPath(hostFolder), platform::ToolPath(hostFolder + "/ZVL.log")},
+      records_(platform::HostRecordFolder(platform::ToolPath(hostFolder + "/recovery"))),
+      machine_{platform::HostFileSystem(),
+               platform::HostClock(),
+               random_,
+               platform::ToolPath(hostFolder),
+               platform::ToolPath(hostFolder + "/ZVL.log"),
+               keepsRecords ? records_.get() : nullptr},
       form1(machine_),
       form3(form1),
       form6(form3) {

@@ -21,6 +21,7 @@
 #include "bench/marking_rows.h"
 #include "bench/paragraph_rows.h"
 #include "bench/process_rows.h"
+#include "bench/record_rows.h"
 #include "bench/reported.h"
 #include "bench/table.h"
 #include "bench/text_rows.h"
@@ -54,6 +55,9 @@ const std::array<bench::NamedRow, 28> kRows = {
      {"empty", bench::MeasureOpeningEmptyParagraphs},
      {"empty-close", bench::MeasureClosingEmptyParagraphs},
      {"f3-more", bench::MeasureMarkingMore},
+     {"record-cost", bench::MeasureRecordCost},
+     {"record-size", bench::MeasureRecordSize},
+     {"record-back", bench::MeasureBringingBack},
      {"scroll", bench::MeasureScrollStep},
      {"start", bench::MeasureStart},
      {"start-offscreen", bench::MeasureStartOffscreen},

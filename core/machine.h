@@ -3,6 +3,7 @@
 
 #include "platform/clock.h"
 #include "platform/files/file_system.h"
+#include "platform/files/record_folder.h"
 #include "platform/random.h"
 #include "platform/text/text.h"
 
@@ -14,6 +15,7 @@ struct Machine {
   platform::Random& random;
   platform::Text programFolder;  // without a final "\"
   platform::Text systemLogPath;  // the second log; the first lies in the program folder
+  platform::RecordFolder* records = nullptr;  // of unfinished work; nullptr: none is kept
 };
 
 }  // namespace core

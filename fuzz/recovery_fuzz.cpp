@@ -9,7 +9,7 @@
 #include "recovery/changes.h"
 #include "recovery/piece.h"
 #include "recovery/replay.h"
-#include "tests/unit/recovery_work.h"
+#include "tests/support/recovery_work.h"
 
 namespace {
 

@@ -45,7 +45,8 @@ std::uint64_t Reader::Number() {
 
 std::ptrdiff_t Reader::Count(std::ptrdiff_t most) {
   const std::uint64_t number = Number();
-  if (most < 0 || number > static_cast<std::uint64_t>(most)) throw Failure(u"A record counts too many");
+  if (most < 0 || number > static_cast<std::uint64_t>(most))
+    throw Failure(u"A record counts too many");
   return static_cast<std::ptrdiff_t>(number);
 }
 

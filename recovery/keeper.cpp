@@ -45,6 +45,12 @@ void Keeper::Off(const Text& reason) {
   log_(u"Recovery is off: " + reason);
 }
 
+std::vector<LeftRecord> Keeper::FindLeft(const Collection& collection) {
+  std::vector<LeftRecord> left;
+  if (folder_ != nullptr) Try([&] { left = FindLeftRecords(*folder_, collection); });
+  return left;
+}
+
 void Keeper::Start(LiveWork work) {
   file_.reset();
   needsSync_ = false;
@@ -56,6 +62,7 @@ void Keeper::Keep(LiveWork work) {
   Try([&] {
     const std::string changes = ChangesOf(work, recorded_);
     if (isOff_ || !isStarted_ || changes.empty()) return;
+    if (file_ == nullptr && HoldsNothing(work)) return;
     if (file_ == nullptr || collection_ != work.collection) return WriteWhole(work);
     std::string piece;
     AppendPiece(piece, changes);

@@ -6,10 +6,12 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/files/record_folder.h"
 #include "platform/text/text.h"
 #include "recovery/changes.h"
+#include "recovery/left_records.h"
 #include "recovery/work.h"
 
 namespace recovery {
@@ -20,7 +22,15 @@ class Keeper {
   // run at most.
   Keeper(platform::RecordFolder* folder, std::function<void(platform::TextView)> log);
 
-  // What there is now is where the next record begins; only a change behind it makes one.
+  Keeper(const Keeper&) = delete;
+  Keeper& operator=(const Keeper&) = delete;
+  ~Keeper() { Close(); }
+
+  // What earlier runs have left of a collection; see FindLeftRecords.
+  std::vector<LeftRecord> FindLeft(const Collection& collection);
+
+  // What there is now is where the next record begins; only a change behind it makes one, and
+  // only as long as there is something to be brought back.
   void Start(LiveWork work);
   // What has changed since the last call goes to the end of the record.
   void Keep(LiveWork work);

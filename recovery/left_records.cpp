@@ -34,6 +34,10 @@ std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::F
   }
   std::optional<Work> work = ReadRecord(file->Read(static_cast<std::size_t>(file->Size())));
   if (!work) return std::nullopt;
+  if (HoldsNothing(*work)) {
+    file->Remove();
+    return std::nullopt;
+  }
   return LeftRecord{std::move(file), found, std::move(*work)};
 }
 

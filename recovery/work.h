@@ -46,6 +46,10 @@ struct LiveWork {
   std::function<platform::Text()> rest;        // the whole, which is dear for a large text
 };
 
+// Whether there is nothing that an editor would want back. The text is looked at last.
+bool HoldsNothing(const LiveWork& work);
+bool HoldsNothing(const Work& work);
+
 // `work` is a Work or a LiveWork.
 template <typename AnyWork, typename Visit>
 void ForEachText(AnyWork& work, const Visit& visit) {

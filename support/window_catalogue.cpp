@@ -454,6 +454,24 @@ constexpr std::array kForm6Menu = std::to_array<ControlRow>({
 constexpr auto kForm6Rows =
     Concat(kForm6ParagraphRows, kForm6BrowserHead, PictureCells(kForm6Cell, 1395), kForm6Menu);
 
+constexpr std::array kRecoveryRows = std::to_array<ControlRow>({
+    Row(Kind::kLabel, u"recoverWhose", {120, 120, 4440, 285}).RightAligned(),
+    Row(Kind::kLabel, u"Label1", {120, 465, 4440, 285},
+        u"از اين مجموعه كاري مانده كه ساخته نشده است.\u200F")
+        .RightAligned(),
+    Row(Kind::kLabel, u"Label2", {3330, 840, 1230, 285}, u"تعداد عنوان\u200Fها:\u200F"),
+    Row(Kind::kLabel, u"recoverCount", {120, 840, 3150, 285}).RightAligned(),
+    Row(Kind::kLabel, u"Label3", {3330, 1185, 1230, 285}, u"آخرين تغيير:\u200F"),
+    Row(Kind::kLabel, u"recoverWhen", {120, 1185, 3150, 285}).RightAligned(),
+    Row(Kind::kLabel, u"Label4", {3330, 1530, 1230, 285}, u"عنوان اول:\u200F"),
+    Row(Kind::kLabel, u"recoverFirst", {120, 1530, 3150, 285}).RightAligned(),
+    Row(Kind::kLabel, u"Label5", {3330, 1875, 1230, 285}, u"عنوان آخر:\u200F"),
+    Row(Kind::kLabel, u"recoverLast", {120, 1875, 3150, 285}).RightAligned(),
+    Row(Kind::kButton, u"recoverBring", {3120, 2340, 1440, 390}, u"بازگرداندن"),
+    Row(Kind::kButton, u"recoverLater", {1620, 2340, 1440, 390}, u"بعداً"),
+    Row(Kind::kButton, u"recoverDrop", {120, 2340, 1440, 390}, u"دور انداختن"),
+});
+
 }  // namespace
 
 const WindowDefinition& Form1Definition() {
@@ -516,6 +534,17 @@ const WindowDefinition& Form6Definition() {
                                                 .height = 8775,
                                                 .border = platform::Border::kFixedTool,
                                                 .rows = kForm6Rows};
+  return kDefinition;
+}
+
+const WindowDefinition& RecoveryDefinition() {
+  static constexpr WindowDefinition kDefinition{.name = u"Recovery",
+                                                .title = u"Recovery",
+                                                .width = 4680,
+                                                .height = 2850,
+                                                .border = platform::Border::kFixedTool,
+                                                .escapeCloses = true,
+                                                .rows = kRecoveryRows};
   return kDefinition;
 }
 

@@ -13,6 +13,9 @@ const platform::WindowDefinition& Form4Definition();  // the help
 const platform::WindowDefinition& Form5Definition();  // choosing a file
 const platform::WindowDefinition& Form6Definition();  // one paragraph
 
+// What an earlier run left unbuilt; shown beside the workbench.
+const platform::WindowDefinition& RecoveryDefinition();
+
 // The picture cells that a browser shows at once.
 inline constexpr int kPictureCells = 5;
 

@@ -45,6 +45,7 @@ void BuildPass::Run() {
 }
 
 void BuildPass::FinishInWindow() {
+  desk_.CollectionIsBuilt();
   desk_.MakeCombo();
   desk_.NameNevis();
   desk_.HideWorkbench();

@@ -45,7 +45,8 @@ class BuildDesk {
   virtual platform::Text sndBin(platform::TextView path) = 0;
   virtual platform::Text PasBin(platform::TextView path, platform::TextView stem) = 0;
 
-  // The end of a pass, in the order of the calls.
+  // The end of a pass, in the order of the calls. All that was built is on the disk.
+  virtual void CollectionIsBuilt() {}
   virtual void MakeCombo() = 0;
   virtual void NameNevis() = 0;
   virtual void HideWorkbench() = 0;

@@ -14,7 +14,13 @@ using platform::Text;
 using platform::TextView;
 
 Form3::Form3(core::Form1& form1)
-    : Window(support::Form3Definition()), form1_(form1), report_(form1) {
+    : Window(support::Form3Definition()),
+      form1_(form1),
+      report_(form1),
+      keeper_(form1.TheMachine().records, [this](TextView line) { report_.LogMe(line); }),
+      recoveryWindow_({.isTableEmpty = [this] { return filed::IsEmpty(*this); },
+                       .bring = [this](recovery::Work& work) { return BringBack(work); }}),
+      watch_([this] { KeepRecord(); }) {
   WireHandlers();
 }
 
@@ -67,6 +73,10 @@ void Form3::Form_Load() {
     ReadImageMark();
     if (Frame4.Visible()) Com_Click(static_cast<std::int16_t>(Mark::kGalleryMode));
   });
+  matn.TakeEdit();
+  textIsWork_ = false;
+  recordBegins_ = true;
+  BeginRecord();
 }
 
 // What ResetA leaves alone would otherwise outlive the window.
@@ -80,6 +90,9 @@ void Form3::ForgetFormerRun() {
 }
 
 void Form3::Form_Unload() {
+  KeepRecord();
+  keeper_.Close();
+  recoveryWindow_.Dismiss();
   report_.LogMe(u"Format ended.");
   fileSys.reset();
 }
@@ -129,7 +142,10 @@ void Form3::ResetA() {
 }
 
 void Form3::IndexEmpty() {
-  report_.Catching(core::failure::kEmptyList, [&] { bindex.Clear(); });
+  report_.Catching(core::failure::kEmptyList, [&] {
+    bindex.Clear();
+    lines.Clear();
+  });
 }
 
 std::int16_t Form3::FileList() {
@@ -164,7 +180,11 @@ void Form3::ReadImageMark() {
   if (FileSys().FileExists(path)) imageMark = ReadWhole(path);
 }
 
-void Form3::ShowWorkbench() { Show(); }
+void Form3::ShowWorkbench() {
+  const bool opens = !IsVisible();
+  Show();
+  if (opens) OfferRecords();
+}
 
 void Form3::RestoreWorkbench() {
   if (IsLoaded()) SetState(platform::WindowState::kNormal);

@@ -9,20 +9,25 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "core/ports.h"
 #include "core/project_window.h"
+#include "core/selector.h"
 #include "filed/filed_work.h"
 #include "gallery/browser.h"
 #include "gallery/folder_pictures.h"
 #include "platform/files/file_system_object.h"
 #include "platform/text/text.h"
 #include "platform/windows/controls.h"
+#include "platform/windows/event_watch.h"
 #include "platform/windows/rich_text_box.h"
 #include "platform/windows/window.h"
+#include "recovery/keeper.h"
 #include "workbench/book_formats.h"
 #include "workbench/marking.h"
 #include "workbench/paragraph_window.h"
+#include "workbench/recovery_window.h"
 #include "workbench/workbench_geometry.h"
 
 namespace workbench {
@@ -120,6 +125,14 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   void StartWorkbenchTimer() override;
   void SetChosenImage(platform::TextView path) override;
 
+  // The record of what is filed and not yet built (recovery/): it goes with the build, and what
+  // comes then begins another.
+  void ForgetRecord();
+  void BeginRecord();
+  // What an earlier run left of the collection in hand. 86.
+  void OfferRecords();
+  bool BringBack(recovery::Work& work);
+
   core::Form1& TheForm1() { return form1_; }
 
   platform::Text mainMark;
@@ -202,6 +215,15 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   void AddTextToLine(platform::TextView text);
   void ShowMainOpen();
   void SwitchGalleryMode();
+  void ShowGalleryMode(bool on);
+
+  core::CollectionKey KeyInHand();
+  recovery::Collection CollectionInHand();
+  std::optional<platform::TextEdit> TakeTextEdit();
+  recovery::LiveWork Live();
+  void KeepRecord();
+  void TakeOver(recovery::Work& work);
+  void ShowGalleryAgain();
 
   // Failure while none is wired.
   ParagraphWindow& Paragraph();
@@ -225,6 +247,12 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   ParagraphWindow* paragraph_ = nullptr;
   bool selectionWasRead_ = true;    // the last NameNevis did not fail
   platform::Text unreadSelection_;  // of dataName, at the paint that could not read it
+  recovery::Keeper keeper_;
+  bool recordBegins_ = false;  // the collection is built, and what follows has no record yet
+  bool textIsWork_ = false;    // what stands in matn is no longer the design's
+  bool syncIsDue_ = false;     // a call of the watch is under way
+  RecoveryWindow recoveryWindow_;
+  platform::EventWatch watch_;
 };
 
 }  // namespace workbench

@@ -42,6 +42,7 @@ class WorkbenchDesk : public BuildDesk {
   Text sndBin(TextView path) override { return form3_.sndBin(path); }
   Text PasBin(TextView path, TextView stem) override { return form3_.PasBin(path, stem); }
 
+  void CollectionIsBuilt() override { form3_.ForgetRecord(); }
   void MakeCombo() override { form1_.MakeCombo(); }
   void NameNevis() override { form3_.NameNevis(); }
   void HideWorkbench() override { form3_.Hide(); }
@@ -69,6 +70,7 @@ void Form3::MakeFile() {
     core::Machine& machine = form1_.TheMachine();
     BuildPass(desk, order, FileSys(), machine.clock, machine.random).Run();
   });
+  BeginRecord();
 }
 
 Text Form3::ToTXT(const Text& richText) {

@@ -110,13 +110,15 @@ void Form3::CloseMainTitle() {
 void Form3::InsertLine(TextView line) {
   bindex.InsertItem(entryCount, u"");
   bindex.SetList(entryCount, line);
+  lines.Insert(entryCount, Text(line));
   bindex.SetListIndex(entryCount);
 }
 
 // Fails where row entryCount has no line, before anybody counts the row.
 void Form3::AddTextToLine(TextView text) {
-  const Text line = bindex.List(entryCount);
-  bindex.SetList(entryCount, LineWithText(line, BeBor(text, kShownText)));
+  const Text line = LineWithText(bindex.List(entryCount), BeBor(text, kShownText));
+  bindex.SetList(entryCount, line);
+  lines.Rows().Set(entryCount, line);
 }
 
 void Form3::ShowMainOpen() {

@@ -85,13 +85,16 @@ void Form3::ShowLineOfRow() {
   const Text& text = table.entryText(editIndex);
   const Text title = BeBor(table.entryTitle(editIndex), kShownTitle);
   const Text plain = BeBor(IsTextPlain() ? text : ToTXT(text), kShownText);
-  bindex.SetList(editIndex, LineWithMarks(LineWithText(title, plain), table.Attached(editIndex)));
+  const Text line = LineWithMarks(LineWithText(title, plain), table.Attached(editIndex));
+  bindex.SetList(editIndex, line);
+  lines.Rows().Set(editIndex, line);
 }
 
 void Form3::Ohazf() {
   report_.Catching(core::failure::kDeleteRow, [&] {
     report_.LogMe(u"Removing an Onvan...");
     bindex.RemoveItem(editIndex);
+    lines.Remove(editIndex);
     table.CloseGap(editIndex);
     --entryCount;
     ShowEdit();

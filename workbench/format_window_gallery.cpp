@@ -120,16 +120,19 @@ void Form3::RemGalAll(int which) { gallery::Clear(ChosenOf(which)); }
 
 void Form3::RemFol(int which) { gallery::Blank(BrowserOf(which)); }
 
-// Com(12).
-void Form3::SwitchGalleryMode() {
-  const bool on = !galleryMode;
+void Form3::ShowGalleryMode(bool on) {
   Com(static_cast<int>(Mark::kGalleryMode))
       .SetCaption(on ? TextView(u"حذف گالري تصوير") : TextView(u"ايجاد گالري تصوير"));
   Frame4.SetVisible(on);
   Label1.SetVisible(!on);
   Label3.SetVisible(!on);
   galleryMode = on;
-  if (on) {
+}
+
+// Com(12).
+void Form3::SwitchGalleryMode() {
+  ShowGalleryMode(!galleryMode);
+  if (galleryMode) {
     SetGalFol(form1_.TheMachine().programFolder, 0);
   } else {
     RemGalAll(0);

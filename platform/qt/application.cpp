@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QThread>
 #include <QWidget>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/qt/conversions.h"
@@ -25,11 +27,32 @@ void EndWithFailure(const Text& description) {
   std::quick_exit(1);
 }
 
+// Tells when an event is done. One that is sent out of the middle of another is a part of that; one
+// of a nested loop stands for itself.
+class ToolApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+    const int level = thread()->loopLevel();
+    const bool ofLoop = level > level_;
+    const int before = std::exchange(level_, level);
+    const bool result = QApplication::notify(receiver, event);
+    level_ = before;
+    if (ofLoop) TellEventWatches();
+    return result;
+  }
+
+ private:
+  int level_ = -1;  // of the loop whose event is being handled
+};
+
 }  // namespace
 
 struct Application::Peer {
   Peer(int& argc, char** argv) : application(argc, argv) {}
-  QApplication application;
+  ToolApplication application;
 };
 
 Application::Application(int& argc, char** argv) {

@@ -9,6 +9,7 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "platform/failure.h"
@@ -95,6 +96,17 @@ class WebPage : public QTextDocument {
   QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return {}; }
 };
 
+// With the caret at the start: one at the end would make the box scroll there. Outside of an edit a
+// cursor that is moved has all lines laid out up to where it goes.
+QTextCursor Spanning(QTextDocument* document, int start, int end) {
+  QTextCursor cursor(document);
+  cursor.beginEditBlock();
+  cursor.setPosition(end);
+  cursor.setPosition(start, QTextCursor::KeepAnchor);
+  cursor.endEditBlock();
+  return cursor;
+}
+
 class RichTextEdit : public QTextEdit {
  public:
   explicit RichTextEdit(QWidget* parent) : QTextEdit(parent) {
@@ -133,8 +145,24 @@ class RichTextEdit : public QTextEdit {
     setWordWrapMode(ToolkitWrapping(WrappingOf(*taken)));
     taken->setParent(this);
     setDocument(taken);
-    connect(taken, &QTextDocument::contentsChange, this,
-            [this](int position, int, int added) { FitWrapping(position, added); });
+    connect(taken, &QTextDocument::contentsChange, this, [this](int position, int, int added) {
+      FitWrapping(position, added);
+      NoteEdit(position, added);
+    });
+    sameBefore_ = 0;
+    sameBehind_ = 0;
+  }
+
+  // What lies between what is the same before and behind.
+  std::optional<TextEdit> TakeEdit() {
+    const int length = Length();
+    const int former = std::exchange(knownLength_, length);
+    const int shorter = std::min(former, length);
+    const int before = std::min(std::exchange(sameBefore_, kAllSame), shorter);
+    const int behind = std::min(std::exchange(sameBehind_, kAllSame), shorter - before);
+    if (before + behind == former && former == length) return std::nullopt;
+    const QTextCursor added = Spanning(document(), before, length - behind);
+    return TextEdit{before, former - before - behind, EditedTextOf(added.selectedText())};
   }
 
  protected:
@@ -215,6 +243,16 @@ class RichTextEdit : public QTextEdit {
  private:
   static constexpr int kLaidOutAtOnce = 100'000;  // characters: some hundredths of a second
 
+  static constexpr int kAllSame = std::numeric_limits<int>::max();
+
+  int Length() const { return document()->characterCount() - 1; }
+
+  // The toolkit sometimes counts the document's own end as added.
+  void NoteEdit(int position, int added) {
+    sameBefore_ = std::min(sameBefore_, position);
+    sameBehind_ = std::min(sameBehind_, std::max(0, Length() - position - added));
+  }
+
   void TakeOverSelection() {
     if (!selection_.isNull()) setTextCursor(std::exchange(selection_, {}));
   }
@@ -228,21 +266,14 @@ class RichTextEdit : public QTextEdit {
   }
 
   QTextCursor selection_;
+  // Since the last TakeEdit.
+  int sameBefore_ = kAllSame;
+  int sameBehind_ = kAllSame;
+  int knownLength_ = 0;
 };
 
 RichTextEdit& EditOf(const Control& control) {
   return static_cast<RichTextEdit&>(*control.ThePeer().widget);
-}
-
-// With the caret at the start: one at the end would make the box scroll there. Outside of an edit a
-// cursor that is moved has all lines laid out up to where it goes.
-QTextCursor Spanning(QTextDocument* document, int start, int end) {
-  QTextCursor cursor(document);
-  cursor.beginEditBlock();
-  cursor.setPosition(end);
-  cursor.setPosition(start, QTextCursor::KeepAnchor);
-  cursor.endEditBlock();
-  return cursor;
 }
 
 QTextCursor WholeDocument(QTextDocument* document) {
@@ -352,6 +383,10 @@ void RichTextBox::SetText(TextView text) {
 }
 
 Position RichTextBox::TextLength() const { return EditOf(*this).document()->characterCount() - 1; }
+
+std::optional<TextEdit> RichTextBox::TakeEdit() { return EditOf(*this).TakeEdit(); }
+
+Text RichTextBox::EditedText() const { return EditedTextOf(EditOf(*this).document()->toRawText()); }
 
 Text RichTextBox::TextRTF() const {
   return rtf::WriteText(SelectedDocument(WholeDocument(EditOf(*this).document())));

@@ -226,18 +226,32 @@ void InsertDocument(QTextCursor& cursor, const rtf::Document& document) {
   cursor.endEditBlock();
 }
 
+namespace {
+
+bool Breaks(QChar unit) { return unit == QChar::ParagraphSeparator || unit == QChar(kLineBreak); }
+
+char16_t Shown(QChar unit) {
+  return unit == QChar::ObjectReplacementCharacter ? u' ' : unit.unicode();
+}
+
+}  // namespace
+
+Text EditedTextOf(const QString& raw) {
+  Text text;
+  text.reserve(static_cast<std::size_t>(raw.size()));
+  for (const QChar unit : raw) text += Breaks(unit) ? u'\n' : Shown(unit);
+  return text;
+}
+
 Text PlainTextOf(const QString& raw) {
   const QStringView view(raw);
-  const auto breaks = [](QChar unit) {
-    return unit == QChar::ParagraphSeparator || unit == QChar(kLineBreak);
-  };
   Text text;
-  text.reserve(static_cast<std::size_t>(view.size() + std::ranges::count_if(view, breaks)));
+  text.reserve(static_cast<std::size_t>(view.size() + std::ranges::count_if(view, Breaks)));
   for (const QChar unit : view) {
-    if (breaks(unit)) {
+    if (Breaks(unit)) {
       text += kCrLf;
     } else {
-      text += unit == QChar::ObjectReplacementCharacter ? u' ' : unit.unicode();
+      text += Shown(unit);
     }
   }
   return text;

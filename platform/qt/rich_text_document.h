@@ -23,5 +23,7 @@ void InsertDocument(QTextCursor& cursor, const rtf::Document& document);
 // The document's own characters as plain text: a paragraph end or a line break is CR LF, a picture
 // one blank, a non-breaking space stays one.
 Text PlainTextOf(const QString& raw);
+// The same with one character for each, "\n" for an end.
+Text EditedTextOf(const QString& raw);
 
 }  // namespace platform

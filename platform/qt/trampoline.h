@@ -13,4 +13,7 @@ void FromEvent(const std::function<void()>& handler);
 // True from EndProcess or a failure on: nothing may wait for the user any more.
 bool ProcessHasEnded();
 
+// An event was handled, and no other is in the middle of it.
+void TellEventWatches();
+
 }  // namespace platform

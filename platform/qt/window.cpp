@@ -46,6 +46,8 @@ class WindowWidget : public QWidget {
   // The button that the Enter key presses from anywhere in the window.
   void SetDefaultButton(QPushButton* button) { defaultButton_ = button; }
 
+  void SetEscapeCloses(bool closes) { escapeCloses_ = closes; }
+
   // Controls are being made or taken away: events of that time say nothing to the tool.
   void SetSilent(bool silent) { silent_ = silent; }
 
@@ -91,6 +93,8 @@ class WindowWidget : public QWidget {
     QPushButton* pressed = focused != nullptr ? focused : defaultButton_;
     if (enter && pressed != nullptr) {
       pressed->click();
+    } else if (event->key() == Qt::Key_Escape && escapeCloses_) {
+      close();
     } else {
       QWidget::keyPressEvent(event);
     }
@@ -100,6 +104,7 @@ class WindowWidget : public QWidget {
   WindowEvents events_;
   QPushButton* defaultButton_ = nullptr;
   bool silent_ = true;
+  bool escapeCloses_ = false;
 };
 
 WindowWidget& WidgetOf(const Window& window) {
@@ -134,6 +139,7 @@ void SetUpWidget(WindowWidget& widget, const WindowDefinition& definition) {
   widget.setWindowTitle(ToQString(ShownCaption(definition.title)));
   widget.setLayoutDirection(Qt::RightToLeft);
   widget.setWindowFlags(FlagsOf(definition.border));
+  widget.SetEscapeCloses(definition.escapeCloses);
   if (definition.hasIcon) widget.setWindowIcon(ArtworkIcon(Artwork::kWindowIcon));
   const QSize size(ToPixels(definition.width), ToPixels(definition.height));
   Resize(widget, size, definition.border);
@@ -151,6 +157,20 @@ void Centre(QWidget& widget, const QWidget* owner) {
     const QRect room = screen->availableGeometry();
     corner.setX(std::max(corner.x(), room.left()));
     corner.setY(std::max(corner.y(), room.top()));
+  }
+  widget.move(corner);
+}
+
+// On the side of the owner that has room, or over its lower corner.
+void PlaceBeside(QWidget& widget, const QWidget& owner) {
+  const QRect around = owner.frameGeometry();
+  const QScreen* screen = owner.screen();
+  const QRect room = screen != nullptr ? screen->availableGeometry() : around;
+  const QSize size = widget.size();
+  QPoint corner(around.right() + 1, around.top());
+  if (corner.x() + size.width() > room.right()) corner.setX(around.left() - size.width());
+  if (corner.x() < room.left()) {
+    corner = QPoint(around.left(), std::min(around.bottom(), room.bottom()) - size.height());
   }
   widget.move(corner);
 }
@@ -250,7 +270,7 @@ void Window::Load() {
   WindowEvents events;
   events.onResize = [this] { Form_Resize(); };
   events.onPaint = [this] { Form_Paint(); };
-  events.onClose = [this] { CloseHides() ? Hide() : Unload(); };
+  events.onClose = [this] { Form_Close(); };
   Rollback halfLoaded([this] { TakeApart(); });
   peer_ = std::make_unique<Peer>();
   peer_->widget = std::make_unique<WindowWidget>(std::move(events));
@@ -285,6 +305,20 @@ void Window::ShowModal(Window* owner) {
   widget->show();
   WhileShown(widget).Wait();
   if (widget != nullptr) widget->setWindowModality(Qt::NonModal);
+}
+
+void Window::ShowBeside(const Window& owner) {
+  Load();
+  if (ProcessHasEnded()) return;
+  WindowWidget& widget = WidgetOf(*this);
+  WindowWidget& beside = WidgetOf(owner);
+  widget.setAttribute(Qt::WA_ShowWithoutActivating);
+  widget.winId();
+  widget.windowHandle()->setTransientParent(beside.windowHandle());
+  PlaceBeside(widget, beside);
+  widget.show();
+  // Not every desktop heeds the wish.
+  beside.activateWindow();
 }
 
 void Window::Hide() { WidgetOf(*this).hide(); }

@@ -3,8 +3,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "platform/text/text.h"
+#include "platform/text/text_edit.h"
 #include "platform/windows/controls.h"
 
 namespace platform {
@@ -23,6 +25,11 @@ class RichTextBox : public Control {
   void SetText(TextView text);
   // How many characters Text has, paragraph ends counted as in SelStart; no text is made.
   Position TextLength() const;
+  // What of the text has changed since the last call, or since the window was loaded; nothing if
+  // nothing has. Formatting that changes counts as text that does. Costs what has changed.
+  std::optional<TextEdit> TakeEdit();
+  // The text as edits count it, with "\n" at a paragraph's end.
+  platform::Text EditedText() const;
   platform::Text TextRTF() const;
   void SetTextRTF(TextView rtf);  // Failure for what is no rich text
   void LoadFile(TextView path);   // rich text from a file; Failure if it can't be read

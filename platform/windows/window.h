@@ -30,6 +30,9 @@ class Window {
   // Shows over `owner` (nullptr: over nothing) and returns once hidden or unloaded. Other windows
   // get no input meanwhile; events go on.
   void ShowModal(Window* owner);
+  // Loads if need be and shows next to `owner`, not modal and in front of it. The focus stays with
+  // that window.
+  void ShowBeside(const Window& owner);
   void Hide();
   // Runs Form_Unload, then takes the window and its controls off the screen for good.
   void Unload();
@@ -60,6 +63,7 @@ class Window {
   virtual void Form_Paint() {}
   // What the window's own close button does: unload (the default) or only hide.
   virtual bool CloseHides() const { return false; }
+  virtual void Form_Close() { CloseHides() ? Hide() : Unload(); }
 
  private:
   friend class Control;

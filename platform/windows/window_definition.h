@@ -108,6 +108,7 @@ struct WindowDefinition {
   Border border = Border::kFixed;
   OpensAt opensAt = OpensAt::kScreenCentre;
   bool hasIcon = false;
+  bool escapeCloses = false;  // the Escape key is its close button
   std::span<const ControlRow> rows = {};
 };
 

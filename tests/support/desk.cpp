@@ -16,14 +16,20 @@ namespace fs = std::filesystem;
 const fs::path kResources = ZORVAND_SOURCE_DIR "/Resources";
 
 core::Machine MachineOf(Desk& desk) {
-  return {desk.files, desk.clock, desk.random, desk.folder.Path(u"program"),
-          desk.folder.Path(u"state\\ZVL.log")};
+  return {desk.files,
+          desk.clock,
+          desk.random,
+          desk.folder.Path(u"program"),
+          desk.folder.Path(u"state\\ZVL.log"),
+          desk.records.get()};
 }
 
 }  // namespace
 
-Desk::Desk(bool withResources)
+Desk::Desk(bool withResources, const platform::Text& recordsPath)
     : files(platform::HostFileSystem()),
+      records(platform::HostRecordFolder(recordsPath.empty() ? folder.Path(u"state\\recovery")
+                                                             : recordsPath)),
       machine(MachineOf(*this)),
       form1(machine),
       form3(form1),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "editor/paragraph_window.h"
 #include "export/export_pass.h"
 #include "platform/files/file_system.h"
+#include "platform/files/record_folder.h"
 #include "platform/random.h"
 #include "platform/text/text.h"
 #include "support/help_window.h"
@@ -27,7 +29,8 @@ namespace testing_support {
 // folder is another one, so that what belongs beside the program can't be found by luck.
 class Desk {
  public:
-  explicit Desk(bool withResources = true);
+  // Records lie in a folder of the test's own unless it names another.
+  explicit Desk(bool withResources = true, const platform::Text& recordsPath = {});
   ~Desk();
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
@@ -56,6 +59,7 @@ class Desk {
 
   TemporaryFolder folder;
   FaultyFileSystem files;
+  std::unique_ptr<platform::RecordFolder> records;
   FixedClock clock;
   platform::Random random;
   core::Machine machine;

@@ -13,6 +13,8 @@ namespace testing_support {
 
 class FormatDesk : public Desk {
  public:
+  using Desk::Desk;
+
   // An input text in the folder Texts of the program folder, in the machine's code page.
   void AddText(const std::string& name, platform::TextView text) const;
   void AddBytes(const std::string& name, std::string_view bytes) const;

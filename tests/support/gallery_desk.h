@@ -11,6 +11,8 @@ namespace testing_support {
 
 class GalleryDesk : public FormatDesk {
  public:
+  using FormatDesk::FormatDesk;
+
   // A JPEG that can be shown, in the folder "Pictures" of the program folder or one of its own.
   void AddPicture(const std::string& name, const std::string& place = "Pictures", int width = 40,
                   int height = 30) const;

@@ -286,7 +286,8 @@ std::multimap<std::string, std::string> WordsOfTheScreen() {
   const auto add = [&](TextView text) { words.emplace(Loose(Shown(text)), Shown(text)); };
   for (const auto* window :
        {&support::Form1Definition(), &support::Form2Definition(), &support::Form3Definition(),
-        &support::Form4Definition(), &support::Form5Definition(), &support::Form6Definition()}) {
+        &support::Form4Definition(), &support::Form5Definition(), &support::Form6Definition(),
+        &support::RecoveryDefinition()}) {
     for (const platform::ControlRow& row : window->rows) add(row.text);
   }
   for (std::int16_t number = 1; number <= 29; ++number) add(core::MessageText(number));

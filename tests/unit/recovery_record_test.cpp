@@ -13,7 +13,7 @@
 #include "recovery/piece.h"
 #include "recovery/replay.h"
 #include "recovery/text_code.h"
-#include "tests/unit/recovery_work.h"
+#include "tests/support/recovery_work.h"
 
 namespace recovery {
 namespace {

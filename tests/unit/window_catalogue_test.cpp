@@ -126,6 +126,10 @@ TEST(WindowCatalogue, EverythingButTimersHasASize) {
   }
 }
 
+TEST(WindowCatalogue, NothingOfTheRecoveryWindowOverlaps) {
+  EXPECT_THAT(Overlaps(support::RecoveryDefinition()), testing::IsEmpty());
+}
+
 TEST(WindowCatalogue, NothingOfForm1OverlapsBeyondTheDesign) {
   EXPECT_THAT(Overlaps(support::Form1Definition()),
               UnorderedElementsAre("Label7 and Text1", "Label8 and idir", "Label8 and Command2",

@@ -273,7 +273,8 @@ INSTANTIATE_TEST_SUITE_P(
     All, CatalogueFit,
     testing::Combine(testing::Values(&support::Form1Definition(), &support::Form2Definition(),
                                      &support::Form3Definition(), &support::Form4Definition(),
-                                     &support::Form5Definition(), &support::Form6Definition()),
+                                     &support::Form5Definition(), &support::Form6Definition(),
+                                     &support::RecoveryDefinition()),
                      testing::Values(kOwnFont, "DejaVu Sans", "Noto Sans Arabic", "FreeFarsi")),
     NameOfParameter);
 

@@ -27,8 +27,9 @@ using testing_support::Robot;
 using testing_support::SmallWindow;
 
 std::vector<const WindowDefinition*> AllWindows() {
-  return {&support::Form1Definition(), &support::Form2Definition(), &support::Form3Definition(),
-          &support::Form4Definition(), &support::Form5Definition(), &support::Form6Definition()};
+  return {&support::Form1Definition(),   &support::Form2Definition(), &support::Form3Definition(),
+          &support::Form4Definition(),   &support::Form5Definition(), &support::Form6Definition(),
+          &support::RecoveryDefinition()};
 }
 
 QString NameOf(const ControlRow& row) {

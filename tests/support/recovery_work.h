@@ -22,9 +22,9 @@ void Describe(std::string& all, const platform::Column<T>& column) {
     } else if constexpr (std::is_same_v<T, char>) {
       if (column(row) != 0) all += at + "yes";
     } else {
-      std::string slots;
-      Describe(slots, column(row));
-      if (!slots.empty()) all += at + "(" + slots + ")";
+      std::string cells;
+      Describe(cells, column(row));
+      if (!cells.empty()) all += at + "(" + cells + ")";
     }
   }
 }

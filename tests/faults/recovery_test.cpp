@@ -1,0 +1,277 @@
+// The record on disks that fail, fill up or are used by two tools at once, and under clocks that
+// are moved. Whatever happens, the editor's work goes on, and what is on the disk is the work as it
+// was behind one of the events.
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "recovery/keeper.h"
+#include "recovery/piece.h"
+#include "recovery/replay.h"
+#include "tests/support/faulty_records.h"
+#include "tests/support/full_disk.h"
+#include "tests/support/ordinary_user.h"
+#include "tests/support/recovery_work.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using recovery::Keeper;
+using recovery::LeftRecord;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing_support::Described;
+using testing_support::FaultyRecords;
+using testing_support::FullDisk;
+using testing_support::OrdinaryUser;
+using testing_support::RandomEditor;
+
+constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60;
+
+class RecoveryFaults : public testing::Test {
+ protected:
+  // What a later tool finds.
+  std::vector<LeftRecord> Find() { return Find(*host_); }
+  static std::vector<LeftRecord> Find(platform::RecordFolder& records) {
+    return recovery::FindLeftRecords(records, {u"C:\\book\\", u"a1"});
+  }
+  std::function<void(platform::TextView)> Log() {
+    return [this](platform::TextView line) { log_.push_back(platform::ToUtf8(line)); };
+  }
+  std::vector<fs::path> Files() const {
+    std::vector<fs::path> files;
+    if (!fs::exists(HostPath())) return files;
+    for (const auto& entry : fs::directory_iterator(HostPath())) files.push_back(entry.path());
+    return files;
+  }
+  fs::path HostPath() const { return folder_.HostPath("recovery"); }
+
+  // A tool that files a while and is closed.
+  void LeaveOne(unsigned seed = 1) {
+    RandomEditor editor(seed);
+    Keeper keeper(host_.get(), Log());
+    keeper.Start(editor.Live());
+    editor.Work().fields.title = u"title";
+    for (int step = 0; step < 5; ++step) {
+      editor.Step();
+      keeper.Keep(editor.Live());
+    }
+  }
+
+  testing_support::TemporaryFolder folder_;
+  std::unique_ptr<platform::RecordFolder> host_ =
+      platform::HostRecordFolder(folder_.Path(u"recovery"));
+  std::vector<std::string> log_;
+};
+
+TEST_F(RecoveryFaults, EachOperationFailsInTurn) {
+  constexpr int kSteps = 8;
+  for (std::size_t k = 1;; ++k) {
+    fs::remove_all(HostPath());
+    log_.clear();
+    FaultyRecords records(*host_);
+    records.FailAt(k);
+    std::set<std::string> states;
+    {
+      RandomEditor editor(static_cast<unsigned>(k));
+      Keeper keeper(&records, Log());
+      keeper.FindLeft({u"C:\\book\\", u"a1"});
+      keeper.Start(editor.Live());
+      for (int step = 0; step < kSteps; ++step) {
+        editor.Step();
+        keeper.Keep(editor.Live());
+        states.insert(Described(editor.Work()));
+        if (step % 3 == 2) keeper.Sync(editor.Live());
+        if (step == 5) keeper.KeepWhole(editor.Live());
+      }
+    }
+    const bool fails = records.Operations() >= k;
+    ASSERT_LE(log_.size(), 1U) << k;
+    for (const std::string& line : log_)
+      ASSERT_THAT(line, testing::StartsWith("Recovery is off: "));
+    for (LeftRecord& left : Find()) {
+      left.work.collection = {u"C:\\book\\", u"a1"};
+      ASSERT_TRUE(states.contains(Described(left.work))) << "operation " << k;
+    }
+    if (!fails) {
+      EXPECT_THAT(log_, IsEmpty());
+      EXPECT_GT(k, 8U);
+      return;
+    }
+  }
+}
+
+TEST_F(RecoveryFaults, AFailingRemovalLeavesTheRecordAndTheToolGoesOn) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(1);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  editor.Step();
+  keeper.Keep(editor.Live());
+  records.FailAt(1);
+  keeper.Drop();
+  EXPECT_THAT(log_, SizeIs(1));
+  keeper.Start(editor.Live());
+  editor.Step();
+  keeper.Keep(editor.Live());
+  EXPECT_THAT(log_, SizeIs(1));
+}
+
+TEST_F(RecoveryFaults, AFullDiskEndsTheRecordWithItsLastWholeEvent) {
+  RandomEditor editor(3);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Step();
+  keeper.Keep(editor.Live());
+  const std::string before = Described(editor.Work());
+  const auto size = fs::file_size(Files().front());
+  {
+    const FullDisk full(size + 11);
+    editor.Work().filed.table.entryText.Set(0, platform::Text(500, u'x'));
+    keeper.Keep(editor.Live());
+  }
+  EXPECT_THAT(log_, ElementsAre(testing::HasSubstr("Recovery is off: Can't write")));
+  EXPECT_EQ(fs::file_size(Files().front()), size);
+  editor.Step();
+  keeper.Keep(editor.Live());
+  keeper.Close();
+  ASSERT_THAT(Find(), SizeIs(1));
+  EXPECT_EQ(Described(Find().front().work), before);
+}
+
+TEST_F(RecoveryFaults, ADiskThatIsFullFromTheFirstLeavesNothing) {
+  RandomEditor editor(3);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  {
+    const FullDisk full(0);
+    editor.Step();
+    keeper.Keep(editor.Live());
+  }
+  EXPECT_THAT(log_, SizeIs(1));
+  EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(RecoveryFaults, AFolderThatMayNotBeWrittenIsToldOnce) {
+  fs::create_directory(HostPath());
+  const OrdinaryUser user(folder_.HostPath());
+  fs::permissions(HostPath(), fs::perms::owner_read | fs::perms::owner_exec);
+  LeaveOne();
+  EXPECT_THAT(log_, SizeIs(1));
+  fs::permissions(HostPath(), fs::perms::owner_all);
+}
+
+TEST_F(RecoveryFaults, AMissingStateFolderIsToldOnce) {
+  host_ = platform::HostRecordFolder(folder_.Path(u"not there\\recovery"));
+  LeaveOne();
+  EXPECT_THAT(log_, ElementsAre(testing::HasSubstr("No such file or directory")));
+}
+
+TEST_F(RecoveryFaults, ARunningToolsRecordIsNeitherOfferedNorTouched) {
+  RandomEditor editor(4);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  keeper.Keep(editor.Live());
+  FaultyRecords later(*host_);
+  later.clockMoved = 100 * kDay;
+  EXPECT_THAT(Find(later), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(1));
+  keeper.KeepWhole(editor.Live());
+  EXPECT_THAT(Find(later), IsEmpty()) << "written anew";
+  EXPECT_THAT(Files(), SizeIs(1));
+  keeper.Close();
+  EXPECT_THAT(Find(), SizeIs(1));
+}
+
+TEST_F(RecoveryFaults, WhatOneToolOffersNoOtherDoes) {
+  LeaveOne();
+  const std::vector<LeftRecord> offered = Find();
+  ASSERT_THAT(offered, SizeIs(1));
+  EXPECT_THAT(Find(), IsEmpty());
+}
+
+TEST_F(RecoveryFaults, ARecordGoesAfterNinetyDays) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  records.clockMoved = 89 * kDay;
+  EXPECT_THAT(Find(records), SizeIs(1));
+  records.clockMoved = 91 * kDay;
+  EXPECT_THAT(recovery::FindLeftRecords(records, {u"C:\\other\\", u"a1"}), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(1)) << "another collection's";
+  EXPECT_THAT(Find(records), IsEmpty());
+  EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(RecoveryFaults, AClockThatWasSetBackTakesNothing) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  records.clockMoved = -10'000 * kDay;
+  EXPECT_THAT(Find(records), SizeIs(1));
+}
+
+TEST_F(RecoveryFaults, ANewerToolsRecordIsNeitherReadNorRemoved) {
+  LeaveOne();
+  const fs::path file = Files().front();
+  std::fstream(file, std::ios::in | std::ios::out | std::ios::binary).seekp(8).put('\x09');
+  FaultyRecords records(*host_);
+  records.clockMoved = 1000 * kDay;
+  EXPECT_THAT(Find(records), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(1));
+}
+
+TEST_F(RecoveryFaults, WhatAToolLeftAsItBeganGoes) {
+  LeaveOne();
+  std::ofstream(HostPath() / "a1-1-1.record") << "ZVRE";
+  std::ofstream(HostPath() / ".a1-1-2.record.zorvand-new") << "half";
+  std::ofstream(HostPath() / "notes.txt") << "somebody's";
+  EXPECT_THAT(Find(), SizeIs(1));
+  std::set<std::string> names;
+  for (const fs::path& file : Files()) names.insert(file.extension().string());
+  EXPECT_THAT(names, testing::UnorderedElementsAre(".record", ".txt"));
+  EXPECT_THAT(Files(), SizeIs(2));
+}
+
+// Typing in a large text: what it outgrows goes when nobody is waiting.
+TEST_F(RecoveryFaults, ARecordThatHasOutgrownTwiceWhatItHoldsIsWrittenAnew) {
+  RandomEditor editor(5);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  for (int step = 0; step < 40; ++step) {
+    editor.Work().fields.title = platform::Text(20'000 + static_cast<std::size_t>(step), u'x');
+    keeper.Keep(editor.Live());
+  }
+  EXPECT_GT(fs::file_size(Files().front()), 700'000U);
+  keeper.Sync(editor.Live());
+  EXPECT_LT(fs::file_size(Files().front()), 30'000U);
+  editor.Step();
+  keeper.Keep(editor.Live());
+  keeper.Close();
+  ASSERT_THAT(Find(), SizeIs(1));
+  EXPECT_EQ(Described(Find().front().work), Described(editor.Work()));
+}
+
+// A running tool syncs what it wrote, and says when there is nothing to sync.
+TEST_F(RecoveryFaults, SyncsWhatWasWrittenOnce) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(6);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  EXPECT_FALSE(keeper.NeedsSync());
+  editor.Step();
+  keeper.Keep(editor.Live());
+  EXPECT_TRUE(keeper.NeedsSync());
+  keeper.Sync(editor.Live());
+  EXPECT_FALSE(keeper.NeedsSync());
+  EXPECT_EQ(records.Names().back(), "Sync");
+}
+
+}  // namespace

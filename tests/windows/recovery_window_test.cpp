@@ -1,0 +1,300 @@
+// What an earlier run left unbuilt: offered beside the workbench, brought back, left or dropped.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/gallery_desk.h"
+#include "tests/support/recovery_work.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing_support::FormatDesk;
+using testing_support::GalleryDesk;
+using testing_support::Robot;
+
+class RecoveryWindow : public testing::Test {
+ protected:
+  static bool IsShown() {
+    const QWidget* window = Robot::FindWindow("Recovery");
+    return window != nullptr && window->isVisible();
+  }
+  static std::string Says(const QString& label) {
+    return Robot::FindAs<QLabel>("Recovery", label).text().toStdString();
+  }
+  static bool CanBring() { return Robot::Find("Recovery", "recoverBring").isEnabled(); }
+
+  std::vector<fs::path> Records() const {
+    const fs::path folder = desk.folder.HostPath("state/recovery");
+    std::vector<fs::path> records;
+    if (!fs::exists(folder)) return records;
+    for (const auto& entry : fs::directory_iterator(folder)) records.push_back(entry.path());
+    return records;
+  }
+
+  // Everything of the work that the workbench holds.
+  std::string Held() {
+    recovery::Work work{.filed = desk.form3,
+                        .fields = {.title = desk.form3.bname.Text(),
+                                   .restFile = desk.form3.currentBook,
+                                   .chosenImage = desk.form3.chosenImage,
+                                   .galleryFolder = desk.form3.pictures.galleryFolder},
+                        .collection = {},
+                        .rest = desk.form3.matn.Text()};
+    std::string shown;
+    for (const std::string& line : FormatDesk::Lines("bindex")) shown += line + "\n";
+    return testing_support::Described(work) + shown + FormatDesk::Shown("Com(9)") +
+           FormatDesk::Shown("Com(12)");
+  }
+
+  // The workbench is closed and opened again.
+  void OpenAnew() {
+    Robot::CloseWindow("Form3");
+    desk.PressNext();
+  }
+
+  // Five rows, and a paragraph that is left.
+  void FileFive() {
+    desk.OpenOn(u"identity\r\nHead\r\nText\r\nMain\r\nOther\r\nsome text\r\nand what is left");
+    FormatDesk::Mark(Qt::Key_F6, "identity");
+    FormatDesk::FileHeading("Head", "Text");
+    FormatDesk::Mark(Qt::Key_F1, "Main");
+    FormatDesk::FileHeading("Other", "some text");
+    Robot::PressKey("Form3", "matn", Qt::Key_F4);
+  }
+
+  GalleryDesk desk;
+};
+
+TEST_F(RecoveryWindow, WithNothingLeftNobodySeesAnything) {
+  desk.Open();
+  Robot::Choose("Form1", "dataName", 1);
+  Robot::PressKey("Form3", "matn", Qt::Key_F7);
+  OpenAnew();
+  EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), IsEmpty());
+  EXPECT_FALSE(fs::exists(desk.folder.HostPath("state/recovery")));
+}
+
+TEST_F(RecoveryWindow, WhatWasFiledIsOnTheDiskForItsUserAlone) {
+  FileFive();
+  ASSERT_THAT(Records(), SizeIs(1));
+  struct stat known {};
+  ASSERT_EQ(::stat(Records().front().c_str(), &known), 0);
+  EXPECT_EQ(known.st_mode & 0777, 0600U);
+  ASSERT_EQ(::stat(Records().front().parent_path().c_str(), &known), 0);
+  EXPECT_EQ(known.st_mode & 0777, 0700U);
+}
+
+TEST_F(RecoveryWindow, TellsWhatIsLeftWithoutTakingTheFocus) {
+  FileFive();
+  OpenAnew();
+  ASSERT_TRUE(IsShown());
+  Robot::Settle();
+  const QWidget& window = *Robot::FindWindow("Recovery");
+  EXPECT_FALSE(window.isModal());
+  EXPECT_EQ(window.layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(QApplication::activeWindow(), Robot::FindWindow("Form3"));
+  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه اول در رديف اول:");
+  EXPECT_EQ(Says("recoverCount"), "5");
+  EXPECT_NE(Says("recoverWhen"), "");
+  EXPECT_EQ(Says("recoverFirst"), "شناسنامه");
+  EXPECT_EQ(Says("recoverLast"), ">>> پايان تيتر");
+  EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(RecoveryWindow, BringsEverythingBack) {
+  FileFive();
+  FormatDesk::Command(0, "what is");
+  FormatDesk::Command(9, "left");
+  desk.Edit(1, [] { Robot::Type("Form6", "bname", "Changed"); });
+  const std::string held = Held();
+  OpenAnew();
+  EXPECT_NE(Held(), held);
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  EXPECT_FALSE(IsShown());
+  EXPECT_EQ(desk.AllLoggedFailures(), 0);
+  // It is this run's now, and safe again.
+  EXPECT_THAT(Records(), SizeIs(1));
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+}
+
+TEST_F(RecoveryWindow, WhatIsTypedIsKeptWithoutAnyCommand) {
+  desk.OpenOn(u"alpha\r\nbeta");
+  Robot::Select("Form3", "matn", 0, 5);
+  Robot::PressKey("Form3", "matn", Qt::Key_Delete);
+  Robot::Type("Form3", "bname", "a title");
+  const std::string held = Held();
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  EXPECT_EQ(FormatDesk::Shown("matn"), "\nbeta");
+}
+
+TEST_F(RecoveryWindow, BringsBothKindsOfGalleriesBack) {
+  desk.AddPictures(3);
+  FileFive();
+  desk.InEntry(1, [&] {
+    Robot::Click("Form6", "btn(5)");
+    desk.OpenFolder("Form6");
+    GalleryDesk::Tick("Form6", 1, "second");
+    Robot::Click("Form6", "btn(4)");
+  });
+  Robot::Click("Form3", "Com(12)");
+  desk.OpenFolder("Form3");
+  GalleryDesk::Tick("Form3", 0, "first");
+  GalleryDesk::Tick("Form3", 2);
+  GalleryDesk::Tick("Form3", 2);
+  const std::string held = Held();
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  EXPECT_THAT(GalleryDesk::Ticked("Form3"), ElementsAre(0));
+  EXPECT_TRUE(Robot::Find("Form3", "Frame4").isVisible());
+}
+
+TEST_F(RecoveryWindow, AfterItEveryCommandWorksAsIfNothingHadHappened) {
+  FileFive();
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  FormatDesk::FileHeading("and", "what is");
+  desk.robot.TakeBoxes();
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  EXPECT_THAT(desk.Page("and"), testing::HasSubstr("what"));
+  EXPECT_THAT(desk.Page("Head"), testing::HasSubstr("Text"));
+  EXPECT_THAT(Records(), IsEmpty());
+  desk.PressNext();
+  EXPECT_FALSE(IsShown()) << "the next collection has nothing";
+}
+
+TEST_F(RecoveryWindow, LaterLeavesItForTheNextOpening) {
+  FileFive();
+  const std::string held = Held();
+  const std::vector<std::function<void()>> ways = {
+      [] { Robot::Click("Recovery", "recoverLater"); },
+      [] { Robot::PressKey("Recovery", "recoverDrop", Qt::Key_Escape); },
+      [] { Robot::CloseWindow("Recovery"); }};
+  for (const auto& later : ways) {
+    OpenAnew();
+    ASSERT_TRUE(IsShown());
+    later();
+    EXPECT_FALSE(IsShown());
+    EXPECT_THAT(Records(), SizeIs(1));
+  }
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+}
+
+TEST_F(RecoveryWindow, DropAsksOnceAndRemoves) {
+  FileFive();
+  OpenAnew();
+  desk.robot.AnswerNo();
+  Robot::Click("Recovery", "recoverDrop");
+  EXPECT_TRUE(IsShown());
+  EXPECT_THAT(desk.robot.TakeBoxes(), SizeIs(1));
+  EXPECT_THAT(Records(), SizeIs(1));
+  desk.robot.AnswerYes();
+  Robot::Click("Recovery", "recoverDrop");
+  EXPECT_THAT(desk.robot.TakeBoxes(), SizeIs(1));
+  EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
+// Who ignores the window has a record of what is filed now, beside the other.
+TEST_F(RecoveryWindow, WorkBesideItTakesTheButtonAndLosesNothing) {
+  FileFive();
+  OpenAnew();
+  EXPECT_TRUE(CanBring());
+  FormatDesk::OpenBook("One.txt");
+  FormatDesk::FileHeading("Head", "Text");
+  EXPECT_FALSE(CanBring());
+  EXPECT_THAT(Records(), SizeIs(2));
+  desk.InEntry(0, [] { Robot::Click("Form6", "btn(0)"); });
+  EXPECT_TRUE(CanBring()) << "the table is empty again";
+}
+
+TEST_F(RecoveryWindow, OffersTheNewestFirstAndTheOthersBehindIt) {
+  FileFive();
+  OpenAnew();
+  Robot::Click("Recovery", "recoverLater");
+  FormatDesk::OpenBook("One.txt");
+  FormatDesk::FileHeading("Head", "Text");
+  OpenAnew();
+  EXPECT_EQ(Says("recoverCount"), "1");
+  EXPECT_EQ(Says("recoverFirst"), "Head");
+  Robot::Click("Recovery", "recoverLater");
+  ASSERT_TRUE(IsShown());
+  EXPECT_EQ(Says("recoverCount"), "5");
+  Robot::Click("Recovery", "recoverLater");
+  EXPECT_FALSE(IsShown());
+}
+
+TEST_F(RecoveryWindow, OffersNothingOfAnotherCollectionOrBook) {
+  FileFive();
+  Robot::CloseWindow("Form3");
+  Robot::Choose("Form1", "dataName", 1);
+  desk.PressNext();
+  EXPECT_FALSE(IsShown());
+  Robot::CloseWindow("Form3");
+  desk.MakeFolders("Other");
+  desk.form1.idir.SetText(desk.Path(u"Other"));
+  desk.PressNext();
+  EXPECT_FALSE(IsShown());
+  Robot::CloseWindow("Form3");
+  desk.form1.idir.SetText(desk.Path(u"Data"));
+  desk.PressNext();
+  EXPECT_TRUE(IsShown());
+}
+
+// A build whose question is answered by No leaves the work, and so its record.
+TEST_F(RecoveryWindow, OnlyABuildThatWentThroughTakesTheRecord) {
+  FileFive();
+  desk.Write("Data/_xml/aTitle1.xml", "stands already");
+  desk.robot.AnswerNo();
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  EXPECT_THAT(Records(), SizeIs(1));
+  desk.robot.AnswerYes();
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
+// The collection that the selector names is the one that the work is built as.
+TEST_F(RecoveryWindow, TheWorkFollowsTheSelector) {
+  FileFive();
+  Robot::Choose("Form1", "dataName", 1);
+  Robot::CloseWindow("Form3");
+  EXPECT_THAT(Records(), SizeIs(1));
+  desk.PressNext();
+  ASSERT_TRUE(IsShown());
+  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه دوم در رديف اول:");
+}
+
+TEST_F(RecoveryWindow, AStateFolderThatCantBeUsedIsToldOnceInTheLog) {
+  std::ofstream(desk.folder.HostPath("state/recovery")) << "no folder";
+  FileFive();
+  FormatDesk::Command(0, "what is");
+  OpenAnew();
+  FormatDesk::OpenBook("One.txt");
+  int lines = 0;
+  for (const std::string& line : desk.LogLines()) {
+    if (line.starts_with("Recovery is off: ")) ++lines;
+  }
+  EXPECT_EQ(lines, 1);
+  EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
+  EXPECT_FALSE(IsShown());
+}
+
+}  // namespace

@@ -1,0 +1,262 @@
+#include "tools/kill_test/model.h"
+
+#include <algorithm>
+
+#include "platform/text/text.h"
+#include "workbench/clean_up.h"
+#include "workbench/paragraphs.h"
+
+namespace kill_test {
+
+using platform::Text;
+
+namespace {
+
+constexpr const char* kMainMark = ">>> تيتر اصلي";
+constexpr const char* kMainEndMark = ">>> پايان تيتر";
+constexpr const char* kIdentity = "شناسنامه";
+constexpr const char* kRemoved = "Removed";
+
+std::string WithBreaks(const Text& text) {
+  return platform::ToUtf8(platform::Replace(text, u"\n", platform::kCrLf));
+}
+
+// The first slot without a picture gets it.
+void Add(std::vector<std::string>& pictures, const std::string& picture) {
+  const auto free = std::ranges::find(pictures, kRemoved);
+  if (free == pictures.end()) {
+    pictures.push_back(picture);
+  } else {
+    *free = picture;
+  }
+}
+
+}  // namespace
+
+std::string Bare(const std::string& text) {
+  std::string bare;
+  for (const char c : text) {
+    if (c != ' ' && c != '\r' && c != '\n') bare += c;
+  }
+  return bare;
+}
+
+std::string Describe(const Shown& shown) {
+  std::string all = "title " + shown.title + "\ncount " + std::to_string(shown.count) + ", open " +
+                    std::to_string(shown.mainOpen) + ", images " + std::to_string(shown.images) +
+                    (shown.galleryMode ? ", gallery" : "") + "\n";
+  for (const ModelRow& row : shown.rows) {
+    all +=
+        "row " + Bare(row.title) + " => " + Bare(row.text) + (row.attached ? " +file" : "") + "\n";
+  }
+  for (const auto& [row, is] : shown.isGallery) {
+    if (is) all += "is a gallery: " + std::to_string(row) + "\n";
+  }
+  for (const auto& [row, pictures] : shown.gallery) {
+    for (const std::string& slot : pictures)
+      all += "of " + std::to_string(row) + ": " + slot + "\n";
+  }
+  for (const std::string& slot : shown.chosen) all += "chosen: " + slot + "\n";
+  return all + "rest " + shown.rest;
+}
+
+Model::Model(unsigned seed, Text inputText) : random_(seed), input_(std::move(inputText)) {}
+
+std::string Model::Described() const {
+  return Describe({.rows = rows_,
+                   .count = count_,
+                   .mainOpen = mainOpen_,
+                   .images = images_,
+                   .galleryMode = galleryMode_,
+                   .title = title_,
+                   .rest = platform::ToUtf8(rest_),
+                   .isGallery = isGallery_,
+                   .gallery = gallery_,
+                   .chosen = chosen_});
+}
+
+Operation Model::Next() {
+  Operation operation = Choose();
+  while (!IsPossible(operation)) operation = Choose();
+  CarryOut(operation);
+  return operation;
+}
+
+Operation Model::Choose() {
+  if (!isOpened_) return {.deed = Deed::kOpenText};
+  Operation operation{.deed = static_cast<Deed>(Below(kDeeds))};
+  // Headings and their texts are what an editor files most.
+  if (Below(3) == 0) operation.deed = IsPending() ? Deed::kHeadingText : Deed::kHeading;
+  Select(operation);
+  operation.word = "w" + std::to_string(Below(1000));
+  operation.row = Below(std::max(count_, 1));
+  if (operation.deed == Deed::kEntryPicture || operation.deed == Deed::kGalleryPicture) {
+    operation.length = Below(kPictures);
+  }
+  if (operation.deed == Deed::kTypeText) {
+    operation.from = Below(static_cast<int>(std::min<std::size_t>(rest_.size(), 200)) + 1);
+  }
+  return operation;
+}
+
+// The first paragraph that isn't empty, with its end.
+void Model::Select(Operation& operation) const {
+  const std::size_t text = rest_.find_first_not_of(u"\n ");
+  if (text == Text::npos) return;
+  const std::size_t end = rest_.find(u'\n', text);
+  operation.length = static_cast<int>(end == Text::npos ? rest_.size() : end + 1);
+}
+
+bool Model::CanBeOpened(int row) const {
+  return row < count_ && rows_[static_cast<std::size_t>(row)].title != kMainEndMark;
+}
+
+bool Model::IsPossible(const Operation& operation) const {
+  const bool hasPassage = operation.length > 0;
+  switch (operation.deed) {
+    case Deed::kOpenText:
+    case Deed::kTypeTitle:
+    case Deed::kTypeText:
+    case Deed::kGalleryMode:
+      return true;
+    case Deed::kTitle:
+    case Deed::kTitleInBrackets:
+    case Deed::kDelete:
+      return hasPassage;
+    case Deed::kHeadingText:
+      return hasPassage && IsPending();
+    case Deed::kIdentity:
+    case Deed::kHeading:
+    case Deed::kMainTitle:
+      return hasPassage && !IsPending();
+    case Deed::kMainTitleEnd:
+      return mainOpen_ > 0 && !IsPending();
+    case Deed::kRebuild:
+      return rest_.size() > 0;
+    case Deed::kEditTitle: {
+      if (!CanBeOpened(operation.row)) return false;
+      const std::string& title = rows_[static_cast<std::size_t>(operation.row)].title;
+      return title != kMainMark && title != kIdentity;
+    }
+    case Deed::kPictureInText:
+      return CanBeOpened(operation.row) &&
+             rows_[static_cast<std::size_t>(operation.row)].title != kMainMark;
+    case Deed::kAttach:
+    case Deed::kDeleteRow:
+    case Deed::kEntryPicture:
+      return CanBeOpened(operation.row);
+    case Deed::kGalleryPicture:
+      return galleryMode_;
+  }
+  return false;
+}
+
+std::string Model::Passage(const Operation& operation) const {
+  return WithBreaks(rest_.substr(0, static_cast<std::size_t>(operation.length)));
+}
+
+void Model::CarryOut(const Operation& operation) {
+  const std::string passage = Passage(operation);
+  const auto take = [&] { rest_.erase(0, static_cast<std::size_t>(operation.length)); };
+  switch (operation.deed) {
+    case Deed::kOpenText:
+      rest_ = input_;
+      isOpened_ = true;
+      return;
+    case Deed::kTitle:
+      title_ += (title_.empty() ? "" : " ") + passage;
+      return take();
+    case Deed::kTitleInBrackets:
+      title_ += " (" + passage + ")";
+      return take();
+    case Deed::kIdentity:
+      rows_.push_back({kIdentity, passage});
+      ++count_;
+      return take();
+    case Deed::kHeading:
+      rows_.push_back({passage, ""});
+      return take();
+    case Deed::kHeadingText:
+      rows_.back().text = passage;
+      ++count_;
+      return take();
+    case Deed::kMainTitle:
+      rows_.push_back({kMainMark, passage});
+      lastMain_ = passage;
+      ++count_;
+      ++mainOpen_;
+      return take();
+    case Deed::kMainTitleEnd:
+      rows_.push_back({kMainEndMark, lastMain_});
+      ++count_;
+      --mainOpen_;
+      return;
+    case Deed::kDelete:
+      return take();
+    case Deed::kTypeTitle:
+      title_ = operation.word;
+      return;
+    case Deed::kTypeText:
+      rest_.insert(static_cast<std::size_t>(operation.from), platform::FromUtf8(operation.word));
+      return;
+    case Deed::kRebuild: {
+      const Text plain = platform::Replace(rest_, u"\n", platform::kCrLf);
+      rest_ = platform::Replace(workbench::RebuildParagraphs(plain, {}), platform::kCrLf, u"\n");
+      return;
+    }
+    case Deed::kGalleryMode:
+      galleryMode_ = !galleryMode_;
+      if (!galleryMode_) chosen_.clear();
+      return;
+    case Deed::kGalleryPicture: {
+      const std::string picture = "p" + std::to_string(operation.length + 1) + ".jpg";
+      const auto found = std::ranges::find(chosen_, picture);
+      if (found != chosen_.end()) {
+        *found = kRemoved;
+      } else {
+        Add(chosen_, picture);
+      }
+      return;
+    }
+    default:
+      return CarryOutOnRow(operation);
+  }
+}
+
+void Model::CarryOutOnRow(const Operation& operation) {
+  ModelRow& row = rows_[static_cast<std::size_t>(operation.row)];
+  switch (operation.deed) {
+    case Deed::kEditTitle:
+      row.title = operation.word;
+      return;
+    case Deed::kAttach:
+      row.attached = true;
+      return;
+    case Deed::kPictureInText:
+      row.text = "{" + std::to_string(images_++) + "}" + row.text;
+      return;
+    case Deed::kEntryPicture: {
+      const std::string picture = "p" + std::to_string(operation.length + 1) + ".jpg";
+      std::vector<std::string>& pictures = gallery_[operation.row];
+      const auto found = std::ranges::find(pictures, picture);
+      isGallery_[operation.row] = true;
+      if (found != pictures.end()) {
+        *found = kRemoved;
+      } else {
+        Add(pictures, picture);
+      }
+      return;
+    }
+    // Galleries stay at their row numbers, and the paragraph window, shown once more before it
+    // closes, empties the one that it has in view.
+    case Deed::kDeleteRow:
+      rows_.erase(rows_.begin() + operation.row);
+      --count_;
+      if (isGallery_[operation.row]) gallery_[operation.row].clear();
+      return;
+    default:
+      return;
+  }
+}
+
+}  // namespace kill_test

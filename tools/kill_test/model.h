@@ -1,0 +1,109 @@
+// What a random editor does in the workbench, and what must stand there afterwards: worked out from
+// the operations alone, without a window.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/text/text.h"
+
+namespace kill_test {
+
+enum class Deed {
+  kOpenText,
+  kTitle,
+  kTitleInBrackets,
+  kIdentity,
+  kHeading,
+  kHeadingText,
+  kMainTitle,
+  kMainTitleEnd,
+  kDelete,
+  kTypeTitle,
+  kTypeText,
+  kRebuild,
+  kEditTitle,
+  kAttach,
+  kDeleteRow,
+  kPictureInText,
+  kEntryPicture,
+  kGalleryMode,
+  kGalleryPicture,
+};
+inline constexpr int kDeeds = 19;
+
+struct Operation {
+  Deed deed = Deed::kOpenText;
+  int row = 0;            // of the list, or of the picture browser
+  int from = 0;           // of a passage in the text, or where is typed
+  int length = 0;         // of a passage
+  std::string word = {};  // what is typed
+};
+
+struct ModelRow {
+  std::string title;
+  std::string text;  // plain
+  bool attached = false;
+};
+
+inline constexpr int kPictures = 3;
+
+class Model {
+ public:
+  Model(unsigned seed, platform::Text inputText);
+
+  // The next operation, already carried out here.
+  Operation Next();
+
+  std::string Described() const;
+
+ private:
+  Operation Choose();
+  bool IsPossible(const Operation& operation) const;
+  void CarryOut(const Operation& operation);
+  void CarryOutOnRow(const Operation& operation);
+  void Select(Operation& operation) const;
+  std::string Passage(const Operation& operation) const;
+  int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+  bool IsPending() const { return static_cast<int>(rows_.size()) > count_; }
+  bool CanBeOpened(int row) const;
+
+  std::mt19937 random_;
+  platform::Text input_;
+  platform::Text rest_;  // "\n" at a paragraph's end
+  std::string title_;
+  std::string lastMain_;
+  std::vector<ModelRow> rows_;  // a heading without its text is the last
+  int count_ = 0;
+  int mainOpen_ = 0;
+  int images_ = 0;
+  std::map<int, bool> isGallery_;                    // by row number
+  std::map<int, std::vector<std::string>> gallery_;  // of entries, by row number
+  bool isOpened_ = false;
+  bool galleryMode_ = false;
+  std::vector<std::string> chosen_;  // of the collection
+};
+
+// The state as both sides write it down.
+struct Shown {
+  std::vector<ModelRow> rows = {};
+  int count = 0;
+  int mainOpen = 0;
+  int images = 0;
+  bool galleryMode = false;
+  std::string title = {};
+  std::string rest = {};
+  std::map<int, bool> isGallery = {};
+  std::map<int, std::vector<std::string>> gallery = {};
+  std::vector<std::string> chosen = {};
+};
+std::string Describe(const Shown& shown);
+
+// Without blanks and line ends, which the way through rich text may move.
+std::string Bare(const std::string& text);
+
+}  // namespace kill_test

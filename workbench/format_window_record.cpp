@@ -1,0 +1,118 @@
+// The record of what is filed and not yet built: kept behind each event, offered when an earlier
+// run left one, and put back at the editor's press.
+#include <utility>
+
+#include "core/numbers.h"
+#include "core/selector.h"
+#include "platform/failure.h"
+#include "platform/files/paths.h"
+#include "recovery/left_records.h"
+#include "workbench/format_window.h"
+
+namespace workbench {
+
+using platform::Text;
+
+namespace {
+
+// A power cut takes what came behind the last sync; a second at most, and this leaves the disk some
+// time for it.
+constexpr int kSyncAfter = 500;  // milliseconds
+
+}  // namespace
+
+// As NameNevis will read it at the next paint.
+core::CollectionKey Form3::KeyInHand() {
+  core::CollectionKey key{rowLetter, rowDigit};
+  platform::Ignoring([&] {
+    if (form1_.dataName.ListCount() > 0) key = core::ReadKey(form1_.dataName.Text());
+  });
+  return key;
+}
+
+recovery::Collection Form3::CollectionInHand() {
+  const core::CollectionKey key = KeyInHand();
+  return {platform::DoSlash(form1_.idir.Text()), key.letter + key.digit};
+}
+
+// The text that the box is designed with is nobody's work: the first edit behind it tells the
+// whole.
+std::optional<platform::TextEdit> Form3::TakeTextEdit() {
+  std::optional<platform::TextEdit> edit = matn.TakeEdit();
+  if (edit && !std::exchange(textIsWork_, true)) edit = platform::TextEdit{0, 0, matn.EditedText()};
+  return edit;
+}
+
+recovery::LiveWork Form3::Live() {
+  return {.filed = *this,
+          .fields = {.title = bname.Text(),
+                     .restFile = currentBook,
+                     .chosenImage = chosenImage,
+                     .galleryFolder = pictures.galleryFolder},
+          .collection = CollectionInHand(),
+          .restEdit = TakeTextEdit(),
+          .rest = [this] { return textIsWork_ ? matn.EditedText() : Text(); }};
+}
+
+void Form3::KeepRecord() {
+  if (!IsLoaded()) return;
+  keeper_.Keep(Live());
+  recoveryWindow_.Refresh();
+  if (!keeper_.NeedsSync() || std::exchange(syncIsDue_, true)) return;
+  watch_.After(kSyncAfter, [this] {
+    syncIsDue_ = false;
+    if (IsLoaded()) keeper_.Sync(Live());
+  });
+}
+
+void Form3::ForgetRecord() {
+  recordBegins_ = true;
+  keeper_.Drop();
+  recoveryWindow_.Dismiss();
+}
+
+void Form3::BeginRecord() {
+  if (IsLoaded() && std::exchange(recordBegins_, false)) keeper_.Start(Live());
+}
+
+void Form3::OfferRecords() {
+  if (!IsLoaded()) return;
+  report_.Catching(core::failure::kBringBack,
+                   [&] { recoveryWindow_.Offer(keeper_.FindLeft(CollectionInHand()), *this); });
+}
+
+bool Form3::BringBack(recovery::Work& work) {
+  bool brought = false;
+  report_.Catching(core::failure::kBringBack, [&] {
+    TakeOver(work);
+    brought = true;
+  });
+  ShowGalleryAgain();
+  return keeper_.KeepWhole(Live()) && brought;
+}
+
+void Form3::TakeOver(recovery::Work& work) {
+  static_cast<FiledWork&>(*this) = std::move(work.filed);
+  currentBook = work.fields.restFile;
+  chosenImage = work.fields.chosenImage;
+  pictures.galleryFolder = work.fields.galleryFolder;
+  bname.SetText(work.fields.title);
+  bindex.Clear();
+  for (std::ptrdiff_t row = 0; row < lines.Rows().Count(); ++row) bindex.AddItem(lines.Rows()(row));
+  ShowMainOpen();
+  matn.SetText(platform::Replace(work.rest, u"\n", platform::kCrLf));
+  Mright();
+}
+
+// The browser shows the folder that it showed, if that is there still.
+void Form3::ShowGalleryAgain() {
+  report_.Catching(core::failure::kPickGalleryFolder, [&] {
+    ShowGalleryMode(galleryMode);
+    if (!galleryMode) return;
+    const Text folder = pictures.galleryFolder;
+    const bool isThere = !folder.empty() && FileSys().FolderExists(folder);
+    SetGalFol(isThere ? folder : form1_.TheMachine().programFolder, 0);
+  });
+}
+
+}  // namespace workbench

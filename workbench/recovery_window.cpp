@@ -1,0 +1,99 @@
+#include "workbench/recovery_window.h"
+
+#include <utility>
+
+#include "platform/clock.h"
+#include "platform/failure.h"
+#include "platform/windows/application.h"
+#include "platform/windows/message_box.h"
+#include "support/window_catalogue.h"
+#include "workbench/clean_up.h"
+#include "workbench/marking.h"
+
+namespace workbench {
+
+using platform::Text;
+using platform::TextView;
+
+namespace {
+
+// As the label over the entry list says it; a key that no list gives stands for itself.
+Text NameOf(const recovery::Collection& collection) {
+  const TextView key = collection.key;
+  Text name(key);
+  platform::Ignoring([&] {
+    if (!key.empty()) name = CollectionLabel(key.substr(0, 1), key.substr(1));
+  });
+  return name;
+}
+
+Text TitleOf(const filed::FiledWork& filed, std::ptrdiff_t row) {
+  return row < 0 ? Text() : BeBor(RemCrLf(filed.table.entryTitle(row)), kShownTitle);
+}
+
+}  // namespace
+
+RecoveryWindow::RecoveryWindow(RecoveryDesk desk)
+    : Window(support::RecoveryDefinition()), desk_(std::move(desk)) {
+  recoverBring.onClick = [this] { Bring(); };
+  recoverLater.onClick = [this] { Later(); };
+  recoverDrop.onClick = [this] { Drop(); };
+}
+
+void RecoveryWindow::Offer(std::vector<recovery::LeftRecord> records,
+                           const platform::Window& workbench) {
+  Dismiss();
+  records_ = std::move(records);
+  if (records_.empty()) return;
+  Load();
+  ShowFirst();
+  ShowBeside(workbench);
+}
+
+void RecoveryWindow::Dismiss() {
+  records_.clear();
+  Unload();
+}
+
+void RecoveryWindow::ShowFirst() {
+  const recovery::LeftRecord& first = records_.front();
+  const filed::FiledWork& filed = first.work.filed;
+  recoverWhose.SetCaption(NameOf(first.work.collection));
+  recoverCount.SetCaption(platform::FromNumber(filed.entryCount));
+  recoverWhen.SetCaption(platform::GeneralDateOf(first.found.changed));
+  recoverFirst.SetCaption(TitleOf(filed, 0));
+  recoverLast.SetCaption(TitleOf(filed, filed.entryCount - 1));
+  Refresh();
+}
+
+void RecoveryWindow::ShowNext() {
+  records_.erase(records_.begin());
+  if (records_.empty()) return Unload();
+  ShowFirst();
+}
+
+void RecoveryWindow::Refresh() {
+  if (IsLoaded()) recoverBring.SetEnabled(desk_.isTableEmpty());
+}
+
+// The others stay for another opening, as the table is no longer empty.
+void RecoveryWindow::Bring() {
+  if (records_.empty() || !desk_.isTableEmpty()) return;
+  if (!desk_.bring(records_.front().work)) return;
+  platform::Ignoring([&] { records_.front().file->Remove(); });
+  Dismiss();
+}
+
+void RecoveryWindow::Later() {
+  if (!records_.empty()) ShowNext();
+}
+
+void RecoveryWindow::Drop() {
+  constexpr TextView kQuestion = u"آنچه از اين مجموعه مانده است براي هميشه دور انداخته شود؟";
+  if (platform::AskYesNo(kQuestion, platform::kApplicationTitle) != platform::Answer::kYes) return;
+  if (records_.empty()) return;
+  platform::Ignoring([&] { records_.front().file->Remove(); });
+  ShowNext();
+}
+
+}  // namespace workbench
