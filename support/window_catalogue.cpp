@@ -459,13 +459,14 @@ constexpr std::array kRecoveryRows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"Label1", {120, 465, 4440, 285},
         u"از اين مجموعه كاري مانده كه ساخته نشده است.\u200F")
         .RightAligned(),
-    Row(Kind::kLabel, u"Label2", {3330, 840, 1230, 285}, u"تعداد عنوان\u200Fها:\u200F"),
+    Row(Kind::kLabel, u"Label2", {3330, 840, 1230, 285}, u"تعداد عنوان\u200Fها:\u200F")
+        .RightAligned(),
     Row(Kind::kLabel, u"recoverCount", {120, 840, 3150, 285}).RightAligned(),
-    Row(Kind::kLabel, u"Label3", {3330, 1185, 1230, 285}, u"آخرين تغيير:\u200F"),
+    Row(Kind::kLabel, u"Label3", {3330, 1185, 1230, 285}, u"آخرين تغيير:\u200F").RightAligned(),
     Row(Kind::kLabel, u"recoverWhen", {120, 1185, 3150, 285}).RightAligned(),
-    Row(Kind::kLabel, u"Label4", {3330, 1530, 1230, 285}, u"عنوان اول:\u200F"),
+    Row(Kind::kLabel, u"Label4", {3330, 1530, 1230, 285}, u"عنوان اول:\u200F").RightAligned(),
     Row(Kind::kLabel, u"recoverFirst", {120, 1530, 3150, 285}).RightAligned(),
-    Row(Kind::kLabel, u"Label5", {3330, 1875, 1230, 285}, u"عنوان آخر:\u200F"),
+    Row(Kind::kLabel, u"Label5", {3330, 1875, 1230, 285}, u"عنوان آخر:\u200F").RightAligned(),
     Row(Kind::kLabel, u"recoverLast", {120, 1875, 3150, 285}).RightAligned(),
     Row(Kind::kButton, u"recoverBring", {3120, 2340, 1440, 390}, u"بازگرداندن"),
     Row(Kind::kButton, u"recoverLater", {1620, 2340, 1440, 390}, u"بعداً"),

@@ -75,6 +75,7 @@ void Form3::Form_Load() {
   });
   matn.TakeEdit();
   textIsWork_ = false;
+  isOpen_ = true;
   recordBegins_ = true;
   BeginRecord();
 }
@@ -91,6 +92,7 @@ void Form3::ForgetFormerRun() {
 
 void Form3::Form_Unload() {
   KeepRecord();
+  isOpen_ = false;
   keeper_.Close();
   recoveryWindow_.Dismiss();
   report_.LogMe(u"Format ended.");

@@ -248,6 +248,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   bool selectionWasRead_ = true;    // the last NameNevis did not fail
   platform::Text unreadSelection_;  // of dataName, at the paint that could not read it
   recovery::Keeper keeper_;
+  bool isOpen_ = false;        // all controls are there: from the end of a load to an unload
   bool recordBegins_ = false;  // the collection is built, and what follows has no record yet
   bool textIsWork_ = false;    // what stands in matn is no longer the design's
   bool syncIsDue_ = false;     // a call of the watch is under way

@@ -55,13 +55,13 @@ recovery::LiveWork Form3::Live() {
 }
 
 void Form3::KeepRecord() {
-  if (!IsLoaded()) return;
+  if (!isOpen_) return;
   keeper_.Keep(Live());
   recoveryWindow_.Refresh();
   if (!keeper_.NeedsSync() || std::exchange(syncIsDue_, true)) return;
   watch_.After(kSyncAfter, [this] {
     syncIsDue_ = false;
-    if (IsLoaded()) keeper_.Sync(Live());
+    if (isOpen_) keeper_.Sync(Live());
   });
 }
 
@@ -72,11 +72,11 @@ void Form3::ForgetRecord() {
 }
 
 void Form3::BeginRecord() {
-  if (IsLoaded() && std::exchange(recordBegins_, false)) keeper_.Start(Live());
+  if (isOpen_ && std::exchange(recordBegins_, false)) keeper_.Start(Live());
 }
 
 void Form3::OfferRecords() {
-  if (!IsLoaded()) return;
+  if (!isOpen_) return;
   report_.Catching(core::failure::kBringBack,
                    [&] { recoveryWindow_.Offer(keeper_.FindLeft(CollectionInHand()), *this); });
 }

@@ -143,7 +143,8 @@ class ScreenReader : public testing::TestWithParam<const WindowDefinition*> {
 INSTANTIATE_TEST_SUITE_P(All, ScreenReader,
                          testing::Values(&support::Form1Definition(), &support::Form2Definition(),
                                          &support::Form3Definition(), &support::Form4Definition(),
-                                         &support::Form5Definition(), &support::Form6Definition()),
+                                         &support::Form5Definition(), &support::Form6Definition(),
+                                         &support::RecoveryDefinition()),
                          [](const auto& each) { return platform::ToUtf8(each.param->name); });
 
 TEST_P(ScreenReader, FindsAndNamesEveryControl) {

@@ -21,15 +21,16 @@ core::Machine MachineOf(Desk& desk) {
           desk.random,
           desk.folder.Path(u"program"),
           desk.folder.Path(u"state\\ZVL.log"),
-          desk.records.get()};
+          &desk.records};
 }
 
 }  // namespace
 
 Desk::Desk(bool withResources, const platform::Text& recordsPath)
     : files(platform::HostFileSystem()),
-      records(platform::HostRecordFolder(recordsPath.empty() ? folder.Path(u"state\\recovery")
-                                                             : recordsPath)),
+      hostRecords(platform::HostRecordFolder(recordsPath.empty() ? folder.Path(u"state\\recovery")
+                                                                 : recordsPath)),
+      records(*hostRecords),
       machine(MachineOf(*this)),
       form1(machine),
       form3(form1),

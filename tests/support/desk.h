@@ -16,6 +16,7 @@
 #include "platform/text/text.h"
 #include "support/help_window.h"
 #include "tests/support/faulty_file_system.h"
+#include "tests/support/faulty_records.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
@@ -59,7 +60,8 @@ class Desk {
 
   TemporaryFolder folder;
   FaultyFileSystem files;
-  std::unique_ptr<platform::RecordFolder> records;
+  std::unique_ptr<platform::RecordFolder> hostRecords;
+  FaultyRecords records;
   FixedClock clock;
   platform::Random random;
   core::Machine machine;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -295,6 +296,61 @@ TEST_F(RecoveryWindow, AStateFolderThatCantBeUsedIsToldOnceInTheLog) {
   EXPECT_EQ(lines, 1);
   EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
   EXPECT_FALSE(IsShown());
+}
+
+// The bytes are written behind each event, and synced with nobody asking for it.
+TEST_F(RecoveryWindow, WhatIsWrittenIsSyncedSoon) {
+  FileFive();
+  EXPECT_EQ(desk.records.Names().back(), "Append");
+  Robot::WaitUntil([&] { return desk.records.Names().back() == "Sync"; }, 1000);
+  const std::size_t known = desk.records.Operations();
+  Robot::Click("Form3", "Chek");
+  EXPECT_EQ(desk.records.Operations(), known) << "nothing has changed";
+}
+
+// A whole command is one piece: whoever is killed in the middle of it has none of it.
+TEST_F(RecoveryWindow, ACommandIsWrittenOnce) {
+  desk.OpenOn(u"alpha beta gamma");
+  FormatDesk::Mark(Qt::Key_F2, "alpha");
+  const auto written = [&] { return std::ranges::count(desk.records.Names(), "Append"); };
+  const auto before = written();
+  FormatDesk::Mark(Qt::Key_F3, "beta");
+  EXPECT_EQ(written(), before + 1);
+}
+
+TEST_F(RecoveryWindow, WhateverFailsInTheFolderNothingElseDoes) {
+  for (std::size_t k = 1; k <= 12; ++k) {
+    GalleryDesk other;
+    other.records.FailAt(k);
+    other.OpenOnFiveRows("some text");
+    Robot::CloseWindow("Form3");
+    other.PressNext();
+    if (IsShown()) Robot::Click("Recovery", "recoverBring");
+    FormatDesk::OpenBook("One.txt");
+    FormatDesk::FileHeading("Head", "Text");
+    Robot::PressKey("Form3", "matn", Qt::Key_F12);
+    EXPECT_EQ(other.AllLoggedFailures(), 0) << k;
+    EXPECT_THAT(other.robot.TakeBoxes(), SizeIs(1)) << k;
+    EXPECT_FALSE(Robot::FindWindow("Form3")->isVisible()) << k;
+    Robot::CloseWindow("Form3");
+  }
+}
+
+TEST_F(RecoveryWindow, IsReachedByKeysInTheOrderOfItsButtons) {
+  FileFive();
+  OpenAnew();
+  QWidget& window = *Robot::FindWindow("Recovery");
+  window.activateWindow();
+  Robot::Settle();
+  std::vector<std::string> reached;
+  Robot::Find("Recovery", "recoverBring").setFocus();
+  for (int i = 0; i < 3; ++i) {
+    reached.push_back(window.focusWidget()->objectName().toStdString());
+    Robot::PressKey("Recovery", window.focusWidget()->objectName(), Qt::Key_Tab);
+  }
+  EXPECT_THAT(reached, ElementsAre("recoverBring", "recoverLater", "recoverDrop"));
+  Robot::PressKey("Recovery", "recoverBring", Qt::Key_Return);
+  EXPECT_EQ(desk.form3.entryCount, 5);
 }
 
 }  // namespace

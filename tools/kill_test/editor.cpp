@@ -5,6 +5,7 @@
 #include <QTextEdit>
 #include <filesystem>
 #include <fstream>
+#include <map>
 
 #include "platform/files/paths.h"
 #include "platform/text/encoding.h"
@@ -31,6 +32,18 @@ Text RawText() {
   }
   return text;
 }
+
+const std::map<Deed, int> kKeys = {
+    {Deed::kTitle, Qt::Key_F5},   {Deed::kIdentity, Qt::Key_F6},
+    {Deed::kHeading, Qt::Key_F2}, {Deed::kHeadingText, Qt::Key_F3},
+    {Deed::kDelete, Qt::Key_F11}, {Deed::kMainTitleEnd, Qt::Key_F4},
+};
+const std::map<Deed, QString> kButtons = {
+    {Deed::kTitleInBrackets, QStringLiteral("Com(5)")},
+    {Deed::kMainTitle, QStringLiteral("Com(9)")},
+    {Deed::kGalleryMode, QStringLiteral("Com(12)")},
+    {Deed::kRebuild, QStringLiteral("HazC(12)")},
+};
 
 Text PathOf(const std::string& hostPath) { return platform::ToolPath(hostPath); }
 
@@ -108,43 +121,35 @@ void Editor::TickPicture(int picture) {
 }
 
 void Editor::Do(const Operation& operation) {
-  const auto select = [&] { Robot::Select("Form3", "matn", 0, operation.length); };
-  const auto key = [&](int code) {
-    select();
-    Robot::PressKey("Form3", "matn", code);
-  };
-  const QString word = QString::fromStdString(operation.word);
+  if (const auto key = kKeys.find(operation.deed); key != kKeys.end()) {
+    Robot::Select("Form3", "matn", 0, operation.length);
+    return Robot::PressKey("Form3", "matn", key->second);
+  }
+  if (const auto button = kButtons.find(operation.deed); button != kButtons.end()) {
+    Robot::Select("Form3", "matn", 0, operation.length);
+    return Robot::Click("Form3", button->second);
+  }
   switch (operation.deed) {
     case Deed::kOpenText:
       return FormatDesk::OpenBook("One.txt");
-    case Deed::kTitle:
-      return key(Qt::Key_F5);
-    case Deed::kTitleInBrackets:
-      select();
-      return Robot::Click("Form3", "Com(5)");
-    case Deed::kIdentity:
-      return key(Qt::Key_F6);
-    case Deed::kHeading:
-      return key(Qt::Key_F2);
-    case Deed::kHeadingText:
-      return key(Qt::Key_F3);
-    case Deed::kMainTitle:
-      select();
-      return Robot::Click("Form3", "Com(9)");
-    case Deed::kMainTitleEnd:
-      return Robot::PressKey("Form3", "matn", Qt::Key_F4);
-    case Deed::kDelete:
-      return key(Qt::Key_F11);
     case Deed::kTypeTitle:
-      return Robot::Type("Form3", "bname", word);
+      return Robot::Type("Form3", "bname", QString::fromStdString(operation.word));
     case Deed::kTypeText:
       Robot::Select("Form3", "matn", operation.from, 0);
-      QTest::keyClicks(&Robot::Find("Form3", "matn"), word);
+      QTest::keyClicks(&Robot::Find("Form3", "matn"), QString::fromStdString(operation.word));
       return Robot::Settle();
-    case Deed::kRebuild:
-      return Robot::Click("Form3", "HazC(12)");
+    case Deed::kGalleryPicture:
+      return TickPicture(operation.length);
+    default:
+      return DoInRow(operation);
+  }
+}
+
+void Editor::DoInRow(const Operation& operation) {
+  switch (operation.deed) {
     case Deed::kEditTitle:
-      return InRow(operation.row, [word] { Robot::Type("Form6", "bname", word); });
+      return InRow(operation.row,
+                   [&] { Robot::Type("Form6", "bname", QString::fromStdString(operation.word)); });
     case Deed::kAttach:
       return InRow(operation.row,
                    [this] { desk_.form6.picB.SetText(PathOf(work_ + "/attached.pdf")); });
@@ -152,12 +157,8 @@ void Editor::Do(const Operation& operation) {
       return InRow(operation.row, [] { Robot::Click("Form6", "btn(0)"); });
     case Deed::kPictureInText:
       return PutPictureIntoText(operation.row);
-    case Deed::kEntryPicture:
+    default:
       return TickEntryPicture(operation.row, operation.length);
-    case Deed::kGalleryMode:
-      return Robot::Click("Form3", "Com(12)");
-    case Deed::kGalleryPicture:
-      return TickPicture(operation.length);
   }
 }
 

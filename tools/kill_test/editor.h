@@ -29,6 +29,7 @@ class Editor {
   static platform::Text InputText();
 
  private:
+  void DoInRow(const Operation& operation);
   void InRow(int row, const std::function<void()>& act);
   void PutPictureIntoText(int row);
   void TickEntryPicture(int row, int picture);

@@ -1,6 +1,7 @@
 #include "tools/kill_test/model.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/text/text.h"
 #include "workbench/clean_up.h"
@@ -21,14 +22,26 @@ std::string WithBreaks(const Text& text) {
   return platform::ToUtf8(platform::Replace(text, u"\n", platform::kCrLf));
 }
 
-// The first slot without a picture gets it.
-void Add(std::vector<std::string>& pictures, const std::string& picture) {
+// Takes a picture out, or puts it into the first place that holds none.
+void Tick(std::vector<std::string>& pictures, int number) {
+  const std::string picture = "p" + std::to_string(number + 1) + ".jpg";
+  const auto found = std::ranges::find(pictures, picture);
   const auto free = std::ranges::find(pictures, kRemoved);
-  if (free == pictures.end()) {
-    pictures.push_back(picture);
-  } else {
+  if (found != pictures.end()) {
+    *found = kRemoved;
+  } else if (free != pictures.end()) {
     *free = picture;
+  } else {
+    pictures.push_back(picture);
   }
+}
+
+// Whether it takes the passage that is selected out of the text.
+bool IsOfPassage(Deed deed) {
+  constexpr std::array kDeedsOfPassages = {Deed::kTitle,   Deed::kTitleInBrackets, Deed::kIdentity,
+                                           Deed::kHeading, Deed::kHeadingText,     Deed::kMainTitle,
+                                           Deed::kDelete};
+  return std::ranges::find(kDeedsOfPassages, deed) != kDeedsOfPassages.end();
 }
 
 }  // namespace
@@ -87,7 +100,7 @@ Operation Model::Choose() {
   Operation operation{.deed = static_cast<Deed>(Below(kDeeds))};
   // Headings and their texts are what an editor files most.
   if (Below(3) == 0) operation.deed = IsPending() ? Deed::kHeadingText : Deed::kHeading;
-  Select(operation);
+  if (IsOfPassage(operation.deed)) Select(operation);
   operation.word = "w" + std::to_string(Below(1000));
   operation.row = Below(std::max(count_, 1));
   if (operation.deed == Deed::kEntryPicture || operation.deed == Deed::kGalleryPicture) {
@@ -107,48 +120,39 @@ void Model::Select(Operation& operation) const {
   operation.length = static_cast<int>(end == Text::npos ? rest_.size() : end + 1);
 }
 
-bool Model::CanBeOpened(int row) const {
-  return row < count_ && rows_[static_cast<std::size_t>(row)].title != kMainEndMark;
-}
-
 bool Model::IsPossible(const Operation& operation) const {
-  const bool hasPassage = operation.length > 0;
+  if (IsOfPassage(operation.deed) && operation.length == 0) return false;
   switch (operation.deed) {
-    case Deed::kOpenText:
-    case Deed::kTypeTitle:
-    case Deed::kTypeText:
-    case Deed::kGalleryMode:
-      return true;
-    case Deed::kTitle:
-    case Deed::kTitleInBrackets:
-    case Deed::kDelete:
-      return hasPassage;
     case Deed::kHeadingText:
-      return hasPassage && IsPending();
+      return IsPending();
     case Deed::kIdentity:
     case Deed::kHeading:
     case Deed::kMainTitle:
-      return hasPassage && !IsPending();
+      return !IsPending();
     case Deed::kMainTitleEnd:
       return mainOpen_ > 0 && !IsPending();
     case Deed::kRebuild:
-      return rest_.size() > 0;
-    case Deed::kEditTitle: {
-      if (!CanBeOpened(operation.row)) return false;
-      const std::string& title = rows_[static_cast<std::size_t>(operation.row)].title;
-      return title != kMainMark && title != kIdentity;
-    }
+      return !rest_.empty();
+    case Deed::kEditTitle:
     case Deed::kPictureInText:
-      return CanBeOpened(operation.row) &&
-             rows_[static_cast<std::size_t>(operation.row)].title != kMainMark;
     case Deed::kAttach:
     case Deed::kDeleteRow:
     case Deed::kEntryPicture:
-      return CanBeOpened(operation.row);
+      return CanBeOpened(operation);
     case Deed::kGalleryPicture:
       return galleryMode_;
+    default:
+      return true;
   }
-  return false;
+}
+
+// Main titles' texts are plain, and their titles and those of identities are locked.
+bool Model::CanBeOpened(const Operation& operation) const {
+  if (operation.row >= count_) return false;
+  const std::string& title = rows_[static_cast<std::size_t>(operation.row)].title;
+  if (title == kMainEndMark) return false;
+  if (operation.deed == Deed::kEditTitle) return title != kMainMark && title != kIdentity;
+  return operation.deed != Deed::kPictureInText || title != kMainMark;
 }
 
 std::string Model::Passage(const Operation& operation) const {
@@ -156,43 +160,11 @@ std::string Model::Passage(const Operation& operation) const {
 }
 
 void Model::CarryOut(const Operation& operation) {
-  const std::string passage = Passage(operation);
-  const auto take = [&] { rest_.erase(0, static_cast<std::size_t>(operation.length)); };
   switch (operation.deed) {
     case Deed::kOpenText:
       rest_ = input_;
       isOpened_ = true;
       return;
-    case Deed::kTitle:
-      title_ += (title_.empty() ? "" : " ") + passage;
-      return take();
-    case Deed::kTitleInBrackets:
-      title_ += " (" + passage + ")";
-      return take();
-    case Deed::kIdentity:
-      rows_.push_back({kIdentity, passage});
-      ++count_;
-      return take();
-    case Deed::kHeading:
-      rows_.push_back({passage, ""});
-      return take();
-    case Deed::kHeadingText:
-      rows_.back().text = passage;
-      ++count_;
-      return take();
-    case Deed::kMainTitle:
-      rows_.push_back({kMainMark, passage});
-      lastMain_ = passage;
-      ++count_;
-      ++mainOpen_;
-      return take();
-    case Deed::kMainTitleEnd:
-      rows_.push_back({kMainEndMark, lastMain_});
-      ++count_;
-      --mainOpen_;
-      return;
-    case Deed::kDelete:
-      return take();
     case Deed::kTypeTitle:
       title_ = operation.word;
       return;
@@ -204,22 +176,51 @@ void Model::CarryOut(const Operation& operation) {
       rest_ = platform::Replace(workbench::RebuildParagraphs(plain, {}), platform::kCrLf, u"\n");
       return;
     }
+    case Deed::kMainTitleEnd:
+      rows_.push_back({kMainEndMark, lastMain_});
+      ++count_;
+      --mainOpen_;
+      return;
     case Deed::kGalleryMode:
       galleryMode_ = !galleryMode_;
       if (!galleryMode_) chosen_.clear();
       return;
-    case Deed::kGalleryPicture: {
-      const std::string picture = "p" + std::to_string(operation.length + 1) + ".jpg";
-      const auto found = std::ranges::find(chosen_, picture);
-      if (found != chosen_.end()) {
-        *found = kRemoved;
-      } else {
-        Add(chosen_, picture);
-      }
-      return;
-    }
+    case Deed::kGalleryPicture:
+      return Tick(chosen_, operation.length);
     default:
-      return CarryOutOnRow(operation);
+      return IsOfPassage(operation.deed) ? FilePassage(operation) : CarryOutOnRow(operation);
+  }
+}
+
+void Model::FilePassage(const Operation& operation) {
+  const std::string passage = Passage(operation);
+  rest_.erase(0, static_cast<std::size_t>(operation.length));
+  switch (operation.deed) {
+    case Deed::kTitle:
+      title_ += (title_.empty() ? "" : " ") + passage;
+      return;
+    case Deed::kTitleInBrackets:
+      title_ += " (" + passage + ")";
+      return;
+    case Deed::kHeading:
+      rows_.push_back({passage, ""});
+      return;
+    case Deed::kHeadingText:
+      rows_.back().text = passage;
+      ++count_;
+      return;
+    case Deed::kIdentity:
+      rows_.push_back({kIdentity, passage});
+      ++count_;
+      return;
+    case Deed::kMainTitle:
+      rows_.push_back({kMainMark, passage});
+      lastMain_ = passage;
+      ++count_;
+      ++mainOpen_;
+      return;
+    default:
+      return;
   }
 }
 
@@ -235,18 +236,9 @@ void Model::CarryOutOnRow(const Operation& operation) {
     case Deed::kPictureInText:
       row.text = "{" + std::to_string(images_++) + "}" + row.text;
       return;
-    case Deed::kEntryPicture: {
-      const std::string picture = "p" + std::to_string(operation.length + 1) + ".jpg";
-      std::vector<std::string>& pictures = gallery_[operation.row];
-      const auto found = std::ranges::find(pictures, picture);
+    case Deed::kEntryPicture:
       isGallery_[operation.row] = true;
-      if (found != pictures.end()) {
-        *found = kRemoved;
-      } else {
-        Add(pictures, picture);
-      }
-      return;
-    }
+      return Tick(gallery_[operation.row], operation.length);
     // Galleries stay at their row numbers, and the paragraph window, shown once more before it
     // closes, empties the one that it has in view.
     case Deed::kDeleteRow:

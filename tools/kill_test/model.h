@@ -64,13 +64,14 @@ class Model {
  private:
   Operation Choose();
   bool IsPossible(const Operation& operation) const;
+  bool CanBeOpened(const Operation& operation) const;
   void CarryOut(const Operation& operation);
+  void FilePassage(const Operation& operation);
   void CarryOutOnRow(const Operation& operation);
   void Select(Operation& operation) const;
   std::string Passage(const Operation& operation) const;
   int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
   bool IsPending() const { return static_cast<int>(rows_.size()) > count_; }
-  bool CanBeOpened(int row) const;
 
   std::mt19937 random_;
   platform::Text input_;

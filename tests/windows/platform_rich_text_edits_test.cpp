@@ -1,0 +1,117 @@
+// What a text box tells of its changes, against the text itself.
+#include <gtest/gtest.h>
+
+#include <QTextEdit>
+#include <array>
+#include <random>
+
+#include "platform/windows/rich_text_box.h"
+#include "tests/support/small_window.h"
+
+namespace {
+
+using platform::ControlKind;
+using platform::ControlRow;
+using platform::Text;
+using platform::TextEdit;
+using testing_support::Robot;
+using testing_support::SmallWindow;
+
+constexpr std::array kRows = std::to_array<ControlRow>({
+    {.name = u"matn", .kind = ControlKind::kRichTextBox, .width = 3000, .height = 3000},
+});
+constexpr platform::WindowDefinition kWindow = {
+    .name = u"Edits", .title = u"", .width = 3000, .height = 3000, .rows = kRows};
+
+class RichTextEdits : public testing::Test {
+ protected:
+  RichTextEdits() {
+    window.ShowActive();
+    matn.SetText(u"");
+    matn.TakeEdit();
+  }
+  // The text as the edits so far tell it.
+  void Follow() {
+    const std::optional<TextEdit> edit = matn.TakeEdit();
+    if (!edit) return;
+    told.replace(static_cast<std::size_t>(edit->start), static_cast<std::size_t>(edit->removed),
+                 edit->added);
+  }
+
+  SmallWindow window{kWindow};
+  platform::RichTextBox matn{window, u"matn"};
+  Text told;
+};
+
+TEST_F(RichTextEdits, TellNothingWhereNothingHasChanged) {
+  EXPECT_FALSE(matn.TakeEdit());
+  matn.SetText(u"alpha");
+  EXPECT_TRUE(matn.TakeEdit());
+  EXPECT_FALSE(matn.TakeEdit());
+  matn.SetSelStart(2);
+  EXPECT_FALSE(matn.TakeEdit());
+}
+
+// A passage that is taken out of a large text tells itself only.
+TEST_F(RichTextEdits, ARemovalTellsNoTextAtAll) {
+  matn.SetText(Text(100'000, u'x') + u"\r\nbehind");
+  matn.TakeEdit();
+  matn.SetSelStart(10);
+  matn.SetSelLength(500);
+  matn.SetSelText(u"");
+  const std::optional<TextEdit> edit = matn.TakeEdit();
+  ASSERT_TRUE(edit);
+  EXPECT_EQ(edit->start, 10);
+  EXPECT_EQ(edit->removed, 500);
+  EXPECT_EQ(edit->added, u"");
+}
+
+TEST_F(RichTextEdits, CountAParagraphsEndAsOne) {
+  matn.SetText(u"a\r\nb");
+  const std::optional<TextEdit> edit = matn.TakeEdit();
+  ASSERT_TRUE(edit);
+  EXPECT_EQ(edit->added, u"a\nb");
+  EXPECT_EQ(matn.EditedText(), u"a\nb");
+}
+
+TEST_F(RichTextEdits, FollowedTheyGiveTheText) {
+  std::mt19937 random(7);
+  const auto below = [&](int end) {
+    return static_cast<int>(random() % static_cast<unsigned>(end));
+  };
+  QTextEdit& edit = Robot::FindAs<QTextEdit>("Edits", "matn");
+  for (int step = 0; step < 400; ++step) {
+    const int length = static_cast<int>(matn.TextLength());
+    matn.SetSelStart(below(length + 1));
+    matn.SetSelLength(below(6));
+    switch (below(7)) {
+      case 0:
+        matn.SetSelText(u"");
+        break;
+      case 1:
+        matn.SetSelText(u"one\r\ntwo");
+        break;
+      case 2:
+        matn.SetSelRTF(u"{\\rtf1 a\\b b\\par c}");
+        break;
+      case 3:
+        edit.undo();
+        break;
+      case 4:
+        matn.SetSelAlignment(platform::SelectionAlignment::kCentre);
+        break;
+      case 5:
+        if (below(9) == 0) matn.SetText(u"anew\r\n");
+        break;
+      default:
+        matn.SetSelText(u"x");
+        if (below(2) == 0) matn.SetSelText(u"y");
+        break;
+    }
+    if (below(3) == 0) continue;  // several changes are told as one
+    Follow();
+    ASSERT_EQ(told, matn.EditedText()) << "step " << step;
+  }
+}
+
+}  // namespace
