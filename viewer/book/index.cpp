@@ -95,8 +95,9 @@ Index ParseIndex(QStringView text) {
 
 Index ReadIndex(const BookFolder& book) {
   IndexReader reader;
-  const bool isThere = ReadTextInPieces(book, QStringLiteral("Data/_xml/Index.xml"),
-                                        [&reader](QStringView piece) { reader.Feed(piece); });
+  const bool isThere = ReadTextInPieces(
+      book, QStringLiteral("Data/_xml/Index.xml"),
+      [&reader](QStringView piece, qsizetype toCome) { reader.Feed(piece, toCome); });
   if (!isThere) return {};
   Index index = reader.Finish();
   AddUnlisted(book, index);

@@ -52,7 +52,8 @@ void PutInOrder(std::vector<Collection>& all) {
 
 }  // namespace
 
-void IndexReader::Feed(QStringView piece) {
+void IndexReader::Feed(QStringView piece, qsizetype toCome) {
+  toCome_ = toCome;
   if (piece.contains(QChar::Null)) {
     held_ += piece.toString().remove(QChar::Null);
   } else {
@@ -121,9 +122,19 @@ void IndexReader::Close(qsizetype end) {
   if (collection.number == 0) {
     index_.credit = collection.title;
   } else {
+    MakeRoom(end - open_->start);
     index_.collections.push_back(std::move(collection));
   }
   open_.reset();
+}
+
+// For all that come, if they are as long as this one: to grow by and by takes fresh memory each
+// time.
+void IndexReader::MakeRoom(qsizetype lengthOfElement) {
+  std::vector<Collection>& all = index_.collections;
+  if (all.size() < all.capacity()) return;
+  const auto more = static_cast<std::size_t>((held_.size() + toCome_) / lengthOfElement + 1);
+  all.reserve(all.size() + std::max(all.size(), more));
 }
 
 void IndexReader::DropWhatIsDone() {

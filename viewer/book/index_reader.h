@@ -14,8 +14,9 @@ namespace viewer {
 // cut.
 class IndexReader {
  public:
-  // NULs are left out: they stand where a power cut took a line.
-  void Feed(QStringView piece);
+  // NULs are left out: they stand where a power cut took a line. `toCome` is how many characters
+  // are still left of the text, if that is known.
+  void Feed(QStringView piece, qsizetype toCome = 0);
   // What was found. Nothing is fed any more.
   Index Finish();
 
@@ -31,11 +32,13 @@ class IndexReader {
   void TakeLine(qsizetype end);
   std::optional<Open> OpenAt(qsizetype at, qsizetype lineEnd) const;
   void Close(qsizetype end);
+  void MakeRoom(qsizetype lengthOfElement);
   void DropWhatIsDone();
 
   QString held_;
   qsizetype line_ = 0;      // where the next one starts
   qsizetype searched_ = 0;  // no line ends before it
+  qsizetype toCome_ = 0;
   std::optional<Open> open_;
   Index index_;
 };

@@ -46,15 +46,15 @@ bool HasFailed(const QFile& file) {
 }
 
 // Units that stand in the file as they do in a text.
-void ReadUnits(QFile& file, qint64 bytes, const std::function<void(QStringView)>& take) {
+void ReadUnits(QFile& file, qint64 bytes, const TakePiece& take) {
   constexpr qint64 kUnitsInPiece = 64LL * 1024;
   QString piece(kUnitsInPiece, Qt::Uninitialized);
   while (bytes >= kUnit) {
     const qint64 came =
         file.read(reinterpret_cast<char*>(piece.data()), std::min(bytes, kUnitsInPiece * kUnit));
     if (came < kUnit) return;
-    take(QStringView(piece).first(came / kUnit));
     bytes -= came;
+    take(QStringView(piece).first(came / kUnit), bytes / kUnit);
   }
 }
 
@@ -82,8 +82,7 @@ std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBoo
   return path.isEmpty() ? std::nullopt : ReadText(path);
 }
 
-bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook,
-                      const std::function<void(QStringView)>& take) {
+bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook, const TakePiece& take) {
   const QString path = book.Needed(pathInBook);
   const std::unique_ptr<QFile> file = path.isEmpty() ? nullptr : OpenText(path);
   if (!file) return false;
@@ -92,7 +91,7 @@ bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook,
     file->skip(kUnit);
     ReadUnits(*file, length - kUnit, take);
   } else {
-    take(DecodeText(file->read(length)));
+    take(DecodeText(file->read(length)), 0);
   }
   HasFailed(*file);
   return true;

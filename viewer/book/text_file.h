@@ -24,8 +24,9 @@ std::optional<QString> ReadText(const QString& path);
 // The same for a file of the book, "DATA/TXT/x.htm".
 std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook);
 
+// Is given a piece of a text, and how many characters are still to come.
+using TakePiece = std::function<void(QStringView piece, qsizetype toCome)>;
 // The same a piece at a time, so that a long text needn't be held. False where there is nothing.
-bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook,
-                      const std::function<void(QStringView piece)>& take);
+bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook, const TakePiece& take);
 
 }  // namespace viewer
