@@ -14,7 +14,7 @@ using platform::TextView;
 namespace {
 
 // A short record isn't worth writing anew.
-constexpr std::size_t kAlwaysRoom = 256 * 1024;
+constexpr std::size_t kAlwaysRoom = std::size_t{256} * 1024;
 
 // For whoever looks into the folder; the record itself says whose it is.
 Text NameBeginning(const Collection& collection) {

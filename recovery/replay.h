@@ -16,6 +16,6 @@ std::optional<Work> ReadRecord(std::string_view file);
 // Whose work a file tells of, by its beginning alone; nothing where that isn't readable.
 std::optional<Collection> ReadCollection(std::string_view beginning);
 // So much of a file's beginning is enough for that.
-inline constexpr std::size_t kBeginning = 64 * 1024;
+inline constexpr std::size_t kBeginning = std::size_t{64} * 1024;
 
 }  // namespace recovery

@@ -34,6 +34,7 @@ namespace workbench {
 
 using filed::EntryTable;
 using filed::FiledWork;
+using filed::GalleryTable;
 
 class Form3 : public platform::Window, public core::WorkbenchPort, public FiledWork {
  public:

@@ -36,7 +36,8 @@ void EventWatch::After(int milliseconds, const std::function<void()>& act) {
 
 // Looks at the list anew each time, as one of them may make or end another.
 void TellEventWatches() {
-  for (std::size_t i = 0; i < Watching().size(); ++i) FromEvent(*Watching()[i]);
+  std::size_t next = 0;
+  while (next < Watching().size()) FromEvent(*Watching()[next++]);
 }
 
 }  // namespace platform
