@@ -102,6 +102,12 @@ void FlushFile(const std::string& path) {
   if (file < 0 || ::fsync(file) != 0 || ::close(file) != 0) Complain(path);
 }
 
+// With its name.
+void FlushOfXml(const std::string& path, const std::string& folder) {
+  FlushFile(path);
+  FlushFile(folder + "/_xml");
+}
+
 void FlushDisk(const std::string& folder) {
   const int opened = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);
   if (opened < 0 || ::syncfs(opened) != 0 || ::close(opened) != 0) Complain(folder);
@@ -125,8 +131,7 @@ void MakeIndex(const BareBook& book, const std::string& folder) {
   if (!Exists(folder + "/_xml") || Exists(index)) Complain(index);
   Make(index, std::string(kMark) + book.indexHead);
   Add(index, book.indexLine);
-  FlushFile(index);
-  FlushFile(folder + "/_xml");
+  FlushOfXml(index, folder);
 }
 
 }  // namespace
@@ -158,6 +163,7 @@ void MakeBook(const BareBook& book, const std::string& projectFolder) {
   const std::string collection = CollectionPath(projectFolder);
   if (Exists(collection)) Complain(collection);
   Make(collection, std::string(kMark) + book.collectionHead);
+  FlushOfXml(collection, projectFolder);
   for (const BareStep& step : book.steps) {
     if (!step.stem.empty()) MakeEntry(step, projectFolder);
     Add(collection, step.line);
