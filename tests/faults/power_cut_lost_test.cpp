@@ -18,7 +18,6 @@
 namespace {
 
 using faults::Road;
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::BoxText;
 using testing_support::DiskEvent;
@@ -28,7 +27,6 @@ using testing_support::Robot;
 using testing_support::TreeOf;
 using testing_support::VolatileDisk;
 
-constexpr const char* kIndex = "Data/_xml/Index.xml";
 constexpr const char* kCollection = "Data/_xml/aTitle1.xml";
 
 class LosingDisk : public testing::Test {
