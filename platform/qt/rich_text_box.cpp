@@ -144,6 +144,7 @@ class RichTextEdit : public QTextEdit {
     taken->setPageSize(QSizeF(0, 0));
     setWordWrapMode(ToolkitWrapping(WrappingOf(*taken)));
     taken->setParent(this);
+    RichTextPictures::Show(*taken);
     setDocument(taken);
     connect(taken, &QTextDocument::contentsChange, this, [this](int position, int, int added) {
       FitWrapping(position, added);
@@ -201,11 +202,8 @@ class RichTextEdit : public QTextEdit {
     if (event->reason() == QContextMenuEvent::Keyboard) handler(kRightButton);
   }
 
-  // Called once for each picture that is laid out or drawn. Nothing else is ever loaded.
-  QVariant loadResource(int type, const QUrl& name) override {
-    if (type != QTextDocument::ImageResource) return {};
-    return ShownPicture(*document(), name);
-  }
+  // The document brings its pictures along.
+  QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return {}; }
 
   QMimeData* createMimeDataFromSelection() const override {
     return new CopiedText(SelectedDocument(textCursor()));

@@ -13,8 +13,7 @@ namespace platform {
 namespace {
 
 constexpr int kKindProperty = QTextFormat::UserProperty + 1;
-// The toolkit replaces a picture's resource by the decoded image once it has drawn it, so the bytes
-// are kept with the picture's format.
+// A passage keeps its formats where it goes, and leaves the document's resources behind.
 constexpr int kBytesProperty = QTextFormat::UserProperty + 2;
 constexpr char16_t kLineBreak = u'\u2028';
 

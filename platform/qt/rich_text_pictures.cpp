@@ -1,9 +1,14 @@
 #include "platform/qt/rich_text_pictures.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QPainter>
+#include <QTextFormat>
+#include <QUrl>
 #include <QtEndian>
 #include <algorithm>
+#include <cstring>
+#include <memory>
 
 #include "media/picture_plan.h"
 #include "platform/qt/picture_decoder.h"
@@ -12,8 +17,7 @@ namespace platform {
 namespace {
 
 constexpr int kBitmapFileHeader = 14;
-// On a document: what its pictures take so far.
-constexpr const char* kBytesShown = "bytesShown";
+constexpr qsizetype kKilobyte = 1024;
 // Of one picture; as much as a box of text can show.
 constexpr quint64 kLargestShown = 4 * media::kMegabyte;
 
@@ -108,20 +112,85 @@ rtf::Picture PictureOfFile(QByteArray file) {
   return {};
 }
 
-QImage ShownPicture(QTextDocument& document, const QUrl& name) {
-  QByteArray file =
-      document.resource(QTextDocument::UserResource, FileNameOf(name.toString())).toByteArray();
-  const quint64 before = document.property(kBytesShown).toULongLong();
-  // The more there are, the coarser are the next; none is left out.
-  const quint64 left = media::kKeptMemory - std::min<quint64>(before, media::kKeptMemory);
-  const quint64 most = std::min(left / 32, kLargestShown);
-  DecodedPicture decoded =
-      DecodePicture(file, [most](QSize whole) { return WithinMemory(whole, most); });
-  if (decoded.picture.isNull()) return CrossedBox();
-  document.setProperty(kBytesShown, before + static_cast<quint64>(decoded.picture.sizeInBytes()));
-  decoded.picture.setDevicePixelRatio(static_cast<double>(decoded.picture.width()) /
-                                      decoded.whole.width());
-  return decoded.picture;
+void RichTextPictures::Show(QTextDocument& document) {
+  static RichTextPictures pictures;
+  document.documentLayout()->registerHandler(QTextFormat::ImageObject, &pictures);
+  pictures.Know(document);
+}
+
+RichTextPictures::RichTextPictures()
+    : kept_(static_cast<qsizetype>(media::kKeptMemory) / kKilobyte) {}
+
+void* RichTextPictures::qt_metacast(const char* name) {
+  const bool draws = std::strcmp(name, qobject_interface_iid<QTextObjectInterface*>()) == 0;
+  return draws ? static_cast<QTextObjectInterface*>(this) : QObject::qt_metacast(name);
+}
+
+// A size of its own has been set in whole pixels or not at all.
+QSizeF RichTextPictures::intrinsicSize(QTextDocument* document, int /*position*/,
+                                       const QTextFormat& format) {
+  const QTextImageFormat image = format.toImageFormat();
+  const bool hasWidth = image.hasProperty(QTextFormat::ImageWidth);
+  const bool hasHeight = image.hasProperty(QTextFormat::ImageHeight);
+  const QSize own(qRound(image.width()), qRound(image.height()));
+  if (hasWidth && hasHeight) return own;
+  const QSize whole = WholeSize(*document, image.name());
+  if (hasWidth)
+    return QSize(own.width(), qRound(own.width() * 1.0 * whole.height() / whole.width()));
+  if (hasHeight) {
+    return QSize(qRound(own.height() * 1.0 * whole.width() / whole.height()), own.height());
+  }
+  return whole;
+}
+
+void RichTextPictures::drawObject(QPainter* painter, const QRectF& place, QTextDocument* document,
+                                  int /*position*/, const QTextFormat& format) {
+  const QSizeF drawn = place.size() * painter->device()->devicePixelRatioF();
+  painter->drawImage(place, Decoded(*document, format.toImageFormat().name(), drawn.toSize()));
+}
+
+// It lasts until the next one is decoded.
+const QImage& RichTextPictures::Decoded(QTextDocument& document, const QString& name, QSize drawn) {
+  const Name key(&document, name);
+  const Shown* const kept = kept_.object(key);
+  if (kept && kept->drawn == drawn) return kept->picture;
+  QByteArray file = document.resource(QTextDocument::UserResource, FileNameOf(name)).toByteArray();
+  DecodedPicture decoded = DecodePicture(
+      file, [&](QSize whole) { return WithinMemory(whole.boundedTo(drawn), kLargestShown); });
+  auto shown = std::make_unique<Shown>(Shown{decoded.picture, drawn});
+  whole_[key] = decoded.whole;
+  if (decoded.picture.isNull()) {
+    shown->picture = CrossedBox();
+    whole_[key] = shown->picture.size();
+  }
+  shown->picture.convertTo(shown->picture.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                            : QImage::Format_RGB32);
+  const qsizetype cost = shown->picture.sizeInBytes() / kKilobyte + 1;
+  const QImage& picture = shown->picture;
+  kept_.insert(key, shown.release(), cost);
+  return picture;
+}
+
+QSize RichTextPictures::WholeSize(QTextDocument& document, const QString& name) {
+  constexpr int kAny = 1 << 24;
+  const Name key(&document, name);
+  if (!whole_.contains(key)) Decoded(document, name, {kAny, kAny});
+  return whole_.value(key);
+}
+
+void RichTextPictures::Know(const QTextDocument& document) {
+  if (known_.contains(&document)) return;
+  known_.insert(&document);
+  connect(&document, &QObject::destroyed, this, [this](QObject* gone) { Forget(gone); });
+}
+
+void RichTextPictures::Forget(const QObject* document) {
+  known_.remove(document);
+  const auto names = kept_.keys();
+  for (const Name& name : names) {
+    if (name.first == document) kept_.remove(name);
+  }
+  whole_.removeIf([document](const auto& each) { return each.key().first == document; });
 }
 
 }  // namespace platform

@@ -2,9 +2,14 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCache>
+#include <QHash>
 #include <QImage>
+#include <QObject>
+#include <QPair>
+#include <QSize>
 #include <QTextDocument>
-#include <QUrl>
+#include <QTextObjectInterface>
 
 #include "platform/rtf/document.h"
 
@@ -16,9 +21,36 @@ void AddPictureFile(QTextDocument& document, const QString& name, rtf::PictureKi
 // A file as rich text takes it: a GIF becomes a PNG. No bytes where it can't be decoded.
 rtf::Picture PictureOfFile(QByteArray file);
 
-// Decoded in a size in which all of the document's pictures together stay within what is kept; one
-// that can't be decoded is a grey box with a cross. The text has as much room for it as for the
-// whole picture.
-QImage ShownPicture(QTextDocument& document, const QUrl& name);
+// Lays out and draws the pictures of all documents. Each is decoded once it is drawn, in the size
+// in which it is; of all of them together no more is kept than a process may keep, those that were
+// drawn last. One that can't be decoded is a grey box with a cross.
+class RichTextPictures : public QObject, public QTextObjectInterface {
+ public:
+  static void Show(QTextDocument& document);
+
+  QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+  void drawObject(QPainter* painter, const QRectF& place, QTextDocument* document, int position,
+                  const QTextFormat& format) override;
+
+  // By this the toolkit finds out that an object lays out and draws.
+  void* qt_metacast(const char* name) override;
+
+ private:
+  using Name = QPair<const QObject*, QString>;  // of a document and of a picture in it
+  struct Shown {
+    QImage picture;
+    QSize drawn;  // for which it was decoded
+  };
+
+  RichTextPictures();
+  const QImage& Decoded(QTextDocument& document, const QString& name, QSize drawn);
+  QSize WholeSize(QTextDocument& document, const QString& name);
+  void Know(const QTextDocument& document);
+  void Forget(const QObject* document);
+
+  QCache<Name, Shown> kept_;    // costs are kilobytes
+  QHash<Name, QSize> whole_;    // as much room as each takes without a size of its own
+  QSet<const QObject*> known_;  // documents
+};
 
 }  // namespace platform

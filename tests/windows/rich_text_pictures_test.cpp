@@ -99,6 +99,48 @@ TEST_F(RichTextPictures, APictureWithoutASizeTakesTheRoomThatItMeasures) {
   EXPECT_NEAR(Edit().document()->size().height(), 1500, 60);
 }
 
+constexpr platform::ControlRow BoxAt(platform::TextView name, int left) {
+  return {.name = name,
+          .kind = platform::ControlKind::kRichTextBox,
+          .left = left,
+          .top = 150,
+          .width = 3000,
+          .height = 3000};
+}
+constexpr std::array kFourRows = std::to_array<platform::ControlRow>(
+    {BoxAt(u"one", 150), BoxAt(u"two", 3300), BoxAt(u"three", 6450), BoxAt(u"four", 9600)});
+
+constexpr platform::WindowDefinition kFourBoxes = {
+    .name = u"Four", .title = u"", .width = 12'750, .height = 3'300, .rows = kFourRows};
+
+// Of each text alone its pictures of 4 MB stay within bounds.
+TEST(RichTexts, PicturesOfSeveralTogetherStayWithinBounds) {
+  SmallWindow window(kFourBoxes);
+  platform::RichTextBox one(window, u"one");
+  platform::RichTextBox two(window, u"two");
+  platform::RichTextBox three(window, u"three");
+  platform::RichTextBox four(window, u"four");
+  window.Load();
+  const auto show = [](platform::RichTextBox& box, Qt::GlobalColor colour) {
+    const Picture picture{PictureKind::kPng, PictureOf("PNG", colour, {1000, 1000}), 0, 0};
+    platform::rtf::Paragraph paragraph;
+    paragraph.direction = platform::rtf::Direction::kLeftToRight;
+    paragraph.runs.assign(40, {{}, picture});
+    box.SetTextRTF(RtfOf({{paragraph}}));
+  };
+  const auto seen = [](const char* name) {
+    auto& box = Robot::FindAs<QTextEdit>("Four", name);
+    return box.viewport()->grab().toImage().pixelColor(30, 30);
+  };
+  const PeakMemory memory;
+  window.ShowActive();
+  for (platform::RichTextBox* box : {&one, &two, &three}) show(*box, Qt::blue);
+  show(four, Qt::red);
+  EXPECT_EQ(seen("four"), QColor(Qt::red));
+  for (const char* name : {"one", "two", "three"}) EXPECT_EQ(seen(name), QColor(Qt::blue)) << name;
+  EXPECT_LT(memory.Megabytes(), 130);
+}
+
 // A page may name a pipe, or a file without an end.
 TEST_F(RichTextPictures, WhatAPastedPageNamesIsNeverRead) {
   const TemporaryFolder folder;
