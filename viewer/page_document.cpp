@@ -8,6 +8,7 @@
 #include <QTextImageFormat>
 #include <QUrl>
 #include <algorithm>
+#include <optional>
 
 #include "viewer/look.h"
 #include "viewer/pictures.h"
@@ -17,6 +18,10 @@ namespace {
 
 // On a document: what the pictures in it take.
 constexpr const char* kPictureBytes = "pictureBytes";
+// On a picture's format.
+constexpr int kPath = QTextFormat::UserProperty + 1;
+constexpr int kPathInBook = QTextFormat::UserProperty + 2;
+constexpr int kWholeSize = QTextFormat::UserProperty + 3;  // in its own pixels
 constexpr qsizetype kLongestTitle = 2'000;
 
 // Measures of the page, as parts of the height of its letters.
@@ -54,71 +59,109 @@ void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& 
   cursor.insertText(text);
 }
 
-QSizeF SizeShown(const QImage& image, const PageStyle& style) {
-  const QSizeF natural = image.deviceIndependentSize() * style.pictureScale;
+QSizeF SizeShown(QSizeF whole, const PageStyle& style) {
+  const QSizeF natural = whole * style.pictureScale;
   const QSizeF box = style.pictureBox;
   if (natural.width() <= box.width() && natural.height() <= box.height()) return natural;
   return natural.scaled(box, Qt::KeepAspectRatio);
 }
 
-void InsertPicture(QTextCursor& cursor, const QImage& image, const PageStyle& style) {
-  QTextDocument& document = *cursor.document();
+QTextImageFormat PictureFormat(QSizeF whole, const PageStyle& style) {
   QTextImageFormat format;
-  format.setName(QStringLiteral("picture%1").arg(cursor.position()));
-  document.addResource(QTextDocument::ImageResource, QUrl(format.name()), image);
-  const QSizeF size = SizeShown(image, style);
+  const QSizeF size = SizeShown(whole, style);
+  format.setProperty(kWholeSize, whole);
   format.setWidth(size.width());
   format.setHeight(size.height());
-  cursor.insertImage(format);
+  return format;
 }
 
 // The more a section holds, the coarser are the next; none is left out.
 quint64 LargestPictureOf(const QTextDocument& document) {
   constexpr quint64 kPart = 24;
   const quint64 held = document.property(kPictureBytes).toULongLong();
-  return (kKeptByPage - std::min(held, kKeptByPage)) / kPart;
+  return (kKeptForPaper - std::min(held, kKeptForPaper)) / kPart;
+}
+
+void InsertWords(QTextCursor& cursor, const QString& path, const QString& pathInBook,
+                 const PageStyle& style) {
+  QTextCharFormat note = Letters(style);
+  note.setFont(ViewerFont(Part(style, kNoteHeight)));
+  note.setForeground(Qt::gray);
+  const QString why =
+      path.isEmpty() ? QStringLiteral("این تصویر در کتاب پیدا نشد") : NoteInPlaceOf(path);
+  cursor.insertText(u'[' + why + QStringLiteral(": ") + AsPath(pathInBook) + u']', note);
+}
+
+// Of a picture that can be shown.
+std::optional<QTextImageFormat> FormatFor(QTextCursor& cursor, const QString& path,
+                                          const PageStyle& style) {
+  const QString name = QStringLiteral("picture%1").arg(cursor.position() + 1);
+  QTextImageFormat format;
+  if (style.picturesComeLater) {
+    const QSize whole = SizeOfPicture(path, style.decodeBox);
+    if (whole.isEmpty()) return std::nullopt;
+    format = PictureFormat(whole, style);
+  } else {
+    QTextDocument& document = *cursor.document();
+    const QImage image =
+        DecodePicture(path, style.decodeBox, Fit::kInside, LargestPictureOf(document));
+    if (image.isNull()) return std::nullopt;
+    format = PictureFormat(image.deviceIndependentSize(), style);
+    document.addResource(QTextDocument::ImageResource, QUrl(name), image);
+    document.setProperty(kPictureBytes, document.property(kPictureBytes).toULongLong() +
+                                            static_cast<quint64>(image.sizeInBytes()));
+  }
+  format.setName(name);
+  return format;
 }
 
 void AppendPicture(QTextCursor& cursor, const BookFolder& book, const QString& pathInBook,
                    const PageStyle& style) {
-  QTextDocument& document = *cursor.document();
   const QString path = book.Needed(pathInBook);
-  const QImage image =
-      DecodePicture(path, style.decodeBox, Fit::kInside, LargestPictureOf(document));
-  if (image.isNull()) {
+  std::optional<QTextImageFormat> format = FormatFor(cursor, path, style);
+  if (!format) {
     cursor.insertBlock(BlockOf(Qt::AlignHCenter, style), Letters(style));
-    QTextCharFormat note = Letters(style);
-    note.setFont(ViewerFont(Part(style, kNoteHeight)));
-    note.setForeground(Qt::gray);
-    const QString why =
-        path.isEmpty() ? QStringLiteral("این تصویر در کتاب پیدا نشد") : NoteInPlaceOf(path);
-    cursor.insertText(u'[' + why + QStringLiteral(": ") + AsPath(pathInBook) + u']', note);
-    return;
+    return InsertWords(cursor, path, pathInBook, style);
   }
-  document.setProperty(kPictureBytes, document.property(kPictureBytes).toULongLong() +
-                                          static_cast<quint64>(image.sizeInBytes()));
+  format->setProperty(kPath, path);
+  format->setProperty(kPathInBook, pathInBook);
   cursor.insertBlock(BlockOf(Qt::AlignHCenter, 100, Part(style, kTitleGap)), Letters(style));
-  InsertPicture(cursor, image, style);
+  cursor.insertImage(*format);
 }
 
-// The pictures of the block; it holds one, or letters.
+// Of the block, which holds one picture, or letters; no format then.
+QTextImageFormat PictureIn(const QTextBlock& block) {
+  if (block.begin().atEnd()) return {};
+  const QTextCharFormat format = block.begin().fragment().charFormat();
+  return format.isImageFormat() ? format.toImageFormat() : QTextImageFormat();
+}
+
 void FitPicture(const QTextBlock& block, const PageStyle& style) {
-  if (block.begin().atEnd()) return;
-  const QTextFragment fragment = block.begin().fragment();
-  if (!fragment.charFormat().isImageFormat()) return;
-  QTextImageFormat format = fragment.charFormat().toImageFormat();
-  const QVariant image =
-      block.document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
-  const QSizeF size = SizeShown(image.value<QImage>(), style);
+  QTextImageFormat format = PictureIn(block);
+  const QSizeF size = SizeShown(format.property(kWholeSize).toSizeF(), style);
   if (size.isEmpty() || format.width() == size.width()) return;
   format.setWidth(size.width());
   format.setHeight(size.height());
   QTextCursor cursor(block);
-  cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+  cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
   cursor.setCharFormat(format);
 }
 
 }  // namespace
+
+QString PathOfPicture(const QTextFormat& format) { return format.property(kPath).toString(); }
+
+void ReplaceByWords(QTextDocument& document, const QString& path, const PageStyle& style) {
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QTextImageFormat format = PictureIn(block);
+    if (PathOfPicture(format) != path) continue;
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    cursor.setBlockFormat(BlockOf(Qt::AlignHCenter, style));
+    InsertWords(cursor, path, format.property(kPathInBook).toString(), style);
+  }
+}
 
 void FitPictures(QTextDocument& document, const PageStyle& style) {
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {

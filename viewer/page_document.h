@@ -5,6 +5,7 @@
 #include <QSize>
 #include <QString>
 #include <QTextDocument>
+#include <QTextFormat>
 
 #include "viewer/book/folder.h"
 #include "viewer/book/page.h"
@@ -17,8 +18,15 @@ struct PageStyle {
   double pictureScale = 1;      // pixels of the document to one of a picture
   QSize pictureBox{600, 1200};  // the most that a picture takes, in pixels of the document
   QSize decodeBox{600, 1200};   // larger pictures are made as small as this
+  bool picturesComeLater =
+      false;  // there is room for them, and a handler of the document draws them
   QColor ink = Qt::black;
 };
+
+// The path of the file of a picture in the document.
+QString PathOfPicture(const QTextFormat& format);
+// Puts words in the place of each picture of that path, which can't be shown.
+void ReplaceByWords(QTextDocument& document, const QString& path, const PageStyle& style);
 
 // Makes the pictures as large as the style wants them, where it wants them otherwise by now.
 void FitPictures(QTextDocument& document, const PageStyle& style);

@@ -21,7 +21,11 @@ constexpr int kMostMarks = 500;
 }  // namespace
 
 PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent)
-    : QTextEdit(parent), book_(book), look_(look), pictures_(pictures) {
+    : QTextEdit(parent),
+      book_(book),
+      look_(look),
+      pictures_(pictures),
+      pagePictures_(pictures, look, *viewport(), {kColumnWidth, kHighestPicture}) {
   setObjectName(QStringLiteral("page"));
   setAccessibleName(QStringLiteral("متن"));
   setReadOnly(true);
@@ -34,6 +38,9 @@ PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures,
   viewport()->setAutoFillBackground(false);
   style_.ink = look.ink;
   style_.decodeBox = {kColumnWidth, kHighestPicture};
+  style_.picturesComeLater = true;
+  pagePictures_.DrawThoseOf(*document());
+  pagePictures_.onBroken = [this](const QString& picture) { ShowWordsFor(picture); };
   QObject::connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
                    [this] { AppendWhileNear(); });
 }
@@ -152,6 +159,15 @@ void PageView::MarkWords(int fromBlock) {
     }
   }
   setExtraSelections(marks_);
+}
+
+// The reader stays at the same line.
+void PageView::ShowWordsFor(const QString& picture) {
+  QTextCursor top(document());
+  top.setPosition(PlaceAtTop());
+  ReplaceByWords(*document(), picture, style_);
+  ScrollTo(top.position());
+  AppendWhileNear();
 }
 
 // Long lines are hard to read: the column is as wide as a book's, in the middle.

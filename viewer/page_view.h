@@ -10,6 +10,7 @@
 #include "viewer/book/page.h"
 #include "viewer/look.h"
 #include "viewer/page_document.h"
+#include "viewer/page_pictures.h"
 #include "viewer/pictures.h"
 
 namespace viewer {
@@ -59,6 +60,7 @@ class PageView : public QTextEdit {
   void AppendUntil(PagePlace place);
   void AppendWhileNear();
   void MarkWords(int fromBlock);
+  void ShowWordsFor(const QString& picture);
   void FitColumn();
   int PlaceAtTop() const;
   void ScrollTo(int position, int below = 0);
@@ -68,6 +70,7 @@ class PageView : public QTextEdit {
   const BookFolder& book_;
   const Look& look_;
   Pictures& pictures_;
+  PagePictures pagePictures_;
   Page page_;
   std::vector<PagePlace> sections_ = {{}, {}};  // their starts, and the end of the page
   int section_ = 0;

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
+#include <array>
 
 #include "media/turns.h"
 
@@ -64,6 +65,7 @@ class Reader {
 // What is to be done with a file, found before it takes memory.
 struct Plan {
   media::PictureKind kind = media::PictureKind::kUnknown;
+  QSize shown;       // upright
   QSize decoded;     // as the file has it, not turned upright
   double finer = 1;  // pixels decoded to one that is shown
   media::PictureNeed need;
@@ -79,10 +81,10 @@ Plan PlanFor(QByteArray bytes, QSize box, Fit fit, quint64 most) {
   if (!plan.whyNot.empty()) return plan;
   const bool lies = Reader(bytes, header.kind).LiesOnItsSide();
   const auto whole = media::ToToolkit<QSize>(header.size);
-  const QSize shown =
+  plan.shown =
       SizeShown(lies ? whole.transposed() : whole, box.expandedTo({1, 1}), fit).expandedTo({1, 1});
-  const media::PictureSize decoded = media::WithinMemory(media::FromToolkit(shown), most);
-  plan.finer = static_cast<double>(decoded.width) / shown.width();
+  const media::PictureSize decoded = media::WithinMemory(media::FromToolkit(plan.shown), most);
+  plan.finer = static_cast<double>(decoded.width) / plan.shown.width();
   const auto upright = media::ToToolkit<QSize>(decoded);
   plan.decoded = lies ? upright.transposed() : upright;
   plan.need = media::NeedOf(header, media::FromToolkit(plan.decoded));
@@ -102,14 +104,41 @@ Plan PlanFor(QFile& file, QSize box, Fit fit, quint64 most) {
   return PlanFor(file.read(file.size()), box, fit, most);
 }
 
+bool IsFile(const QString& path) { return !path.isEmpty() && QFileInfo(path).isFile(); }
+
+void TellWhyNot(const QString& path, const std::string& whyNot) {
+  qWarning() << "no picture that can be shown:" << path << whyNot.c_str();
+}
+
 }  // namespace
 
+QSize SizeOfPicture(const QString& path, QSize box) {
+  // Nearly each tells its size early; some begin with a lot of notes. So little is read at once
+  // that it needs no turn among those that decode.
+  constexpr std::array<qint64, 2> kBeginnings = {65'536, 8'388'608};  // bytes
+  if (!IsFile(path)) return {};
+  Plan plan;
+  QFile file(path);
+  for (const qint64 beginning : kBeginnings) {
+    if (!file.open(QIODevice::ReadOnly)) break;
+    const bool isWhole = file.size() <= beginning;
+    plan = PlanFor(file.read(beginning), box, Fit::kInside, kLargestInWindow);
+    file.close();
+    // What the rest takes is seen before it is decoded.
+    if (!isWhole && !plan.shown.isEmpty()) return plan.shown;
+    if (isWhole && plan.whyNot.empty()) return plan.shown;
+    if (isWhole) break;
+  }
+  TellWhyNot(path, plan.whyNot);
+  return {};
+}
+
 QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most) {
-  if (path.isEmpty() || !QFileInfo(path).isFile()) return {};
+  if (!IsFile(path)) return {};
   QFile file(path);
   const Plan plan = PlanFor(file, box, fit, most);
   if (!plan.whyNot.empty()) {
-    qWarning() << "no picture that can be shown:" << path << plan.whyNot.c_str();
+    TellWhyNot(path, plan.whyNot);
     return {};
   }
   // While it waits for its turn, nothing is held of it.

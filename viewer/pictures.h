@@ -23,9 +23,9 @@ enum class Fit {
 };
 
 // What is kept to be shown, of all that a process may keep: the window's pictures, as much of those
-// over the whole screen, and those inside the page.
+// over the whole screen, and those of a section that is printed.
 inline constexpr quint64 kKeptByWindow = media::kKeptMemory / 4;
-inline constexpr quint64 kKeptByPage = media::kKeptMemory / 2;
+inline constexpr quint64 kKeptForPaper = media::kKeptMemory / 2;
 
 // Of one picture: several are seen at a time, or one over the whole screen.
 inline constexpr quint64 kLargestInWindow = kKeptByWindow / 4;
@@ -35,6 +35,10 @@ inline constexpr quint64 kLargestOnScreen = kKeptByWindow / 8 * 7;
 // which is told before (media/picture_plan.h). Waits while other threads decode in the memory that
 // it needs. One of more than `most` bytes is coarser, by its device's pixel ratio.
 QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most);
+
+// How large the picture is inside the box, by the beginning of its file: decoding it may fail
+// nonetheless. An empty size, with a warning, where it is known already that it can't be shown.
+QSize SizeOfPicture(const QString& path, QSize box);
 
 // What stands in the place of a picture that isn't shown; `path` is empty where there is no file.
 QString NoteInPlaceOf(const QString& path);

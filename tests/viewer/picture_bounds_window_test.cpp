@@ -1,7 +1,9 @@
 // Pictures of a book that would take much of a decoder: what the reader sees, and what it takes.
 #include <gtest/gtest.h>
 
+#include <QScrollBar>
 #include <QTest>
+#include <QTextEdit>
 #include <filesystem>
 
 #include "tests/support/peak_memory.h"
@@ -106,6 +108,65 @@ TEST_F(PictureBounds, APageSaysWhichOfItsPicturesItCannotShow) {
       u"[این تصویر نمایش داده نمی‌شود: \u2066Data/IMG/A.jpg"_s))
       << text.toStdString();
   EXPECT_TRUE(text.contains(u"[این تصویر در کتاب پیدا نشد: \u2066Data/IMG/GONE.jpg"_s));
+}
+
+// Decoding them may take a second each.
+TEST_F(PictureBounds, APageIsThereBeforeItsPictures) {
+  Write(u"Data/IMG/A.jpg"_s, PictureOf("PNG", Qt::green, {300, 300}));
+  OpenPage(u"<pgMain>words</pgMain>\r\n<IMG src=\"Data/IMG/A.jpg\">\r\n"_s);
+  auto& page = static_cast<QTextEdit&>(Find(*window_, u"page"_s));
+  const auto hasGreen = [&] {
+    const QImage seen = page.viewport()->grab().toImage();
+    for (int y = 0; y < seen.height(); y += 20) {
+      if (seen.pixelColor(seen.width() / 2, y) == QColor(Qt::green)) return true;
+    }
+    return false;
+  };
+  const double height = page.document()->size().height();
+  EXPECT_GT(height, 300);
+  EXPECT_TRUE(PageText(*window_).contains(u"words"_s));
+  EXPECT_FALSE(hasGreen());
+  EXPECT_TRUE(Await(hasGreen));
+  EXPECT_EQ(page.document()->size().height(), height);
+}
+
+TEST_F(PictureBounds, APictureOfAPageThatTurnsOutToBeDamagedGivesWayToItsWords) {
+  std::string damaged = PictureOf("PNG", Qt::green, {300, 300});
+  damaged.replace(damaged.find("IDAT") + 4, 12, 12, 'x');
+  Write(u"Data/IMG/A.jpg"_s, damaged);
+  OpenPage(
+      u"<pgMain>before</pgMain>\r\n<IMG src=\"Data/IMG/A.jpg\">\r\n<pgMain>behind</pgMain>\r\n"_s);
+  EXPECT_TRUE(Await([&] {
+    window_->grab();
+    return PageText(*window_).contains(
+        u"[این تصویر نمایش داده نمی‌شود: \u2066Data/IMG/A.jpg"_s);
+  }));
+  EXPECT_TRUE(PageText(*window_).contains(u"behind"_s));
+}
+
+// What a page shows is at most as much as fits into its window; what lies above is decoded anew.
+TEST_F(PictureBounds, APictureOfAPageIsThereAgainAfterManyOthers) {
+  QString pictures;
+  Write(u"Data/IMG/A.jpg"_s, PictureOf("PNG", Qt::green, {700, 300}));
+  pictures += u"<IMG src=\"Data/IMG/A.jpg\">\r\n"_s;
+  for (int i = 0; i < 12; ++i) {
+    Write(u"Data/IMG/R%1.jpg"_s.arg(i), PictureOf("PNG", Qt::red, {780, 1200}));
+    pictures += u"<IMG src=\"Data/IMG/R%1.jpg\">\r\n"_s.arg(i);
+  }
+  OpenPage(pictures);
+  auto& page = static_cast<QTextEdit&>(Find(*window_, u"page"_s));
+  const auto middleIs = [&](Qt::GlobalColor colour) {
+    const QImage seen = page.viewport()->grab().toImage();
+    return seen.pixelColor(seen.width() / 2, 150) == QColor(colour);
+  };
+  EXPECT_TRUE(Await([&] { return middleIs(Qt::green); }));
+  QScrollBar& bar = *page.verticalScrollBar();
+  for (int step = 1; step <= 12; ++step) {
+    bar.setValue(step * 1220);
+    EXPECT_TRUE(Await([&] { return middleIs(Qt::red); })) << step;
+  }
+  bar.setValue(0);
+  EXPECT_TRUE(Await([&] { return middleIs(Qt::green); }));
 }
 
 // Each of them takes 3.6 MB in the page.
