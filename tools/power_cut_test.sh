@@ -6,7 +6,9 @@
 # As root, with loop devices and ext4. The disk is a file with an ext4 in it. While a message box
 # stands the file is copied, which has then what a disk has that lost its power: each copy is mounted,
 # the journal is played back, and all that the box told of must be there, byte for byte. Copies are
-# taken at other moments, too; there, all that an earlier box told of must be left.
+# taken at other moments, too; there, all that an earlier box told of must be left, and what is
+# replaced since must be the old file or the new one, whole. The index has all its old lines, and of
+# new ones each is whole or not there.
 set -euo pipefail
 # shellcheck source=/dev/null
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
@@ -15,15 +17,21 @@ SESSION=$BUILD/tools/sample_session/sample_session
 RESOURCES=$ROOT/build/zorvand/Resources
 MEGABYTES=256
 
-# What stands at a box, for the copies of it: at_box FOLDER TEXT. Run by the session, which waits.
-at_box() {
-  local work=$1 seconds number before=0
-  number=$(find "$work/copies" -name '*.told' | wc -l)
+# The book and its exports as the tool sees them.
+copy_tree() {
+  local work=$1 number=$2
   mkdir "$work/copies/$number.tree"
   cp -a "$work/disk/session/program/Data" "$work/copies/$number.tree"
   if [ -d "$work/disk/session/program/Export" ]; then
     cp -a "$work/disk/session/program/Export" "$work/copies/$number.tree"
   fi
+}
+
+# What stands at a box, for the copies of it: at_box FOLDER TEXT. Run by the session, which waits.
+at_box() {
+  local work=$1 seconds number before=0
+  number=$(find "$work/copies" -name '*.told' | wc -l)
+  copy_tree "$work" "$number"
   for seconds in $POWER_CUT_SECONDS; do
     sleep $((seconds - before))
     before=$seconds
@@ -32,49 +40,94 @@ at_box() {
   printf '%s\n' "$2" >"$work/copies/$number.told"
 }
 
+# Where the tool is just replacing the book's media, which it takes away before it copies them.
+is_saving() {
+  tail -n 1 "$1/disk/session/program/ZVL.txt" | grep -q 'Saving settings'
+}
+
 # While the session runs, now and then, with the session stopped so that a copy is of one moment.
 copy_now_and_then() {
-  local work=$1 session=$2 number=0 told
+  local work=$1 session=$2 number=0 told moment
   while kill -0 "$session" 2>/dev/null; do
     sleep "0.$((RANDOM % 9 + 1))"
     told=$(find "$work/copies" -name '*.told' | wc -l)
     [ "$told" -gt 0 ] || continue
     kill -STOP "$session" 2>/dev/null || break
-    cp --sparse=always "$work/image" "$work/copies/$((told - 1)).r$number.image"
+    moment=r
+    if is_saving "$work"; then moment=s; fi
+    cp --sparse=always "$work/image" "$work/copies/$((told - 1)).$moment$number.image"
     kill -CONT "$session" 2>/dev/null || break
     number=$((number + 1))
   done
 }
 
-# Whether a file of the book may be another one than at the box before.
+# Whether a file may be another one than at the box before.
 is_replaced() {
   case "$1" in
-    */Index.xml | */CDProperty.xml | */FlashIMG/*) true ;;
+    ./Data/_xml/Index.xml | ./Data/TXT/CDProperty.xml | ./Data/FlashIMG/*) true ;;
     *) false ;;
   esac
 }
 
-# What differs between what was told and what is left, one path a line: lost TREE DISK EXACTLY
+# Whether a file is the same in two places, or in neither.
+is_same() {
+  if [ -e "$1" ]; then cmp -s "$1" "$2"; else [ ! -e "$2" ]; fi
+}
+
+# Whether an index has the lines of the old one and those of the new one up to some line's end. One
+# that is new may still be empty.
+is_between() {
+  local old=$1 new=$2 left=$3
+  is_same "$old" "$left" && return
+  if [ ! -e "$old" ] && [ ! -s "$left" ]; then return; fi
+  [ -e "$left" ] && cmp -s -n "$(stat -c %s "$left")" "$left" "$new" || return
+  [ ! -e "$old" ] || cmp -s -n "$(stat -c %s "$old")" "$old" "$left" || return
+  [ "$(tail -c 2 "$left" | od -An -tx1)" = ' 0a 00' ]
+}
+
+# Whether what may be replaced since the box was replaced well.
+is_old_or_new() {
+  local file=$1 tree=$2 next=$3 disk=$4 moment=$5
+  case "$file" in
+    */Index.xml) is_between "$tree/$file" "$next/$file" "$disk/$file" ;;
+    */FlashIMG/*) [ "$moment" = s ] || is_same "$tree/$file" "$disk/$file" ||
+      is_same "$next/$file" "$disk/$file" ;;
+    *) is_same "$tree/$file" "$disk/$file" || is_same "$next/$file" "$disk/$file" ||
+      { [ ! -e "$tree/$file" ] && [ "$moment" = s ]; } ;;
+  esac
+}
+
+# What differs between what was told and what is left, one path a line:
+# lost TREE NEXT_TREE DISK MOMENT, where MOMENT is "told" for a copy that must be exact.
 lost() {
-  local tree=$1 disk=$2 exactly=$3 file
-  (cd "$tree" && find . -type f) | while read -r file; do
-    if [ "$exactly" = 0 ] && is_replaced "$file"; then continue; fi
-    cmp -s "$tree/$file" "$disk/$file" || printf '%s\n' "${file#./}"
-  done
+  local tree=$1 next=$2 disk=$3 moment=$4 file
+  { (cd "$tree" && find . -type f) && (cd "$next" && find ./Data -type f); } | sort -u |
+    while read -r file; do
+      if [ "$moment" != told ] && is_replaced "$file"; then
+        is_old_or_new "$file" "$tree" "$next" "$disk" "$moment" && continue
+      elif [ ! -e "$tree/$file" ] || cmp -s "$tree/$file" "$disk/$file"; then
+        continue
+      fi
+      printf '%s\n' "${file#./}"
+    done
 }
 
 check_copy() {
-  local work=$1 image=$2 name number exactly=1 missing
+  local work=$1 image=$2 name number moment=told missing
   name=$(basename "$image" .image)
   number=${name%%.*}
-  case "${name#*.}" in r*) exactly=0 ;; esac
   # Only these boxes tell that something is on the disk.
   case "$(cat "$work/copies/$number.told")" in
     *ساخته* | *آماده*) ;;
-    *) exactly=0 ;;
+    *) moment=r ;;
+  esac
+  case "${name#*.}" in
+    r*) moment=r ;;
+    s*) moment=s ;;
   esac
   mount -o loop "$image" "$work/copy"
-  missing=$(lost "$work/copies/$number.tree" "$work/copy/session/program" "$exactly")
+  missing=$(lost "$work/copies/$number.tree" "$work/copies/$((number + 1)).tree" \
+    "$work/copy/session/program" "$moment")
   umount "$work/copy"
   checked=$((checked + 1))
   [ -z "$missing" ] && return
@@ -119,6 +172,7 @@ wait "$session" || {
   die "The sample session failed."
 }
 session=
+copy_tree "$WORK" "$(find "$WORK/copies" -name '*.told' | wc -l)"
 
 checked=0
 failed=0
