@@ -39,8 +39,9 @@ class ToolApplication : public QApplication {
     const bool ofLoop = level > level_;
     const int before = std::exchange(level_, level);
     const bool result = QApplication::notify(receiver, event);
-    level_ = before;
+    // What the watches send themselves is a part of it, too.
     if (ofLoop) TellEventWatches();
+    level_ = before;
     return result;
   }
 

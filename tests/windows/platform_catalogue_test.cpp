@@ -94,6 +94,7 @@ TEST(PlatformCatalogueNames, FieldsBearTheirLabels) {
   const std::string words =
       "حذف تمامي پاراگراف\u200Cها و ايجاد پاراگراف بر اساس           كلمه در هر سطر";
   const std::map<std::string, std::map<const char*, std::string>> expected = {
+      {"Recovery", {}},
       {"Form1",
        {{"title", "رديف اول:\u200F"},
         {"matn", "رديف دوم:\u200F"},

@@ -49,6 +49,19 @@ TEST(EventWatch, IsToldBehindEachEventAndNotInTheMiddleOfOne) {
   EXPECT_EQ(told, "(i).");
 }
 
+TEST(EventWatch, WhatItSendsItselfIsNotToldAgain) {
+  std::string told;
+  Receiver receiver;
+  receiver.act = [&] { told += 'e'; };
+  const EventWatch watch([&] {
+    told += '<';
+    if (told.size() < 20) receiver.Send();
+    told += '>';
+  });
+  receiver.Send();
+  EXPECT_EQ(told, "e<e>");
+}
+
 TEST(EventWatch, AnEventOfANestedLoopStandsForItself) {
   std::string told;
   Receiver outer;
