@@ -22,15 +22,22 @@ std::string BookName(const testing_support::Desk& desk) {
 }
 
 // Memory is short from a file operation on, so that the request which fails is one of the pass and
-// none of the toolkit's: the first of that many bytes behind the first such operation.
+// none of the toolkit's: the first after the first such operation that is as large as this part of
+// a text of the book.
 struct Shortage {
   std::string operation;
   std::string pathEnd;
-  std::size_t bytes;
+  std::string text;
+  std::size_t part = 1;  // a half is 2
 };
 
 void PrintTo(const Shortage& shortage, std::ostream* out) {
-  *out << shortage.operation << " " << shortage.pathEnd << ", " << shortage.bytes << " bytes";
+  *out << shortage.operation << " " << shortage.pathEnd << ", " << shortage.text << " / "
+       << shortage.part;
+}
+
+std::size_t BytesOf(const Shortage& shortage) {
+  return faults::Expected("road").at(shortage.text).size() / shortage.part;
 }
 
 class BuildWithoutMemory : public testing::TestWithParam<Shortage> {
@@ -38,9 +45,10 @@ class BuildWithoutMemory : public testing::TestWithParam<Shortage> {
   ~BuildWithoutMemory() override { testing_support::LetAllocationsBe(); }
 
   static void MakeShort(testing_support::Desk& desk) {
-    desk.files.onOperation = [&desk, shortage = GetParam()](const std::string& name) {
+    desk.files.onOperation = [&desk, shortage = GetParam(),
+                              bytes = BytesOf(GetParam())](const std::string& name) {
       if (!name.starts_with(shortage.operation) || !name.ends_with(shortage.pathEnd)) return;
-      testing_support::FailNextAllocation(shortage.bytes);
+      testing_support::FailNextAllocation(bytes);
       desk.files.onOperation = nullptr;
     };
   }
@@ -66,12 +74,19 @@ TEST_P(BuildWithoutMemory, LosesNothingAndCanBeStartedAgain) {
   EXPECT_TRUE(wrongAtTheEnd.empty()) << wrongAtTheEnd;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Each, BuildWithoutMemory,
-    testing::Values(Shortage{"FileExists", "Index.xml", 200}, Shortage{"ReadAll", "Index.xml", 400},
-                    Shortage{"DeleteFile", "aTitle1.xml", 600}, Shortage{"FileExists", ".htm", 200},
-                    Shortage{"FileExists", ".htm", 400}, Shortage{"FileExists", ".htm", 800},
-                    Shortage{"FileExists", ".htm", 1600}, Shortage{"CopyFile", "rose.gif", 400},
-                    Shortage{"CopyFile", ".mp3", 200}));
+constexpr const char* kIndex = "_xml/Index.xml";
+constexpr const char* kCollection = "_xml/aTitle1.xml";
+constexpr const char* kPage = "TXT/NAME1.htm";
+
+INSTANTIATE_TEST_SUITE_P(Each, BuildWithoutMemory,
+                         testing::Values(Shortage{"FileExists", "Index.xml", kIndex, 2},
+                                         Shortage{"ReadAll", "Index.xml", kIndex},
+                                         Shortage{"DeleteFile", "aTitle1.xml", kCollection},
+                                         Shortage{"FileExists", ".htm", kPage, 16},
+                                         Shortage{"FileExists", ".htm", kPage, 8},
+                                         Shortage{"FileExists", ".htm", kPage, 4},
+                                         Shortage{"FileExists", ".htm", kPage, 2},
+                                         Shortage{"CopyFile", "rose.gif", kPage, 8},
+                                         Shortage{"CopyFile", ".mp3", kCollection, 2}));
 
 }  // namespace

@@ -9,17 +9,29 @@ namespace {
 
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 std::size_t failingFrom = kNever;
+int stillPassing = 0;
+std::size_t askedFor = 0;
 
 }  // namespace
 
-void FailNextAllocation(std::size_t atLeastBytes) { failingFrom = atLeastBytes; }
+void FailNextAllocation(std::size_t atLeastBytes, int passing) {
+  failingFrom = atLeastBytes;
+  stillPassing = passing;
+}
 bool AllocationStillToFail() { return failingFrom != kNever; }
 void LetAllocationsBe() { failingFrom = kNever; }
+
+std::size_t BytesAskedFor(const std::function<void()>& act) {
+  const std::size_t before = askedFor;
+  act();
+  return askedFor - before;
+}
 
 namespace {
 
 void* Allocated(std::size_t bytes) {
-  if (bytes >= failingFrom) {
+  askedFor += bytes;
+  if (bytes >= failingFrom && stillPassing-- == 0) {
     failingFrom = kNever;
     throw std::bad_alloc();
   }

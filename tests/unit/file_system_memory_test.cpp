@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <new>
+#include <string>
 
 #include "platform/failure.h"
 #include "platform/files/file_system.h"
@@ -33,6 +34,17 @@ TEST_F(FilesWithoutMemory, ACopyLeavesNoNewTarget) {
   EXPECT_FALSE(folder_.Has(u"new"));
   files_.CopyFile(folder_.Path(u"a"), folder_.Path(u"new"));
   EXPECT_EQ(folder_.Read(u"new"), "x");
+}
+
+TEST_F(FilesWithoutMemory, AFileOfAnySizeIsCopiedInTheSameMemory) {
+  constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+  folder_.Write(u"small", "x");
+  folder_.Write(u"large", std::string(10 * kMegabyte, 'x'));
+  const auto copy = [this](platform::TextView from, platform::TextView to) {
+    return testing_support::BytesAskedFor(
+        [&] { files_.CopyFile(folder_.Path(from), folder_.Path(to)); });
+  };
+  EXPECT_LE(copy(u"large", u"new"), copy(u"small", u"another") + testing_support::kSmallChange);
 }
 
 TEST_F(FilesWithoutMemory, OpeningANewFileLeavesNone) {

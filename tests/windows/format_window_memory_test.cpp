@@ -6,8 +6,12 @@
 
 namespace {
 
+using platform::Text;
+using testing_support::BytesAskedFor;
 using testing_support::FailNextAllocation;
 using testing_support::FormatDesk;
+using testing_support::kSmallChange;
+using testing_support::SizeInMemory;
 
 class FormatWindowMemory : public testing::Test {
  protected:
@@ -28,36 +32,63 @@ class FormatWindowMemory : public testing::Test {
 };
 
 constexpr std::size_t kCharacters = 1U << 20U;
+constexpr std::int16_t kCut = 32000;
+constexpr std::int16_t kParagraphs = 20000;
 
 TEST_F(FormatWindowMemory, Failure58ATitleThatCannotBeTakenOver) {
-  const platform::Text title(kCharacters, u't');
-  FailNextAllocation(kCharacters);
+  const Text title(kCharacters, u't');
+  FailNextAllocation(SizeInMemory(title));
   EXPECT_EQ(desk.form3.DelCrLf(title), u"");
   ExpectOutOfMemory(58);
   EXPECT_EQ(desk.form3.DelCrLf(title), title);
 }
 
+TEST_F(FormatWindowMemory, ATitleIsTakenOverInItsOwnSize) {
+  const Text title(kCharacters, u't');
+  EXPECT_LE(BytesAskedFor([&] { desk.form3.DelCrLf(title); }), SizeInMemory(title) + kSmallChange);
+}
+
 TEST_F(FormatWindowMemory, Failure65ATextThatCannotBeCut) {
-  const platform::Text text(kCharacters, u't');
-  FailNextAllocation(kCharacters);
-  EXPECT_EQ(desk.form3.BeBor(text, 32000), platform::Text(32000, u't') + u"...");
-  testing_support::LetAllocationsBe();
-  FailNextAllocation(32000);
-  EXPECT_EQ(desk.form3.BeBor(text, 32000), u"");
+  const Text text(kCharacters, u't');
+  const Text cut = Text(kCut, u't') + u"...";
+  EXPECT_EQ(desk.form3.BeBor(text, kCut), cut);
+  FailNextAllocation(kCut);
+  EXPECT_EQ(desk.form3.BeBor(text, kCut), u"");
   ExpectOutOfMemory(65);
 }
 
+// Of the long text nothing is copied but what is left of it: once as it is, and once in room for
+// twice as much.
+TEST_F(FormatWindowMemory, ATextIsCutInThreeTimesWhatIsLeftOfIt) {
+  const Text text(kCharacters, u't');
+  const Text cut(kCut, u't');
+  EXPECT_LE(BytesAskedFor([&] { desk.form3.BeBor(text, kCut); }),
+            3 * SizeInMemory(cut) + kSmallChange);
+}
+
 TEST_F(FormatWindowMemory, Failure83BlankParagraphsThatCannotBeMade) {
-  FailNextAllocation(100000);
-  EXPECT_EQ(desk.form3.AddEntr(20000), u"");
+  const Text paragraphs = desk.form3.AddEntr(kParagraphs);
+  FailNextAllocation(SizeInMemory(paragraphs) / 2);
+  EXPECT_EQ(desk.form3.AddEntr(kParagraphs), u"");
   ExpectOutOfMemory(83);
 }
 
+TEST_F(FormatWindowMemory, BlankParagraphsAreMadeInTheirOwnSize) {
+  const Text paragraphs = desk.form3.AddEntr(kParagraphs);
+  EXPECT_LE(BytesAskedFor([&] { desk.form3.AddEntr(kParagraphs); }),
+            SizeInMemory(paragraphs) + kSmallChange);
+}
+
 TEST_F(FormatWindowMemory, Failure85AnExtensionThatCannotBeHeld) {
-  const platform::Text path = u"C:\\a." + platform::Text(kCharacters, u'x');
+  const Text path = u"C:\\a." + Text(kCharacters, u'x');
   FailNextAllocation(kCharacters);
   EXPECT_EQ(desk.form3.sndBin(path), u"");
   ExpectOutOfMemory(85);
+}
+
+TEST_F(FormatWindowMemory, AnExtensionIsHeldInTwiceItsSize) {
+  const Text path = u"C:\\a." + Text(kCharacters, u'x');
+  EXPECT_LE(BytesAskedFor([&] { desk.form3.sndBin(path); }), 2 * SizeInMemory(path) + kSmallChange);
 }
 
 }  // namespace

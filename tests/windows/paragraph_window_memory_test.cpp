@@ -12,12 +12,14 @@
 namespace {
 
 using platform::Text;
+using testing_support::BytesAskedFor;
 using testing_support::FailNextAllocation;
 using testing_support::FormatDesk;
+using testing_support::kSmallChange;
 using testing_support::Robot;
+using testing_support::SizeInMemory;
 
 constexpr int kLines = 300;
-constexpr std::size_t kBytes = 100'000;  // less than the text takes
 
 Text LargeText(char16_t letter) {
   Text text;
@@ -37,11 +39,17 @@ class ParagraphMemory : public testing::Test {
 
   static QTextEdit& Matn() { return Robot::FindAs<QTextEdit>("Form6", "matn"); }
   static QString Copied() { return QApplication::clipboard()->text(); }
-  // With the whole text selected.
-  static void Choose(const QString& item) {
+  static void OpenMenuOnTheWholeText() {
     Robot::PressKey("Form6", "matn", Qt::Key_A, Qt::ControlModifier);
     Robot::RightClick("Form6", "matn");
+  }
+  static void Choose(const QString& item) {
+    OpenMenuOnTheWholeText();
     Robot::ChooseFromMenu("popM", item);
+  }
+  static std::size_t BytesChosenWith(const QString& item) {
+    OpenMenuOnTheWholeText();
+    return BytesAskedFor([&] { Robot::ChooseFromMenu("popM", item); });
   }
   // Chooses the item when the memory runs out: text and selection stay as they are.
   void ChooseInVain(const QString& item, int number) {
@@ -49,7 +57,7 @@ class ParagraphMemory : public testing::Test {
     const QString before = Matn().toPlainText();
     const QString selected = Matn().textCursor().selectedText();
     Robot::RightClick("Form6", "matn");
-    FailNextAllocation(kBytes);
+    FailNextAllocation(SizeInMemory(LargeText(u'a')) / 2);
     Robot::ChooseFromMenu("popM", item);
     EXPECT_FALSE(testing_support::AllocationStillToFail());
     EXPECT_TRUE(desk.form6.IsVisible());
@@ -83,6 +91,16 @@ TEST_F(ParagraphMemory, Failure75ATextThatCannotBeCopiedIsNotCutEither) {
     EXPECT_EQ(Matn().toPlainText(), "");
   });
   EXPECT_EQ(desk.AllLoggedFailures(), 1);
+}
+
+// As much as the tool and the toolkit were seen to ask for, and a third of the text to spare.
+TEST_F(ParagraphMemory, ATextIsCopiedPastedAndCutInAFewTimesItsSize) {
+  const std::size_t text = SizeInMemory(LargeText(u'a'));
+  desk.InEntry(0, [text] {
+    EXPECT_LE(BytesChosenWith("copyM"), 16 * text / 5 + kSmallChange);
+    EXPECT_LE(BytesChosenWith("pasteM"), 26 * text / 5 + kSmallChange);
+    EXPECT_LE(BytesChosenWith("cutM"), 31 * text / 10 + kSmallChange);
+  });
 }
 
 TEST_F(ParagraphMemory, Failure79ATextThatCannotBePastedLeavesWhatIsSelected) {

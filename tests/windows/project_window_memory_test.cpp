@@ -8,8 +8,11 @@
 namespace {
 
 using platform::Text;
+using testing_support::BytesAskedFor;
 using testing_support::FailNextAllocation;
+using testing_support::kSmallChange;
 using testing_support::ProjectDesk;
+using testing_support::SizeInMemory;
 
 // Takes the memory away when the date is asked for the n-th time, in the middle of an operation.
 class TreacherousClock : public platform::Clock {
@@ -37,19 +40,28 @@ constexpr std::size_t kCharacters = 1U << 20U;
 TEST_F(ProjectWindowMemory, Failure45APathThatCannotBeSlashedComesBackAsItStands) {
   desk.Start();
   const Text path(kCharacters, u'p');
-  // The first copy has room for the path alone.
-  FailNextAllocation(2 * (kCharacters + 1) + 1);
+  // The copy that comes back as it stands is there.
+  FailNextAllocation(SizeInMemory(path), 1);
   EXPECT_EQ(desk.form1.DoSlash(path), path);
   EXPECT_FALSE(testing_support::AllocationStillToFail());
   EXPECT_EQ(desk.LogLines().back(), "Error occurred => Error number is 45 (Out of memory)");
   EXPECT_EQ(desk.form1.DoSlash(path), path + u"\\");
 }
 
+// Twice the path as it is, and once in room for twice as much.
+TEST_F(ProjectWindowMemory, APathIsSlashedInFourTimesItsSize) {
+  desk.Start();
+  const Text path(kCharacters, u'p');
+  EXPECT_LE(BytesAskedFor([&] { desk.form1.DoSlash(path); }),
+            4 * SizeInMemory(path) + kSmallChange);
+}
+
 TEST_F(ProjectWindowMemory, Failure39TheWindowOpensWithTheStepsAfterTheFailureUndone) {
   // Two lines in each of two new logs: the date is asked for once a banner and once a line.
   constexpr int kQuestionsUpToTheStartLine = 6;
-  // Only the vocabulary record is as large as that.
-  TreacherousClock clock(kQuestionsUpToTheStartLine, 200);
+  desk.form1.InitVocabulary();
+  // Nothing else up to the failure is as large as the vocabulary record.
+  TreacherousClock clock(kQuestionsUpToTheStartLine, SizeInMemory(desk.form1.vocabulary));
   core::Machine machine{desk.files, clock, desk.random, desk.machine.programFolder,
                         desk.machine.systemLogPath};
   core::Form1 form1(machine);
