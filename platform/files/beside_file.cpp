@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "platform/files/dead_files.h"
+#include "platform/files/in_place.h"
 
 namespace platform {
 namespace {
@@ -37,7 +38,7 @@ Descriptor MakeAnew(const std::string& hostPath) {
   constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
   constexpr int kTries = 10;
   for (int i = 0; i < kTries; ++i) {
-    Descriptor made = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kOwnerOnly);
+    Descriptor made = OpenHost(hostPath, O_RDWR | O_CREAT | O_EXCL, kOwnerOnly);
     if (made.IsOpen() && LockAsAlive(made, hostPath)) return made;
     if (!made.IsOpen() && (errno != EEXIST || !TakeDead(hostPath))) return made;
   }
@@ -45,11 +46,14 @@ Descriptor MakeAnew(const std::string& hostPath) {
   return Descriptor(-1);
 }
 
-Descriptor MakeBeside(const std::string& hostPath, TextView path) {
+// Elsewhere, without a name, in a folder that takes none.
+Descriptor MakeNew(const std::string& hostPath, TextView path, bool& isBeside) {
   SweepDead(hostPath.substr(0, hostPath.rfind('/') + 1));
   Descriptor made = MakeAnew(hostPath);
-  if (!made.IsOpen()) FailHost(u"write", path, errno);
-  return made;
+  isBeside = made.IsOpen();
+  if (isBeside) return made;
+  if (!IsShut(errno)) FailHost(u"write", path, errno);
+  return MakeUnnamed(path);
 }
 
 // Not everybody may give a file to its old owner or group; a text that is saved as one's own is
@@ -73,9 +77,11 @@ BesideFile::BesideFile(const std::string& hostPath, TextView path, const struct 
     : path_(path),
       target_(WithLinksFollowed(hostPath, path)),
       beside_(BesidePath(target_)),
-      file_(MakeBeside(beside_, path)),
-      made_(beside_) {
-  const int error = TakeOver(file_, known);
+      file_(MakeNew(beside_, path, isBeside_)),
+      made_(beside_),
+      mode_(known.st_mode & kModeBits) {
+  if (!isBeside_) made_.Keep();  // it isn't there
+  const int error = isBeside_ ? TakeOver(file_, known) : 0;
   if (error != 0) FailHost(u"write", path_, error);
 }
 
@@ -95,10 +101,21 @@ void BesideFile::Flush() {
 void BesideFile::TakePlace() {
   if (error_ != 0) Fail(error_);
   // Before it is closed, as that gives up the lock: another tool would take it for a dead one's.
-  if (std::rename(beside_.c_str(), target_.c_str()) != 0) Fail(errno);
-  made_.Keep();
+  if (isBeside_ && std::rename(beside_.c_str(), target_.c_str()) == 0) {
+    made_.Keep();
+  } else if (isBeside_ && !IsShut(errno)) {
+    Fail(errno);
+  } else {
+    GoOver();
+  }
   const int error = file_.Close();
   if (error != 0) Fail(error);
+}
+
+// Others' files may be there for everybody to write, but their mode bits are the owner's.
+void BesideFile::GoOver() {
+  ReplaceInPlace(file_, target_, path_);
+  static_cast<void>(::chmod(target_.c_str(), mode_) == 0);
 }
 
 void BesideFile::Fail(int error) {

@@ -14,7 +14,8 @@ namespace platform {
 // The hidden file ".<name>.zorvand-new" in the folder of the file that it is to replace, locked
 // (flock) as long as its tool lives. What a dead one left in that folder, for whatever file, goes
 // when the next is made. Failure where a living one replaces the same file at this moment. A link
-// is followed: its target is replaced.
+// is followed: its target is replaced. In a folder that takes no new names, or lets none be
+// replaced, the content is kept elsewhere and goes over the old one when it is whole.
 class BesideFile {
  public:
   // `known` is what the host says of the file at `hostPath`, whose mode bits the new one gets, and
@@ -34,12 +35,15 @@ class BesideFile {
 
  private:
   [[noreturn]] void Fail(int error);
+  void GoOver();
 
   Text path_;
   std::string target_;
   std::string beside_;
+  bool isBeside_ = true;
   Descriptor file_;
   MadeFile made_;
+  mode_t mode_;
   int error_ = 0;
 };
 

@@ -4,13 +4,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 #include <string>
-#include <string_view>
 
 #include "platform/failure.h"
 #include "platform/files/beside_file.h"
 #include "platform/files/host_descriptor.h"
+#include "platform/files/in_place.h"
 #include "platform/files/paths.h"
 
 namespace platform {
@@ -31,45 +30,6 @@ mode_t ModeOver(const struct stat& old, const struct stat& source) {
   constexpr int kFromReadToExecute = 2;
   const mode_t readers = (old.st_mode & kRead) >> kFromReadToExecute;
   return (old.st_mode & ~kExecute) | (source.st_mode & kExecute & readers);
-}
-
-constexpr std::size_t kKernelStep = std::size_t{1} << 30;
-constexpr std::size_t kBufferSize = std::size_t{1} << 16;
-
-// Errors by which the kernel says that it has no copy of its own for these two files.
-bool HasNoKernelCopy(int error) {
-  return error == EXDEV || error == EINVAL || error == ENOSYS || error == EOPNOTSUPP ||
-         error == EPERM;
-}
-
-// Copies inside the kernel (sharing blocks where the file system can) as far as that goes.
-int CopyInKernel(const Descriptor& from, const Descriptor& to) {
-  for (;;) {
-    const ssize_t count =
-        ::copy_file_range(from.Number(), nullptr, to.Number(), nullptr, kKernelStep, 0);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return HasNoKernelCopy(errno) ? 0 : errno;
-    if (count == 0) return 0;
-  }
-}
-
-int CopyThroughBuffer(const Descriptor& from, const Descriptor& to) {
-  const auto buffer = std::make_unique_for_overwrite<char[]>(kBufferSize);
-  for (;;) {
-    const ssize_t count = ::read(from.Number(), buffer.get(), kBufferSize);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    if (count == 0) return 0;
-    std::size_t written = 0;
-    const int error = WriteWhole(to, {buffer.get(), static_cast<std::size_t>(count)}, written);
-    if (error != 0) return error;
-  }
-}
-
-// What the kernel left, be it all of it, goes through the buffer: both keep their places.
-int CopyContent(const Descriptor& from, const Descriptor& to) {
-  const int error = CopyInKernel(from, to);
-  return error != 0 ? error : CopyThroughBuffer(from, to);
 }
 
 // Half a picture is worse than none.
