@@ -33,7 +33,7 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 28> kRows = {
+const std::array<bench::NamedRow, 31> kRows = {
     {{"build", bench::MeasureTextBuild},
      {"build-memory", bench::MeasureTextBuildInMemory, true},
      {"media", bench::MeasureMediaBuild},
