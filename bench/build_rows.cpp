@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -56,6 +58,12 @@ std::vector<FiledText> FileTexts(platform::RichTextBox& box) {
   return texts;
 }
 
+// What an editor files is in its record behind the event that filed it, long before the build.
+void EndEvent() {
+  QEvent event(QEvent::User);
+  QCoreApplication::sendEvent(QCoreApplication::instance(), &event);
+}
+
 // The desk, and the builder of one book after the other in it.
 class Builder {
  public:
@@ -74,6 +82,7 @@ class Builder {
     folder_ = work_.NewFolder("tool");
     desk_.OpenWorkbench(folder_);
     FillTable(entries);
+    EndEvent();
     ::sync();
     const double seconds = SecondsOf([&] { desk_.form3.MakeFile(); });
     if (desk_.robot.TakeBoxes().size() != 1 || desk_.form3.IsVisible()) {
