@@ -1,0 +1,1 @@
+// The headers that are compiled ahead need a source that they belong to.
