@@ -46,8 +46,10 @@ QStringView BeforeCloseTag(QStringView text, QStringView name) {
 void PutInOrder(std::vector<Collection>& all) {
   if (std::ranges::adjacent_find(all, std::ranges::greater_equal(), KeyOf) == all.end()) return;
   std::ranges::stable_sort(all, {}, KeyOf);
-  const auto others = std::ranges::unique(all.rbegin(), all.rend(), {}, KeyOf);
-  all.erase(all.begin(), others.begin().base());
+  const auto others =
+      std::unique(all.rbegin(), all.rend(),
+                  [](const Collection& a, const Collection& b) { return AreSame(a, b); });
+  all.erase(all.begin(), others.base());
 }
 
 }  // namespace
