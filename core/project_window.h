@@ -111,8 +111,8 @@ class Form1 : public platform::Window, public Reporter {
 
   void ListRow(std::size_t row, platform::TextView count);
 
-  bool CHK();
-  bool FE();
+  [[nodiscard]] bool CHK();
+  [[nodiscard]] bool FE();
   // The two halves of FE; `require(exists, number)` reports what isn't there.
   using Requirement = std::function<void(bool exists, std::int16_t number)>;
   void RequireFolders(const Requirement& require);

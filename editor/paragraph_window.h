@@ -31,7 +31,7 @@ class Form6 : public platform::Window,
   // back. 70.
   void btn_Click(std::int16_t index);
   // Whether the three paths that aren't empty lead to files; a message for each that doesn't.
-  bool CHK();
+  [[nodiscard]] bool CHK();
 
   // The pop-up menu of the text, and what its items do with the selection and the clipboard.
   void matn_MouseUp(int button);  // 78

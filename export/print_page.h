@@ -28,7 +28,7 @@ class PageTemplate {
   // What stands between two places for the title, cut at the places for the body.
   using Piece = std::vector<platform::Text>;
 
-  bool CanJoin(platform::TextView title) const;
+  [[nodiscard]] bool CanJoin(platform::TextView title) const;
 
   platform::Text text_;
   std::vector<Piece> pieces_;

@@ -29,7 +29,7 @@ std::string WithChecksums(std::string_view input) {
 
 void Try(std::string_view file) {
   std::optional<recovery::Work> work = recovery::ReadRecord(file);
-  recovery::ReadCollection(file);
+  static_cast<void>(recovery::ReadCollection(file));
   if (!work) return;
   recovery::LiveWork live{.filed = work->filed,
                           .fields = work->fields,

@@ -30,7 +30,7 @@ void AddAll(const Slots& chosen, std::vector<platform::Text> paths);
 // The first slot with that path, as far as the first free one; kNoSlot if there is none.
 std::ptrdiff_t Find(const Slots& chosen, platform::TextView path);
 // Takes the first picture of that path out, wherever it stands; false if there is none.
-bool Remove(const Slots& chosen, platform::TextView path);
+[[nodiscard]] bool Remove(const Slots& chosen, platform::TextView path);
 void Clear(const Slots& chosen);
 
 }  // namespace gallery

@@ -23,7 +23,7 @@ bool IsMpeg(const Source& source);
 
 // What stands before the first row of MPEG audio's frames, 64 KB at the most: players look as far.
 // Nothing where there is no such row.
-std::optional<std::string> BytesBeforeMp3(const Source& source);
+[[nodiscard]] std::optional<std::string> BytesBeforeMp3(const Source& source);
 // Whether these are no more than that, in front of a sound: nothing that a player would take for
 // something else, and no text.
 bool IsJunk(std::string_view bytes);

@@ -30,6 +30,6 @@ struct KnownMedium {
 // addresses, and go there. So nothing is known here but what holds sound and picture itself, whole
 // in its structure, without a reference to anything outside it. The time and the memory that this
 // takes don't grow with the file.
-std::optional<KnownMedium> MediumOf(const Source& source);
+[[nodiscard]] std::optional<KnownMedium> MediumOf(const Source& source);
 
 }  // namespace media

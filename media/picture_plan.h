@@ -27,9 +27,9 @@ struct PictureNeed {
 PictureNeed NeedOf(const PictureHeader& header, PictureSize shown);
 
 // Why it can't be decoded at that size, in English; empty if it can.
-std::string WhyNotDecoded(const PictureHeader& header, PictureSize shown);
+[[nodiscard]] std::string WhyNotDecoded(const PictureHeader& header, PictureSize shown);
 // The same for a file's length in bytes, before it is read.
-std::string WhyNotRead(std::uint64_t length);
+[[nodiscard]] std::string WhyNotRead(std::uint64_t length);
 
 // The largest size of the same shape that takes no more than so many bytes once it is decoded, at
 // least 1 x 1; `size` itself, if it fits.

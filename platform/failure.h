@@ -10,7 +10,7 @@
 namespace platform {
 
 // What went wrong, in English, for the log.
-class Failure : public std::exception {
+class [[nodiscard]] Failure : public std::exception {
  public:
   explicit Failure(Text description);
   const Text& Description() const noexcept { return description_; }

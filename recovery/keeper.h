@@ -44,7 +44,7 @@ class Keeper {
   // The record stays for another opening. None is made until Start.
   void Close();
   // All of the work goes into a record of this run at once, onto the disk. False where that failed.
-  bool KeepWhole(LiveWork work);
+  [[nodiscard]] bool KeepWhole(LiveWork work);
 
  private:
   void Try(const std::function<void()>& act);

@@ -30,6 +30,6 @@ inline constexpr std::size_t kPieceFrame = 8;
 void AppendPiece(std::string& file, std::string_view content);
 // Takes the first piece off what is left of a file; gives its content. Nothing where none stands
 // there whole: what follows was torn off or damaged.
-std::optional<std::string_view> TakePiece(std::string_view& file);
+[[nodiscard]] std::optional<std::string_view> TakePiece(std::string_view& file);
 
 }  // namespace recovery

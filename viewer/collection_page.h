@@ -27,7 +27,7 @@ class CollectionPage : public QWidget {
 
   // From the text to the contents, where these are a page of their own; false if there is nowhere
   // to go back to but the index.
-  bool GoBack();
+  [[nodiscard]] bool GoBack();
   void Step(int step);
   void Zoom(int pixels);
   void Silence() { bar_.Silence(); }

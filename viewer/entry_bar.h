@@ -34,13 +34,13 @@ class EntryBar : public QWidget {
   void OpenAttachment();
   QString AttachmentName() const;
   bool IsWhatItIsCalled() const;
-  bool MayOpen();
+  [[nodiscard]] bool MayOpen();
   void OpenWithItsProgram();
   void StartProgram();
   void SwitchSound();
   void TellSound();
   void ShowFilm();
-  bool IsThere(const QString& path, const QString& what, const QString& ending);
+  [[nodiscard]] bool IsThere(const QString& path, const QString& what, const QString& ending);
 
   const Surroundings& surroundings_;
   Node node_;

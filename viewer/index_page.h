@@ -75,7 +75,7 @@ class IndexPage : public QAbstractScrollArea {
   void OrderCards();
   void ScrollTo(std::size_t number);
   std::size_t NumberOf(const QObject* card) const;
-  bool Step(int key);
+  [[nodiscard]] bool Step(int key);
   std::size_t Nearest(std::size_t from, int key) const;
 
   const BookFolder& book_;

@@ -12,6 +12,6 @@ namespace viewer {
 // For a book that has lost the page itself: its texts and pictures, without the button and without
 // the look that its template gives it. Nothing where there is none, or one too long to be taken
 // apart.
-std::optional<Page> ReadMadePage(const BookFolder& book, const Node& node);
+[[nodiscard]] std::optional<Page> ReadMadePage(const BookFolder& book, const Node& node);
 
 }  // namespace viewer

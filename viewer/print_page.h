@@ -12,7 +12,7 @@ namespace viewer {
 // The whole page, under its title, black on white, with numbered sheets: of them those that the
 // printer is told to print. A long page takes its time: before each of its `count` sections
 // `goesOn` is asked whether to go on. False where it said no, or the printer takes nothing.
-bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
-               const std::function<bool(int section, int count)>& goesOn);
+[[nodiscard]] bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
+                             const std::function<bool(int section, int count)>& goesOn);
 
 }  // namespace viewer

@@ -22,6 +22,6 @@ struct Surroundings {
 
 // A notice with one button, and a question that is answered with yes or no; right to left.
 void Tell(QWidget* parent, const QString& text);
-bool Ask(QWidget* parent, const QString& text);
+[[nodiscard]] bool Ask(QWidget* parent, const QString& text);
 
 }  // namespace viewer

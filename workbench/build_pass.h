@@ -30,7 +30,7 @@ class BuildDesk {
   virtual void LogMe(platform::TextView text) = 0;
   virtual void bepayam(std::int16_t number) = 0;
   virtual void ShowNotice(platform::TextView prompt) = 0;
-  virtual bool AskYesNo(platform::TextView prompt) = 0;  // true for Yes
+  [[nodiscard]] virtual bool AskYesNo(platform::TextView prompt) = 0;  // true for Yes
 
   // The text of idir, which can change between two uses.
   virtual platform::Text ProjectFolder() = 0;
@@ -81,13 +81,13 @@ class BuildPass {
   void Run();
 
  private:
-  bool FoldersExist();
+  [[nodiscard]] bool FoldersExist();
   void AddToIndex();
   void MendIndex();
   std::string ReadIndex();
   void NameCollection();
   // False if the collection stands already and is to stay.
-  bool MakeRoom();
+  [[nodiscard]] bool MakeRoom();
   void TakeOldLineOut();
   void MakeCollection();
 

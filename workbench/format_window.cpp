@@ -73,7 +73,7 @@ void Form3::Form_Load() {
     ReadImageMark();
     if (Frame4.Visible()) Com_Click(static_cast<std::int16_t>(Mark::kGalleryMode));
   });
-  matn.TakeEdit();
+  static_cast<void>(matn.TakeEdit());  // opening the window is no edit of the editor's
   textIsWork_ = false;
   isOpen_ = true;
   recordBegins_ = true;

@@ -132,7 +132,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   void BeginRecord();
   // What an earlier run left of the collection in hand. 86.
   void OfferRecords();
-  bool BringBack(recovery::Work& work);
+  [[nodiscard]] bool BringBack(recovery::Work& work);
 
   core::Form1& TheForm1() { return form1_; }
 
@@ -220,7 +220,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
 
   core::CollectionKey KeyInHand();
   recovery::Collection CollectionInHand();
-  std::optional<platform::TextEdit> TakeTextEdit();
+  [[nodiscard]] std::optional<platform::TextEdit> TakeTextEdit();
   recovery::LiveWork Live();
   void KeepRecord();
   void TakeOver(recovery::Work& work);

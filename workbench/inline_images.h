@@ -24,13 +24,14 @@ using BringImage = std::function<void(const platform::Text& source, platform::Te
 // Failure for a mark whose k is no 16-bit number or that isn't closed, and where `bring` fails;
 // `text` then holds the tags of all marks that came before (the window's number is 68). Linear in
 // the text, however many marks it has.
-bool PutImageTags(platform::Text& text, const platform::Column<platform::Text>& inlineImage,
-                  const BringImage& bring);
+[[nodiscard]] bool PutImageTags(platform::Text& text,
+                                const platform::Column<platform::Text>& inlineImage,
+                                const BringImage& bring);
 
 // Where the paragraph in front of the one with the caret ends; nothing if the caret stands in the
 // first one. `text` has CR LF at a paragraph's end; both positions count that as one, from 0.
-std::optional<platform::Position> EndOfParagraphBefore(platform::TextView text,
-                                                       platform::Position caret);
+[[nodiscard]] std::optional<platform::Position> EndOfParagraphBefore(platform::TextView text,
+                                                                     platform::Position caret);
 
 // Copies a picture that exists to a target that doesn't, or whose bytes a disk has lost; else does
 // nothing.

@@ -25,7 +25,7 @@ struct MarkingKey {
   bool needsSelection = false;  // without one the key does nothing
 };
 // By the key's code (F1 is 112, F12 is 123); nothing for a key that has no meaning here.
-std::optional<MarkingKey> KeyMeaning(int keyCode);
+[[nodiscard]] std::optional<MarkingKey> KeyMeaning(int keyCode);
 
 // The collection's title with the selection added; the title as it is for a command that doesn't.
 platform::Text TitleWith(Mark command, platform::TextView title, platform::TextView selection);
@@ -50,6 +50,6 @@ inline constexpr platform::TextView kAllCollectionsBuilt = u"پايان مجمو
 
 // Whether the field of the words a line may keep this text: its whole-number part lies from 10 to
 // 30. Failure for a text that is no number.
-bool WordCountFits(platform::TextView text);
+[[nodiscard]] bool WordCountFits(platform::TextView text);
 
 }  // namespace workbench

@@ -15,7 +15,8 @@ namespace workbench {
 // there is of a line of `name`, as that is written anew. Of another collection's line the title
 // stays and gets its close tag. The head is completed, and a line end of which the LF is missing.
 // Linear.
-std::optional<platform::Text> MendedIndex(std::string_view bytes, platform::TextView head,
-                                          platform::TextView name);
+[[nodiscard]] std::optional<platform::Text> MendedIndex(std::string_view bytes,
+                                                        platform::TextView head,
+                                                        platform::TextView name);
 
 }  // namespace workbench

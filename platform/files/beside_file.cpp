@@ -20,7 +20,7 @@ constexpr mode_t kModeBits = 07777;
 
 std::string WithLinksFollowed(const std::string& hostPath, TextView path) {
   char buffer[PATH_MAX];
-  if (::realpath(hostPath.c_str(), buffer) == nullptr) FailHost(u"write", path, errno);
+  if (::realpath(hostPath.c_str(), buffer) == nullptr) FailHost(u"write", path, HostError(errno));
   return buffer;
 }
 
@@ -52,7 +52,7 @@ Descriptor MakeNew(const std::string& hostPath, TextView path, bool& isBeside) {
   Descriptor made = MakeAnew(hostPath);
   isBeside = made.IsOpen();
   if (isBeside) return made;
-  if (!IsShut(errno)) FailHost(u"write", path, errno);
+  if (!IsShut(errno)) FailHost(u"write", path, HostError(errno));
   return MakeUnnamed(path);
 }
 
@@ -66,9 +66,9 @@ void KeepOwner(const Descriptor& file, const struct stat& known) {
 }
 
 // The owner first, as a change of owner takes mode bits away.
-int TakeOver(const Descriptor& file, const struct stat& known) {
+HostError TakeOver(const Descriptor& file, const struct stat& known) {
   KeepOwner(file, known);
-  return ::fchmod(file.Number(), known.st_mode & kModeBits) == 0 ? 0 : errno;
+  return HostError::Unless(::fchmod(file.Number(), known.st_mode & kModeBits) == 0);
 }
 
 }  // namespace
@@ -81,35 +81,35 @@ BesideFile::BesideFile(const std::string& hostPath, TextView path, const struct 
       made_(beside_),
       mode_(known.st_mode & kModeBits) {
   if (!isBeside_) made_.Keep();  // it isn't there
-  const int error = isBeside_ ? TakeOver(file_, known) : 0;
-  if (error != 0) FailHost(u"write", path_, error);
+  const HostError error = isBeside_ ? TakeOver(file_, known) : HostError();
+  if (error) FailHost(u"write", path_, error);
 }
 
 void BesideFile::Write(std::string_view bytes) {
-  if (error_ != 0) Fail(error_);
+  if (error_) Fail(error_);
   std::size_t written = 0;
-  const int error = WriteWhole(file_, bytes, written);
-  if (error != 0) Fail(error);
+  const HostError error = WriteWhole(file_, bytes, written);
+  if (error) Fail(error);
 }
 
 void BesideFile::Flush() {
-  if (error_ != 0) Fail(error_);
-  const int error = file_.Flush();
-  if (error != 0) Fail(error);
+  if (error_) Fail(error_);
+  const HostError error = file_.Flush();
+  if (error) Fail(error);
 }
 
 void BesideFile::TakePlace() {
-  if (error_ != 0) Fail(error_);
+  if (error_) Fail(error_);
   // Before it is closed, as that gives up the lock: another tool would take it for a dead one's.
   if (isBeside_ && std::rename(beside_.c_str(), target_.c_str()) == 0) {
     made_.Keep();
   } else if (isBeside_ && !IsShut(errno)) {
-    Fail(errno);
+    Fail(HostError(errno));
   } else {
     GoOver();
   }
-  const int error = file_.Close();
-  if (error != 0) Fail(error);
+  const HostError error = file_.Close();
+  if (error) Fail(error);
 }
 
 // Others' files may be there for everybody to write, but their mode bits are the owner's.
@@ -118,7 +118,7 @@ void BesideFile::GoOver() {
   static_cast<void>(::chmod(target_.c_str(), mode_) == 0);
 }
 
-void BesideFile::Fail(int error) {
+void BesideFile::Fail(HostError error) {
   error_ = error;
   FailHost(u"write", path_, error);
 }

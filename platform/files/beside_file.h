@@ -34,7 +34,7 @@ class BesideFile {
   void TakePlace();
 
  private:
-  [[noreturn]] void Fail(int error);
+  [[noreturn]] void Fail(HostError error);
   void GoOver();
 
   Text path_;
@@ -44,7 +44,7 @@ class BesideFile {
   Descriptor file_;
   MadeFile made_;
   mode_t mode_;
-  int error_ = 0;
+  HostError error_;
 };
 
 }  // namespace platform

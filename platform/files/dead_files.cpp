@@ -11,6 +11,7 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kNamesForACall = 1000;
+constexpr HostError kIsLocked(EWOULDBLOCK);
 
 bool IsAt(const Descriptor& file, const std::string& hostPath) {
   struct stat known {};
@@ -19,9 +20,9 @@ bool IsAt(const Descriptor& file, const std::string& hostPath) {
          known.st_dev == there.st_dev && known.st_ino == there.st_ino;
 }
 
-// EWOULDBLOCK where a living tool has the lock, another error where the host has no such locks.
-int LockError(const Descriptor& file) {
-  return ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+// `kIsLocked` where a living tool has the lock, another error where the host has no such locks.
+HostError LockError(const Descriptor& file) {
+  return HostError::Unless(::flock(file.Number(), LOCK_EX | LOCK_NB) == 0);
 }
 
 bool IsBeside(std::string_view name) {
@@ -35,13 +36,14 @@ Descriptor OpenLeft(const std::string& hostPath) {
 
 // The lock is held until the file is gone, so that of two who find it one takes it, and takes
 // nothing that was made there meanwhile.
-bool TakeLocked(const Descriptor& left, const std::string& hostPath) {
+[[nodiscard]] bool TakeLocked(const Descriptor& left, const std::string& hostPath) {
   return !IsAt(left, hostPath) || ::unlink(hostPath.c_str()) == 0 || errno == ENOENT;
 }
 
 void TakeIfSurelyDead(const std::string& hostPath) {
   const Descriptor left = OpenLeft(hostPath);
-  if (left.IsOpen() && LockError(left) == 0) TakeLocked(left, hostPath);
+  // One that stays is in nobody's way.
+  if (left.IsOpen() && !LockError(left)) static_cast<void>(TakeLocked(left, hostPath));
 }
 
 // How many names it has.
@@ -58,18 +60,18 @@ std::size_t Sweep(const std::string& hostFolder) {
 
 }  // namespace
 
-int LockAsOwner(const Descriptor& file, const std::string& hostPath) {
-  const int error = LockError(file);
-  return error == 0 && !IsAt(file, hostPath) ? EWOULDBLOCK : error;
+HostError LockAsOwner(const Descriptor& file, const std::string& hostPath) {
+  const HostError error = LockError(file);
+  return !error && !IsAt(file, hostPath) ? kIsLocked : error;
 }
 
 bool LockAsAlive(const Descriptor& made, const std::string& hostPath) {
-  return LockError(made) != EWOULDBLOCK && IsAt(made, hostPath);
+  return LockError(made) != kIsLocked && IsAt(made, hostPath);
 }
 
 bool TakeDead(const std::string& hostPath) {
   const Descriptor left = OpenLeft(hostPath);
-  if (left.IsOpen() && LockError(left) != EWOULDBLOCK) return TakeLocked(left, hostPath);
+  if (left.IsOpen() && LockError(left) != kIsLocked) return TakeLocked(left, hostPath);
   if (left.IsOpen()) errno = EBUSY;
   // A link, or what a tool of another user left before it was its file's own.
   const bool isNobodys = errno == ELOOP || errno == EACCES;

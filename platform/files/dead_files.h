@@ -20,13 +20,13 @@ struct CloseHostFolder {
 using HostFolder = std::unique_ptr<DIR, CloseHostFolder>;
 
 // Marks a file just made as that of a living tool. False if it isn't at its path any more.
-bool LockAsAlive(const Descriptor& made, const std::string& hostPath);
-// The same for a file that is only to be used under its lock: 0 where it is locked and at its path,
-// EWOULDBLOCK where a living tool has it or it isn't there any more, else the host's error number.
-int LockAsOwner(const Descriptor& file, const std::string& hostPath);
+[[nodiscard]] bool LockAsAlive(const Descriptor& made, const std::string& hostPath);
+// The same for a file that is only to be used under its lock: no error where it is locked and at
+// its path, EWOULDBLOCK where a living tool has it or it isn't there any more.
+HostError LockAsOwner(const Descriptor& file, const std::string& hostPath);
 // Takes such a file away, whatever stands there, unless its tool is seen to live. False if it is
 // still there; errno says why.
-bool TakeDead(const std::string& hostPath);
+[[nodiscard]] bool TakeDead(const std::string& hostPath);
 // Takes away all of them in a folder (a path with its final "/") whose tools are seen to be dead. A
 // host without locks shows neither, and there they stay. A folder is
 // listed again only when there were as many calls for it as it has thousands of names, so that

@@ -62,7 +62,7 @@ class HostFiles : public FileSystem {
   }
   void DeleteFile(TextView path) override {
     NotedPath& noted = unflushed_.Note(path);
-    if (::unlink(HostPath(path).c_str()) != 0) FailHost(u"delete", path, errno);
+    if (::unlink(HostPath(path).c_str()) != 0) FailHost(u"delete", path, HostError(errno));
     noted.isWritten = true;
   }
   void CopyFile(TextView source, TextView target) override {
@@ -72,7 +72,8 @@ class HostFiles : public FileSystem {
   }
   void MakeFolder(TextView path) override {
     NotedPath& noted = unflushed_.Note(path);
-    if (::mkdir(HostPath(path).c_str(), kNewFolderMode) != 0) FailHost(u"make", path, errno);
+    if (::mkdir(HostPath(path).c_str(), kNewFolderMode) != 0)
+      FailHost(u"make", path, HostError(errno));
     noted.isWritten = true;
   }
   std::vector<Text> FileNames(TextView folder) override {

@@ -48,7 +48,8 @@ class FileSystem {
   virtual bool FileExists(TextView path) = 0;
   virtual bool FolderExists(TextView path) = 0;
   // `create`: a file that isn't there is made (kReplace, kAppend); without it that is a Failure.
-  virtual std::unique_ptr<OpenedFile> Open(TextView path, OpenMode mode, bool create) = 0;
+  [[nodiscard]] virtual std::unique_ptr<OpenedFile> Open(TextView path, OpenMode mode,
+                                                         bool create) = 0;
   virtual void DeleteFile(TextView path) = 0;
   // Over whatever file stands at the target, which keeps its content if the copy fails. Failure if
   // source and target are one file.
@@ -71,7 +72,7 @@ class FileSystem {
   // holds it fails with the same error, until the file is replaced or copied over, is gone, or is
   // given up.
   virtual void Flush(TextView path) = 0;
-  virtual bool IsLost(TextView path) = 0;
+  [[nodiscard]] virtual bool IsLost(TextView path) = 0;
   // Nobody needs what was written to this file: no Flush looks at it any more.
   virtual void GiveUp(TextView path) = 0;
 };

@@ -34,9 +34,9 @@ mode_t ModeOver(const struct stat& old, const struct stat& source) {
 
 // Half a picture is worse than none.
 void CopyToNew(const Descriptor& from, Descriptor to, MadeFile made, TextView target) {
-  int error = CopyContent(from, to);
-  if (error == 0) error = to.Close();
-  if (error != 0) FailHost(u"write", target, error);
+  HostError error = CopyContent(from, to);
+  if (!error) error = to.Close();
+  if (error) FailHost(u"write", target, error);
   made.Keep();
 }
 
@@ -48,8 +48,8 @@ void CopyOver(const Descriptor& from, const struct stat& source, const std::stri
   }
   old.st_mode = ModeOver(old, source);
   BesideFile beside(hostPath, target, old);
-  const int error = CopyContent(from, beside.File());
-  if (error != 0) FailHost(u"write", target, error);
+  const HostError error = CopyContent(from, beside.File());
+  if (error) FailHost(u"write", target, error);
   beside.Flush();
   beside.TakePlace();
 }
@@ -64,7 +64,7 @@ void CopyHostFile(TextView source, TextView target) {
   if (to.IsOpen()) {
     return CopyToNew(from, std::move(to), MadeFile(std::move(targetPath)), target);
   }
-  if (errno != EEXIST) FailHost(u"write", target, errno);
+  if (errno != EEXIST) FailHost(u"write", target, HostError(errno));
   CopyOver(from, known, targetPath, target);
 }
 

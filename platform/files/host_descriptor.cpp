@@ -13,18 +13,18 @@ namespace platform {
 namespace {
 
 // In English whatever the user's language is: descriptions go to the log.
-Text DescriptionOf(int error) {
+Text DescriptionOf(HostError error) {
 #if defined(__GLIBC__)
-  const char* const description = strerrordesc_np(error);
+  const char* const description = strerrordesc_np(error.Number());
 #else
-  const char* const description = std::strerror(error);
+  const char* const description = std::strerror(error.Number());
 #endif
-  return description != nullptr ? FromUtf8(description) : u"error " + FromNumber(error);
+  return description != nullptr ? FromUtf8(description) : u"error " + FromNumber(error.Number());
 }
 
 }  // namespace
 
-void FailHost(TextView deed, TextView path, int error) {
+void FailHost(TextView deed, TextView path, HostError error) {
   Text description = u"Can't ";
   description.append(deed).append(u" ").append(path).append(u": ").append(DescriptionOf(error));
   throw Failure(std::move(description));
@@ -32,21 +32,21 @@ void FailHost(TextView deed, TextView path, int error) {
 
 Descriptor::Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
 
-Descriptor::~Descriptor() { Close(); }
+// Nobody is left to tell; who has written closes it before.
+Descriptor::~Descriptor() { static_cast<void>(Close()); }
 
-int Descriptor::Close() {
-  if (!IsOpen()) return 0;
+HostError Descriptor::Close() {
+  if (!IsOpen()) return {};
   // An interrupted close has closed all the same.
-  const bool closed = ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
-  return closed ? 0 : errno;
+  return HostError::Unless(::close(std::exchange(number_, -1)) == 0 || errno == EINTR);
 }
 
-int Descriptor::Flush() const {
+HostError Descriptor::Flush() const {
   int result = 0;
   do {
     result = ::fsync(number_);
   } while (result != 0 && errno == EINTR);
-  return result == 0 || errno == EINVAL ? 0 : errno;
+  return HostError::Unless(result == 0 || errno == EINVAL);
 }
 
 MadeFile::MadeFile(MadeFile&& other) noexcept
@@ -66,8 +66,8 @@ Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode) {
 
 struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path) {
   struct stat known {};
-  if (!file.IsOpen() || ::fstat(file.Number(), &known) != 0) FailHost(deed, path, errno);
-  if (S_ISDIR(known.st_mode)) FailHost(deed, path, EISDIR);
+  if (!file.IsOpen() || ::fstat(file.Number(), &known) != 0) FailHost(deed, path, HostError(errno));
+  if (S_ISDIR(known.st_mode)) FailHost(deed, path, HostError(EISDIR));
   if (!S_ISREG(known.st_mode)) {
     throw Failure(
         Text(u"Can't ").append(deed).append(u" ").append(path).append(u": Not an ordinary file"));
@@ -75,16 +75,16 @@ struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path) {
   return known;
 }
 
-int WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written) {
+HostError WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written) {
   written = 0;
   while (written < bytes.size()) {
     const ssize_t count = ::write(file.Number(), bytes.data() + written, bytes.size() - written);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    if (count == 0) return ENOSPC;
+    if (count < 0) return HostError(errno);
+    if (count == 0) return HostError(ENOSPC);
     written += static_cast<std::size_t>(count);
   }
-  return 0;
+  return {};
 }
 
 }  // namespace platform

@@ -9,14 +9,15 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/files/host_error.h"
 #include "platform/text/text.h"
 
 namespace platform {
 
 // Failure "Can't <deed> <path>: <what the host says of the error>".
-[[noreturn]] void FailHost(TextView deed, TextView path, int error);
+[[noreturn]] void FailHost(TextView deed, TextView path, HostError error);
 
-class Descriptor {
+class [[nodiscard]] Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}
   Descriptor(Descriptor&& other) noexcept;
@@ -27,11 +28,11 @@ class Descriptor {
 
   int Number() const { return number_; }
   bool IsOpen() const { return number_ >= 0; }
-  // The host's error number, 0 where what was written is on the disk. A host that has no flush for
-  // such a file has nothing to wait for.
-  int Flush() const;
-  // The host's error number, 0 where all went well. Closed in any case.
-  int Close();
+  // None where what was written is on the disk. A host that has no flush for such a file has
+  // nothing to wait for.
+  HostError Flush() const;
+  // Closed in any case.
+  HostError Close();
 
  private:
   int number_;
@@ -42,7 +43,7 @@ class Descriptor {
 Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode = 0);
 
 // A file that was made here and is nobody's yet: it goes away again unless it is kept.
-class MadeFile {
+class [[nodiscard]] MadeFile {
  public:
   explicit MadeFile(std::string hostPath) noexcept : hostPath_(std::move(hostPath)) {}
   MadeFile(MadeFile&& other) noexcept;
@@ -61,8 +62,7 @@ class MadeFile {
 // What the host knows of an open file. Failure if that is no ordinary file.
 struct stat OrdinaryFile(const Descriptor& file, TextView deed, TextView path);
 
-// Writes all of it or gives the host's error number. `written` says how much of it reached the
-// file.
-int WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written);
+// Writes all of it or gives the error. `written` says how much of it reached the file.
+HostError WriteWhole(const Descriptor& file, std::string_view bytes, std::size_t& written);
 
 }  // namespace platform

@@ -40,8 +40,8 @@ class ReadFile : public OpenedFile {
   }
   void Write(std::string_view) override { FailMode(path_); }
   void Close() override {
-    const int error = file_.Close();
-    if (error != 0) FailHost(u"close", path_, error);
+    const HostError error = file_.Close();
+    if (error) FailHost(u"close", path_, error);
   }
 
  private:
@@ -51,7 +51,7 @@ class ReadFile : public OpenedFile {
       count = ::pread(file_.Number(), bytes.data() + offset, bytes.size() - offset,
                       static_cast<off_t>(offset));
     } while (count < 0 && errno == EINTR);
-    if (count < 0) FailHost(u"read", path_, errno);
+    if (count < 0) FailHost(u"read", path_, HostError(errno));
     return static_cast<std::size_t>(count);
   }
 
@@ -68,14 +68,14 @@ class InPlaceFile : public OpenedFile {
   std::string ReadAll() override { FailMode(path_); }
   void Write(std::string_view bytes) override {
     std::size_t written = 0;
-    const int error = WriteWhole(file_, bytes, written);
-    if (error == 0) return;
+    const HostError error = WriteWhole(file_, bytes, written);
+    if (!error) return;
     if (written != 0) TakeBack(written);
     FailHost(u"write", path_, error);
   }
   void Close() override {
-    const int error = file_.Close();
-    if (error != 0) FailHost(u"write", path_, error);
+    const HostError error = file_.Close();
+    if (error) FailHost(u"write", path_, error);
   }
 
  private:
@@ -119,7 +119,7 @@ class ReplacedFile : public OpenedFile {
 
   std::string ReadAll() override { FailMode(path_); }
   void Write(std::string_view bytes) override {
-    if (!beside_) FailHost(u"write", path_, EBADF);
+    if (!beside_) FailHost(u"write", path_, HostError(EBADF));
     beside_->Write(bytes);
   }
   void Close() override {
@@ -155,7 +155,8 @@ std::unique_ptr<OpenedFile> OpenToReplace(TextView path, int creating) {
   if (known.st_size > static_cast<off_t>(kUtf16Mark.size())) {
     return std::make_unique<ReplacedFile>(path, hostPath, known);
   }
-  if (known.st_size != 0 && ::ftruncate(file.Number(), 0) != 0) FailHost(u"write", path, errno);
+  if (known.st_size != 0 && ::ftruncate(file.Number(), 0) != 0)
+    FailHost(u"write", path, HostError(errno));
   return std::make_unique<InPlaceFile>(path, std::move(file));
 }
 

@@ -8,6 +8,6 @@
 
 namespace platform {
 
-std::unique_ptr<OpenedFile> OpenHostFile(TextView path, OpenMode mode, bool create);
+[[nodiscard]] std::unique_ptr<OpenedFile> OpenHostFile(TextView path, OpenMode mode, bool create);
 
 }  // namespace platform

@@ -81,8 +81,8 @@ HostPaths FoldersOf(const HostPaths& paths, const Top& top) {
 }
 
 // How a flush ended. What the disk couldn't take is lost.
-struct Outcome {
-  int error = 0;
+struct [[nodiscard]] Outcome {
+  HostError error = {};
   std::string lost = {};                     // a file, or a folder with the names in it
   std::optional<dev_t> disk = std::nullopt;  // or all on it may be
 };
@@ -124,23 +124,23 @@ Descriptor OpenOnDiskOf(const std::string& folder, const Flushed& all) {
 // Linux tells of errors here since 5.8, of those that nobody has been told of yet.
 Outcome FlushDisk(const Descriptor& opened) {
   struct stat known {};
-  if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return {errno};
-  if (::syncfs(opened.Number()) != 0) return {errno, {}, known.st_dev};
-  return {0, {}, known.st_dev};
+  if (!opened.IsOpen() || ::fstat(opened.Number(), &known) != 0) return {HostError(errno)};
+  if (::syncfs(opened.Number()) != 0) return {HostError(errno), {}, known.st_dev};
+  return {{}, {}, known.st_dev};
 }
 
 Outcome FlushOne(const std::string& path, const Flushed& all) {
   const Descriptor opened = OpenToFlush(path);
   if (!opened.IsOpen() && IsGone(errno)) return {};
   if (!opened.IsOpen() && errno == EISDIR) return FlushDisk(OpenOnDiskOf(path, all));
-  if (!opened.IsOpen()) return {errno};
+  if (!opened.IsOpen()) return {HostError(errno)};
   return {opened.Flush(), path};
 }
 
 Outcome FlushEach(const HostPaths& paths, const Flushed& all) {
   for (const std::string& path : paths) {
     Outcome outcome = FlushOne(path, all);
-    if (outcome.error != 0) return outcome;
+    if (outcome.error) return outcome;
   }
   return {};
 }
@@ -159,7 +159,7 @@ Outcome FlushDisksOf(const Flushed& all) {
     const std::optional<struct stat> found = Found(folder);
     if (!found || flushed.contains(found->st_dev)) continue;
     Outcome outcome = FlushDisk(OpenOnDiskOf(folder, all));
-    if (outcome.error != 0) return outcome;
+    if (outcome.error) return outcome;
     flushed.insert(found->st_dev);
   }
   return {};
@@ -172,13 +172,13 @@ bool IsPulledOut(const HostPaths& paths, const Top& top) {
 }
 
 Outcome FlushPaths(const HostPaths& paths, const Top& top) {
-  if (IsPulledOut(paths, top)) return {ENOENT};
+  if (IsPulledOut(paths, top)) return {HostError(ENOENT)};
   const HostPaths folders = FoldersOf(paths, top);
   const Flushed all{paths, folders};
   if (paths.size() > kFew) return FlushDisksOf(all);
   BeginToWrite(paths);
   Outcome outcome = FlushEach(paths, all);
-  return outcome.error != 0 ? outcome : FlushEach(folders, all);
+  return outcome.error ? outcome : FlushEach(folders, all);
 }
 
 bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
@@ -194,7 +194,7 @@ bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
 NotedPath& Unflushed::Note(TextView path) {
   const std::string hostPath = HostPath(path);
   NotedPath& noted = noted_[hostPath];
-  if (noted.error != 0 && !Found(hostPath)) noted.error = 0;
+  if (noted.error && !Found(hostPath)) noted.error = {};
   return noted;
 }
 
@@ -202,7 +202,7 @@ void Unflushed::Renew(TextView path) { noted_[HostPath(path)] = {.isWritten = tr
 
 bool Unflushed::IsLost(TextView path) const {
   const auto noted = noted_.find(HostPath(path));
-  return noted != noted_.end() && noted->second.error != 0 && Found(noted->first);
+  return noted != noted_.end() && noted->second.error && Found(noted->first);
 }
 
 void Unflushed::GiveUp(TextView path) { noted_.erase(HostPath(path)); }
@@ -216,11 +216,11 @@ void Unflushed::Flush(TextView path) {
        each != noted_.end() && each->first.starts_with(top.path); ++each) {
     const auto& [hostPath, noted] = *each;
     if (!noted.isWritten || !IsOf(top, hostPath)) continue;
-    if (noted.error != 0 && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), noted.error);
+    if (noted.error && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), noted.error);
     paths.insert(paths.end(), hostPath);
   }
   const Outcome outcome = FlushPaths(paths, top);
-  if (outcome.error != 0) {
+  if (outcome.error) {
     for (auto& [hostPath, noted] : noted_) {
       if (noted.isWritten && IsLostBy(outcome, hostPath)) noted.error = outcome.error;
     }

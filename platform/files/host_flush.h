@@ -11,6 +11,7 @@
 #include <map>
 #include <string>
 
+#include "platform/files/host_error.h"
 #include "platform/text/text.h"
 
 namespace platform {
@@ -18,7 +19,7 @@ namespace platform {
 // A path to which something was done, or tried to.
 struct NotedPath {
   bool isWritten = false;  // else nothing was done, and there is nothing to flush
-  int error = 0;           // of the flush by which it is lost
+  HostError error = {};    // of the flush by which it is lost
 };
 
 class Unflushed {

@@ -46,7 +46,7 @@ std::vector<Listed> ReadNames(DIR* folder, TextView path, ListedKind kind) {
   for (;;) {
     errno = 0;
     const dirent* const entry = ::readdir(folder);
-    if (entry == nullptr && errno != 0) FailHost(u"list", path, errno);
+    if (entry == nullptr && errno != 0) FailHost(u"list", path, HostError(errno));
     if (entry == nullptr) return listed;
     if (!IsNamed(entry->d_name) || !IsOfKind(folder, *entry, kind)) continue;
     Text name = ToolName(entry->d_name);
@@ -59,7 +59,7 @@ std::vector<Listed> ReadNames(DIR* folder, TextView path, ListedKind kind) {
 
 std::vector<Text> ListHostFolder(TextView path, ListedKind kind) {
   const HostFolder folder(::opendir(HostPath(path).c_str()));
-  if (!folder) FailHost(u"list", path, errno);
+  if (!folder) FailHost(u"list", path, HostError(errno));
   std::vector<Listed> listed = ReadNames(folder.get(), path, kind);
   std::sort(listed.begin(), listed.end(), [](const Listed& a, const Listed& b) {
     return std::tie(a.folded, a.name) < std::tie(b.folded, b.name);

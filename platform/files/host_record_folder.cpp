@@ -38,7 +38,7 @@ class HostRecord : public RecordFile {
       const ssize_t count = ::pread(file_->Number(), bytes.data() + length, bytes.size() - length,
                                     static_cast<off_t>(length));
       if (count < 0 && errno == EINTR) continue;
-      if (count < 0) FailHost(u"read", path_, errno);
+      if (count < 0) FailHost(u"read", path_, HostError(errno));
       if (count == 0) break;
       length += static_cast<std::size_t>(count);
     }
@@ -48,8 +48,8 @@ class HostRecord : public RecordFile {
 
   void Append(std::string_view bytes) override {
     std::size_t written = 0;
-    const int error = WriteWhole(*file_, bytes, written);
-    if (error != 0) {
+    const HostError error = WriteWhole(*file_, bytes, written);
+    if (error) {
       // A torn piece would hide all that comes behind it.
       static_cast<void>(::ftruncate(file_->Number(), size_) == 0);
       FailHost(kWriteDeed, path_, error);
@@ -60,16 +60,17 @@ class HostRecord : public RecordFile {
   void Replace(std::string_view bytes) override {
     const std::string beside = BesidePath();
     Descriptor made = OpenHost(beside, O_RDWR | O_APPEND | O_CREAT | O_EXCL, kOwnerOnly);
-    if (!made.IsOpen()) FailHost(kWriteDeed, path_, errno);
+    if (!made.IsOpen()) FailHost(kWriteDeed, path_, HostError(errno));
     MadeFile unfinished(beside);
-    if (const int locked = LockAsOwner(made, beside); locked != 0) {
+    if (const HostError locked = LockAsOwner(made, beside); locked) {
       FailHost(u"lock", path_, locked);
     }
     std::size_t written = 0;
-    int error = WriteWhole(made, bytes, written);
-    if (error == 0) error = made.Flush();
-    if (error != 0) FailHost(kWriteDeed, path_, error);
-    if (std::rename(beside.c_str(), hostPath_.c_str()) != 0) FailHost(kWriteDeed, path_, errno);
+    HostError error = WriteWhole(made, bytes, written);
+    if (!error) error = made.Flush();
+    if (error) FailHost(kWriteDeed, path_, error);
+    if (std::rename(beside.c_str(), hostPath_.c_str()) != 0)
+      FailHost(kWriteDeed, path_, HostError(errno));
     unfinished.Keep();
     file_ = std::make_unique<Descriptor>(std::move(made));
     size_ = static_cast<off_t>(written);
@@ -81,15 +82,16 @@ class HostRecord : public RecordFile {
     do {
       result = ::fdatasync(file_->Number());
     } while (result != 0 && errno == EINTR);
-    if (result != 0) FailHost(kWriteDeed, path_, errno);
+    if (result != 0) FailHost(kWriteDeed, path_, HostError(errno));
     if (!std::exchange(nameIsNew_, false)) return;
     const Descriptor folder = OpenHost(hostPath_.substr(0, hostPath_.rfind('/')), O_RDONLY);
-    const int error = folder.IsOpen() ? folder.Flush() : errno;
-    if (error != 0) FailHost(kWriteDeed, path_, error);
+    const HostError error = folder.IsOpen() ? folder.Flush() : HostError(errno);
+    if (error) FailHost(kWriteDeed, path_, error);
   }
 
   void Remove() override {
-    if (::unlink(hostPath_.c_str()) != 0 && errno != ENOENT) FailHost(u"remove", path_, errno);
+    if (::unlink(hostPath_.c_str()) != 0 && errno != ENOENT)
+      FailHost(u"remove", path_, HostError(errno));
   }
 
  private:
@@ -112,7 +114,7 @@ class RecordsOfHost : public RecordFolder {
   std::vector<FoundRecord> List() override {
     const HostFolder folder(::opendir(HostPath(path_).c_str()));
     if (!folder && errno == ENOENT) return {};
-    if (!folder) FailHost(u"list", path_, errno);
+    if (!folder) FailHost(u"list", path_, HostError(errno));
     std::vector<FoundRecord> found;
     while (const dirent* const entry = ::readdir(folder.get())) {
       const std::string_view name = entry->d_name;
@@ -134,7 +136,7 @@ class RecordsOfHost : public RecordFolder {
     Descriptor file = OpenHost(hostPath, O_RDWR | O_APPEND | O_NOFOLLOW);
     if (!file.IsOpen() && errno == ENOENT) return nullptr;
     const struct stat known = OrdinaryFile(file, u"open", path);
-    if (LockAsOwner(file, hostPath) != 0) return nullptr;
+    if (LockAsOwner(file, hostPath)) return nullptr;
     SweepDead(HostPath(path_) + "/");
     return std::make_unique<HostRecord>(std::move(hostPath), path, std::move(file), known.st_size);
   }
@@ -153,11 +155,12 @@ class RecordsOfHost : public RecordFolder {
       Descriptor file =
           OpenHost(hostPath, O_RDWR | O_APPEND | O_CREAT | O_EXCL | O_NOFOLLOW, kOwnerOnly);
       if (!file.IsOpen() && errno == EEXIST) continue;
-      if (!file.IsOpen()) FailHost(u"make", path, errno);
+      if (!file.IsOpen()) FailHost(u"make", path, HostError(errno));
       MadeFile made(hostPath);
-      const int error = LockAsOwner(file, hostPath);
-      if (error == EWOULDBLOCK) continue;  // another tool took it for one that was left empty
-      if (error != 0) FailHost(u"lock", path, error);
+      const HostError error = LockAsOwner(file, hostPath);
+      if (error.Number() == EWOULDBLOCK)
+        continue;  // another tool took it for one that was left empty
+      if (error) FailHost(u"lock", path, error);
       made.Keep();
       return std::make_unique<HostRecord>(std::move(hostPath), path, std::move(file), 0);
     }
@@ -171,7 +174,7 @@ class RecordsOfHost : public RecordFolder {
   // The one above it, in which the second log lies, is made with that.
   void MakeFolder() const {
     if (::mkdir(HostPath(path_).c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-      FailHost(u"make", path_, errno);
+      FailHost(u"make", path_, HostError(errno));
     }
   }
 

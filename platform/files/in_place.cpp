@@ -23,68 +23,71 @@ bool HasNoKernelCopy(int error) {
 }
 
 // Copies inside the kernel (sharing blocks where the file system can) as far as that goes.
-int CopyInKernel(const Descriptor& from, const Descriptor& to) {
+HostError CopyInKernel(const Descriptor& from, const Descriptor& to) {
   for (;;) {
     const ssize_t count =
         ::copy_file_range(from.Number(), nullptr, to.Number(), nullptr, kKernelStep, 0);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return HasNoKernelCopy(errno) ? 0 : errno;
-    if (count == 0) return 0;
+    if (count < 0) return HostError::Unless(HasNoKernelCopy(errno));
+    if (count == 0) return {};
   }
 }
 
-int CopyThroughBuffer(const Descriptor& from, const Descriptor& to) {
+HostError CopyThroughBuffer(const Descriptor& from, const Descriptor& to) {
   const auto buffer = std::make_unique_for_overwrite<char[]>(kBufferSize);
   for (;;) {
     const ssize_t count = ::read(from.Number(), buffer.get(), kBufferSize);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return errno;
-    if (count == 0) return 0;
+    if (count < 0) return HostError(errno);
+    if (count == 0) return {};
     std::size_t written = 0;
-    const int error = WriteWhole(to, {buffer.get(), static_cast<std::size_t>(count)}, written);
-    if (error != 0) return error;
+    const HostError error =
+        WriteWhole(to, {buffer.get(), static_cast<std::size_t>(count)}, written);
+    if (error) return error;
   }
 }
 
-int Rewind(const Descriptor& file) { return ::lseek(file.Number(), 0, SEEK_SET) == 0 ? 0 : errno; }
+HostError Rewind(const Descriptor& file) {
+  return HostError::Unless(::lseek(file.Number(), 0, SEEK_SET) == 0);
+}
 
-int CopyFromTheBeginning(const Descriptor& from, const Descriptor& to) {
-  int error = Rewind(from);
-  if (error == 0) error = Rewind(to);
-  return error != 0 ? error : CopyContent(from, to);
+HostError CopyFromTheBeginning(const Descriptor& from, const Descriptor& to) {
+  HostError error = Rewind(from);
+  if (!error) error = Rewind(to);
+  return error ? error : CopyContent(from, to);
 }
 
 off_t SizeOf(const Descriptor& file, TextView path) {
   struct stat known {};
-  if (::fstat(file.Number(), &known) != 0) FailHost(u"write", path, errno);
+  if (::fstat(file.Number(), &known) != 0) FailHost(u"write", path, HostError(errno));
   return known.st_size;
 }
 
 // Room beyond the old content, which stays as it is. Not every file system can promise any; there
 // the writing itself finds out.
-int Reserve(const Descriptor& file, off_t oldSize, off_t newSize) {
-  if (newSize <= oldSize) return 0;
+HostError Reserve(const Descriptor& file, off_t oldSize, off_t newSize) {
+  if (newSize <= oldSize) return {};
   const int mode = FALLOC_FL_KEEP_SIZE;
-  if (::fallocate(file.Number(), mode, oldSize, newSize - oldSize) == 0) return 0;
-  const int error = errno;
-  if (error == EOPNOTSUPP || error == ENOSYS) return 0;
+  if (::fallocate(file.Number(), mode, oldSize, newSize - oldSize) == 0) return {};
+  const HostError error(errno);
+  if (error.Number() == EOPNOTSUPP || error.Number() == ENOSYS) return {};
   // What it got until it failed goes back; there is nothing to be done where that fails, too.
   static_cast<void>(::ftruncate(file.Number(), oldSize) == 0);
   return error;
 }
 
-int Overwrite(const Descriptor& file, const Descriptor& content, off_t size) {
-  const int error = CopyFromTheBeginning(content, file);
-  if (error != 0) return error;
-  return ::ftruncate(file.Number(), size) == 0 ? file.Flush() : errno;
+HostError Overwrite(const Descriptor& file, const Descriptor& content, off_t size) {
+  const HostError error = CopyFromTheBeginning(content, file);
+  if (error) return error;
+  return ::ftruncate(file.Number(), size) == 0 ? file.Flush() : HostError(errno);
 }
 
 // Two tools at once would mix their texts.
 Descriptor OpenAlone(const std::string& hostPath, TextView path) {
   Descriptor file = OpenHost(hostPath, O_RDWR);
-  if (!file.IsOpen()) FailHost(u"write", path, errno);
+  if (!file.IsOpen()) FailHost(u"write", path, HostError(errno));
   if (::flock(file.Number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-    FailHost(u"write", path, EBUSY);
+    FailHost(u"write", path, HostError(EBUSY));
   }
   return file;
 }
@@ -95,18 +98,18 @@ bool IsShut(int error) { return error == EACCES || error == EPERM || error == ER
 
 Descriptor MakeUnnamed(TextView path) {
   std::FILE* const made = std::tmpfile();
-  if (made == nullptr) FailHost(u"write", path, errno);
+  if (made == nullptr) FailHost(u"write", path, HostError(errno));
   Descriptor file(::fcntl(::fileno(made), F_DUPFD_CLOEXEC, 0));
-  const int error = errno;
+  const HostError error(errno);
   static_cast<void>(std::fclose(made));  // nothing was written through it
   if (!file.IsOpen()) FailHost(u"write", path, error);
   return file;
 }
 
 // What the kernel left, be it all of it, goes through the buffer: both keep their places.
-int CopyContent(const Descriptor& from, const Descriptor& to) {
-  const int error = CopyInKernel(from, to);
-  return error != 0 ? error : CopyThroughBuffer(from, to);
+HostError CopyContent(const Descriptor& from, const Descriptor& to) {
+  const HostError error = CopyInKernel(from, to);
+  return error ? error : CopyThroughBuffer(from, to);
 }
 
 void ReplaceInPlace(const Descriptor& content, const std::string& hostPath, TextView path) {
@@ -114,13 +117,13 @@ void ReplaceInPlace(const Descriptor& content, const std::string& hostPath, Text
   const off_t oldSize = SizeOf(file, path);
   const off_t newSize = SizeOf(content, path);
   const Descriptor old = MakeUnnamed(path);
-  int error = CopyFromTheBeginning(file, old);
-  if (error == 0) error = Reserve(file, oldSize, newSize);
-  if (error != 0) FailHost(u"write", path, error);
+  HostError error = CopyFromTheBeginning(file, old);
+  if (!error) error = Reserve(file, oldSize, newSize);
+  if (error) FailHost(u"write", path, error);
   error = Overwrite(file, content, newSize);
-  if (error == 0) return;
-  const int lost = Overwrite(file, old, oldSize);
-  if (lost != 0) FailHost(u"write the old content back to", path, lost);
+  if (!error) return;
+  const HostError lost = Overwrite(file, old, oldSize);
+  if (lost) FailHost(u"write the old content back to", path, lost);
   FailHost(u"write", path, error);
 }
 

@@ -12,11 +12,10 @@ namespace platform {
 
 // A file without a name, in the folder for such; gone when it is closed. Failure "Can't write
 // <path>: ..." where there is no room for one.
-[[nodiscard]] Descriptor MakeUnnamed(TextView path);
+Descriptor MakeUnnamed(TextView path);
 
-// Copies the content of one open file into another one, each from where it is at. The host's error
-// number, 0 where all of it was copied.
-[[nodiscard]] int CopyContent(const Descriptor& from, const Descriptor& to);
+// Copies the whole content of one open file into another one, each from where it is at.
+HostError CopyContent(const Descriptor& from, const Descriptor& to);
 
 // Gives the file at `hostPath` the whole of another one's content, and puts that on the disk
 // itself. Room for it is taken first. Failure where that doesn't work out; the file then has its

@@ -51,9 +51,9 @@ class RecordFolder {
   // None if there is no such folder.
   virtual std::vector<FoundRecord> List() = 0;
   // nullptr for one that a running tool has, and for one that is gone.
-  virtual std::unique_ptr<RecordFile> Take(TextView name) = 0;
+  [[nodiscard]] virtual std::unique_ptr<RecordFile> Take(TextView name) = 0;
   // A new one, empty; its name begins so. Makes the folder, for its user alone, if need be.
-  virtual std::unique_ptr<RecordFile> Make(TextView beginning) = 0;
+  [[nodiscard]] virtual std::unique_ptr<RecordFile> Make(TextView beginning) = 0;
   // Seconds since 1970.
   virtual std::int64_t Now() = 0;
 };

@@ -22,7 +22,7 @@ struct Symbol {
 };
 
 // Nothing for any other instruction and for one without a number.
-std::optional<Symbol> ReadSymbol(TextView instruction);
+[[nodiscard]] std::optional<Symbol> ReadSymbol(TextView instruction);
 
 // `ofFont` is the page of the font that it stands in.
 Text CharacterOf(const Symbol& symbol, const FontPage& ofFont);
@@ -48,7 +48,7 @@ class Fields {
     shown_ = shown;
   }
   // The symbol that the field, whose group ends, is to show.
-  std::optional<Symbol> TakeSymbol(std::size_t group, std::size_t shown) {
+  [[nodiscard]] std::optional<Symbol> TakeSymbol(std::size_t group, std::size_t shown) {
     if (group != fieldGroup_) return std::nullopt;
     fieldGroup_ = kNone;
     return shown == shown_ ? symbol_ : std::nullopt;

@@ -43,7 +43,7 @@ class Parser {
   static constexpr bool kFormatted = Sink::kKeepsFormat;
 
   // What stands next. False at the end of the outermost group.
-  bool Step() {
+  [[nodiscard]] bool Step() {
     switch (scan_.Peek(0)) {
       case u'\\':
         Backslash();
@@ -83,7 +83,7 @@ class Parser {
     formats_.OpenGroup();
   }
 
-  bool CloseGroup() {
+  [[nodiscard]] bool CloseGroup() {
     BreakOff();
     scan_.Skip(1);
     const std::size_t depth = formats_.Depth();

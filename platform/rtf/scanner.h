@@ -107,7 +107,7 @@ class Scanner {
   }
 
   // Steps over one unit of text, or one "\'hh", which stand for a character that "\u" has given.
-  bool SkipSubstitute(const Unit*& at) const {
+  [[nodiscard]] bool SkipSubstitute(const Unit*& at) const {
     if (IsHexAt(at) && HexByte(at + 2) <= 0xFF) {
       at += 4;
     } else if (at < end_ && IsText(*at)) {

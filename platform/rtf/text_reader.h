@@ -23,7 +23,7 @@ class TextReader {
       : scan_(scan), formats_(formats), fields_(fields), out_(out) {}
 
   // One that stands behind "\uN" for readers without Unicode is stepped over.
-  bool TakesSubstitute() {
+  [[nodiscard]] bool TakesSubstitute() {
     if (substitutesLeft_ == 0) return false;
     --substitutesLeft_;
     return true;
@@ -131,7 +131,7 @@ class TextReader {
   }
 
   // The fast way of plain text: what the page has as letters, straight to the output.
-  bool CopyLetters() {
+  [[nodiscard]] bool CopyLetters() {
     const CharacterTable& letters = formats_.Now().page->Letters();
     const Unit* at = scan_.At();
     const Unit* const stop = at + std::min(scan_.Left(), out_.Room());
@@ -152,7 +152,7 @@ class TextReader {
   }
 
   // Runs of "\'hh" are broken by blanks and marks all the time, so those go the same fast way.
-  bool CopyHexLetters() {
+  [[nodiscard]] bool CopyHexLetters() {
     constexpr std::size_t kHexUnits = 4;
     if (scan_.Left() < kHexUnits) return false;
     const CharacterTable& letters = formats_.Now().page->Letters();

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-enum class Answer : std::uint8_t { kOk, kYes, kNo };
+enum class [[nodiscard]] Answer : std::uint8_t{kOk, kYes, kNo};
 
 // One button "OK"; returns when the box is closed.
 void ShowNotice(TextView prompt, TextView title);

@@ -27,7 +27,7 @@ class RichTextBox : public Control {
   Position TextLength() const;
   // What of the text has changed since the last call, or since the window was loaded; nothing if
   // nothing has. Formatting that changes counts as text that does. Costs what has changed.
-  std::optional<TextEdit> TakeEdit();
+  [[nodiscard]] std::optional<TextEdit> TakeEdit();
   // The text as edits count it, with "\n" at a paragraph's end.
   platform::Text EditedText() const;
   platform::Text TextRTF() const;

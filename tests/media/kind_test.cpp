@@ -226,15 +226,17 @@ TEST(MediaKind, TakesNoLongerForALargeFile) {
   std::size_t read = 0;
   const auto costOf = [&read](const std::string& head, const std::string& row) {
     read = 0;
-    MediumOf({std::uint64_t{1} << 40U, [&](std::uint64_t at, std::size_t count) {
-                std::string bytes;
-                while (bytes.size() < count) {
-                  bytes += at < head.size() ? head.substr(static_cast<std::size_t>(at)) : row;
-                  at = head.size();
-                }
-                read += count;
-                return bytes.substr(0, count);
-              }});
+    static_cast<void>(MediumOf({std::uint64_t{1} << 40U, [&](std::uint64_t at, std::size_t count) {
+                                  std::string bytes;
+                                  while (bytes.size() < count) {
+                                    bytes += at < head.size()
+                                                 ? head.substr(static_cast<std::size_t>(at))
+                                                 : row;
+                                    at = head.size();
+                                  }
+                                  read += count;
+                                  return bytes.substr(0, count);
+                                }}));
     return read;
   };
   const std::string brand = Box("ftyp", "isom" + Big(0, 4));
@@ -250,10 +252,10 @@ TEST(MediaKind, LooksAtNoMorePiecesThanAFilmHas) {
   const auto readsOf = [](const std::string& bytes) {
     int reads = 0;
     const Source whole = SourceOf(bytes);
-    MediumOf({bytes.size(), [&](std::uint64_t at, std::size_t count) {
-                ++reads;
-                return whole.Read(at, count);
-              }});
+    static_cast<void>(MediumOf({bytes.size(), [&](std::uint64_t at, std::size_t count) {
+                                  ++reads;
+                                  return whole.Read(at, count);
+                                }}));
     return reads;
   };
   const auto times = [](int count, const std::string& piece) {

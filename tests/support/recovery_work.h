@@ -151,7 +151,7 @@ class RandomEditor {
   void TickPicture() {
     const gallery::Slots chosen = work_.filed.table.galleryPic.Slots();
     if (Below(3) == 0) {
-      gallery::Remove(chosen, chosen.paths(Below(5)));
+      static_cast<void>(gallery::Remove(chosen, chosen.paths(Below(5))));  // it may be gone
     } else {
       gallery::Add(chosen, u"C:\\" + AnyText(), AnyText());
     }

@@ -51,7 +51,7 @@ TEST_F(FilesWithoutMemory, OpeningANewFileLeavesNone) {
   const Text path = folder_.Path(u"new");
   int opened = 0;
   const std::function<void()> open = [&] {
-    files_.Open(path, OpenMode::kReplace, true);
+    static_cast<void>(files_.Open(path, OpenMode::kReplace, true));
     ++opened;
   };
   constexpr std::size_t kLargest = 1000;

@@ -76,7 +76,7 @@ TEST_F(Replacing, WithoutACloseANewFileStaysAsFarAsItGot) {
 
 // Empty, it would count as there when the caller tries again.
 TEST_F(Replacing, OfANewFileThatNeverHadATextNothingStays) {
-  files_.Open(Path(u"a"), OpenMode::kReplace, true);
+  static_cast<void>(files_.Open(Path(u"a"), OpenMode::kReplace, true));
   EXPECT_EQ(folder_.Count(), 0);
   {
     const auto file = files_.Open(Path(u"a"), OpenMode::kReplace, true);

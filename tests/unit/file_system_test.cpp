@@ -109,7 +109,7 @@ TEST_F(Appending, GoesToTheEnd) {
 }
 
 TEST_F(Appending, MakesAFileOnlyIfAsked) {
-  EXPECT_THROW(files_.Open(Path(u"a"), OpenMode::kAppend, false), Failure);
+  EXPECT_THROW(static_cast<void>(files_.Open(Path(u"a"), OpenMode::kAppend, false)), Failure);
   WriteWhole(u"a", OpenMode::kAppend, "new", true);
   EXPECT_EQ(folder_.Read(u"a"), "new");
 }

@@ -112,7 +112,7 @@ TEST(PlatformBox, TheWindowBehindMayGoAwayMeanwhile) {
     window.Unload();
     QTimer::singleShot(0, &box, [&box] { box.button(QMessageBox::Yes)->click(); });
   });
-  AskYesNo(u"?", u"");
+  EXPECT_EQ(AskYesNo(u"?", u""), Answer::kNo);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 

@@ -17,7 +17,7 @@ class BookFolder {
   explicit BookFolder(const QString& root);
 
   // The first of the folders that holds a book (Data/_xml/Index.xml), or is the Data of one.
-  static std::optional<QString> Find(const QStringList& candidates);
+  [[nodiscard]] static std::optional<QString> Find(const QStringList& candidates);
 
   // Absolute, without a final slash.
   const QString& Root() const { return root_; }

@@ -30,7 +30,7 @@ class IndexReader {
   };
   void TakeLines();
   void TakeLine(qsizetype end);
-  std::optional<Open> OpenAt(qsizetype at, qsizetype lineEnd) const;
+  [[nodiscard]] std::optional<Open> OpenAt(qsizetype at, qsizetype lineEnd) const;
   void Close(qsizetype end);
   void MakeRoom(qsizetype lengthOfElement);
   void DropWhatIsDone();

@@ -17,7 +17,7 @@ class Medium : public QIODevice {
   // Null, with a warning that names the file, if it can't be read, leads out of the book or isn't
   // known to be a sound or a film. The file that was looked at is the one that is played, whatever
   // comes under its name in the meantime.
-  static std::unique_ptr<Medium> Open(const BookFolder& book, const QString& path);
+  [[nodiscard]] static std::unique_ptr<Medium> Open(const BookFolder& book, const QString& path);
 
   // For the log.
   QString Path() const { return path_; }
@@ -32,7 +32,7 @@ class Medium : public QIODevice {
  private:
   Medium(QString path, int descriptor);
   media::Source Bytes();
-  bool BeginWhereTheMediumDoes();
+  [[nodiscard]] bool BeginWhereTheMediumDoes();
 
   QString path_;
   QFile file_;

@@ -40,6 +40,6 @@ struct PagePlace {
 // is some hundred lines.
 Page ParsePage(QStringView text);
 // Nothing, with a warning, where the file isn't there.
-std::optional<Page> ReadPage(const BookFolder& book, const QString& sourceInBook);
+[[nodiscard]] std::optional<Page> ReadPage(const BookFolder& book, const QString& sourceInBook);
 
 }  // namespace viewer

@@ -27,12 +27,12 @@ class PageSearch {
 
   bool HasWords() const { return !words_.isEmpty(); }
   // In a page file as it stands on disk. Quick where a word isn't in the page.
-  std::optional<Match> Find(QByteArrayView bytes);
+  [[nodiscard]] std::optional<Match> Find(QByteArrayView bytes);
 
  private:
   std::u16string_view Fold(QByteArrayView bytes);
   std::u16string_view FoldWithLigatures(QByteArrayView bytes);
-  bool MayHoldAll(QByteArrayView bytes);
+  [[nodiscard]] bool MayHoldAll(QByteArrayView bytes);
 
   QStringList words_;
   std::vector<char16_t> folded_;  // room for a page, kept from one to the next

@@ -8,7 +8,7 @@
 namespace viewer {
 
 // A descriptor of the ordinary file, open for reading; a link isn't followed. -1 if there is none.
-int OpenOrdinaryFile(const QString& path);
+[[nodiscard]] int OpenOrdinaryFile(const QString& path);
 
 class RawFile {
  public:

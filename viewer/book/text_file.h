@@ -19,14 +19,15 @@ inline constexpr qint64 kLongestText = 64LL * 1024 * 1024;
 QString DecodeText(QByteArrayView bytes);
 
 // Nothing, with a warning, where there is no ordinary file or it can't be read.
-std::optional<QString> ReadText(const QString& path);
+[[nodiscard]] std::optional<QString> ReadText(const QString& path);
 
 // The same for a file of the book, "DATA/TXT/x.htm".
-std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook);
+[[nodiscard]] std::optional<QString> ReadText(const BookFolder& book, const QString& pathInBook);
 
 // Is given a piece of a text, and how many characters are still to come.
 using TakePiece = std::function<void(QStringView piece, qsizetype toCome)>;
 // The same a piece at a time, so that a long text needn't be held. False where there is nothing.
-bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook, const TakePiece& take);
+[[nodiscard]] bool ReadTextInPieces(const BookFolder& book, const QString& pathInBook,
+                                    const TakePiece& take);
 
 }  // namespace viewer
