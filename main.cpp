@@ -16,6 +16,7 @@
 int main(int argc, char** argv) {
   platform::Application application(argc, argv);
   platform::Random random;
+  platform::MakeStateFolder();
   const auto records = platform::HostRecordFolder(platform::RecordsPath());
   core::Machine machine{platform::HostFileSystem(), platform::HostClock(),     random,
                         platform::ProgramFolder(),  platform::SystemLogPath(), records.get()};

@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
   bench::EndAtFirstPaint watch;
   QCoreApplication::instance()->installEventFilter(&watch);
   platform::Random random;
+  platform::MakeStateFolder();
   core::Machine machine{platform::HostFileSystem(), platform::HostClock(), random,
                         platform::ProgramFolder(), platform::SystemLogPath()};
   core::Form1 form1(machine);

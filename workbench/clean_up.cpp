@@ -6,8 +6,6 @@
 #include <cstddef>
 #include <cstring>
 
-#include "platform/failure.h"
-
 namespace workbench {
 
 using platform::kCrLf;
@@ -214,13 +212,6 @@ Text BeBor(TextView text, std::int16_t n) {
   const platform::Position blank = platform::InStr(text, u" ", n);
   if (static_cast<platform::Position>(text.size()) <= n) return Text(text);
   return Text(platform::Left(text, blank != 0 ? blank : n)) + u"...";
-}
-
-Text SlashedPath(TextView path) {
-  if (path.empty()) throw platform::Failure(u"Invalid procedure call: an empty path");
-  Text slashed(path);
-  if (slashed.back() != u'\\') slashed += u'\\';
-  return slashed;
 }
 
 }  // namespace workbench

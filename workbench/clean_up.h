@@ -27,7 +27,4 @@ platform::Text RemCrLf(platform::TextView text);
 // (number 65).
 platform::Text BeBor(platform::TextView text, std::int16_t n);
 
-// The workbench's own DoSlash: a final "\" for a path that has none. Failure for an empty path.
-platform::Text SlashedPath(platform::TextView path);
-
 }  // namespace workbench

@@ -2,6 +2,7 @@
 // operations with their numbers.
 #include "core/numbers.h"
 #include "platform/failure.h"
+#include "platform/files/paths.h"
 #include "workbench/clean_up.h"
 #include "workbench/format_window.h"
 #include "workbench/paragraphs.h"
@@ -44,7 +45,10 @@ Text Form3::BeBor(TextView text, std::int16_t n) {
   return result;
 }
 
-Text Form3::DoSlash(TextView path) { return SlashedPath(path); }
+Text Form3::DoSlash(TextView path) {
+  if (path.empty()) throw platform::Failure(u"Invalid procedure call: an empty path");
+  return platform::DoSlash(path, 1);
+}
 
 void Form3::chnd_GotFocus() { chnd.SelectAll(); }
 

@@ -5,9 +5,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstdlib>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "platform/failure.h"
@@ -62,6 +64,14 @@ std::string HomeFolder() {
   if (named != nullptr && *named != '\0') return named;
   const passwd* const user = getpwuid(getuid());
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
+}
+
+constexpr std::array<std::string_view, 3> kStateLevels = {"/.local", "/state", "/zorvand"};
+
+Text StateFolder() {
+  std::string folder = HomeFolder();
+  for (const std::string_view level : kStateLevels) folder += level;
+  return ToolPath(folder);
 }
 
 constexpr TextView kFileUri = u"file:";
@@ -168,9 +178,9 @@ Text TypedPath(TextView typed) {
   return home.empty() ? Text(typed) : Backslashed(ToolPath(home).append(path.substr(1)));
 }
 
-Text DoSlash(TextView path) {
+Text DoSlash(TextView path, std::size_t shortest) {
   Text result(path);
-  if (path.size() >= 2 && !path.ends_with(u'\\')) result += u'\\';
+  if (path.size() >= shortest && !path.ends_with(u'\\')) result += u'\\';
   return result;
 }
 
@@ -180,20 +190,16 @@ Text ProgramFolder() {
   return folder;
 }
 
-Text SystemLogPath() {
+Text SystemLogPath() { return StateFolder() + u"\\ZVL.log"; }
+
+void MakeStateFolder() {
   std::string folder = HomeFolder();
-  for (const char* const level : {"/.local", "/state", "/zorvand"}) {
+  for (const std::string_view level : kStateLevels) {
     folder += level;
-    // Whether it worked shows when the log is written.
-    mkdir(folder.c_str(), S_IRWXU);
+    ::mkdir(folder.c_str(), S_IRWXU);
   }
-  return ToolPath(folder) + u"\\ZVL.log";
 }
 
-Text RecordsPath() {
-  Text path = SystemLogPath();
-  path.erase(path.rfind(u'\\'));
-  return path + u"\\recovery";
-}
+Text RecordsPath() { return StateFolder() + u"\\recovery"; }
 
 }  // namespace platform

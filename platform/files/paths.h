@@ -1,6 +1,7 @@
 // Paths as the tool writes them, "C:\folder\name", against paths as the host takes them.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -24,14 +25,18 @@ Text ToolName(std::string_view hostName);
 // letters every text does.
 Text TypedPath(TextView typed);
 
-// A final "\" for a text of two or more characters that has none; shorter texts stay as they are.
-Text DoSlash(TextView path);
+// A final "\" for a text of `shortest` or more characters that has none; shorter texts stay as they
+// are.
+Text DoSlash(TextView path, std::size_t shortest = 2);
 
 // The folder of the running program, without a final "\".
 Text ProgramFolder();
 // The second log: "C:\ZVL.log" on a host with drive letters, else ZVL.log in
-// ~/.local/state/zorvand, whose folders this makes as needed.
+// ~/.local/state/zorvand.
 Text SystemLogPath();
+// Makes the folders in which that log lies, for their user alone. Whether it worked shows when
+// something is written there.
+void MakeStateFolder();
 // The folder of the records of unfinished work, beside that log.
 Text RecordsPath();
 

@@ -142,17 +142,5 @@ TEST(BeBor, LimitBelowOneFails) {
   EXPECT_THROW(BeBor(u"abc", -1), Failure);
 }
 
-TEST(SlashedPath, AddsABackslashUnlessThereIsOne) {
-  EXPECT_EQ(SlashedPath(u"C:\\a"), u"C:\\a\\");
-  EXPECT_EQ(SlashedPath(u"C:\\a\\"), u"C:\\a\\");
-}
-
-TEST(SlashedPath, OneCharacterGetsItsBackslashAsWell) {
-  EXPECT_EQ(SlashedPath(u"C"), u"C\\");
-  EXPECT_EQ(SlashedPath(u"\\"), u"\\");
-}
-
-TEST(SlashedPath, EmptyPathFails) { EXPECT_THROW(SlashedPath(u""), Failure); }
-
 }  // namespace
 }  // namespace workbench

@@ -116,6 +116,13 @@ TEST(DoSlash, AddsAFinalBackslashToTwoCharactersAndMore) {
   EXPECT_EQ(DoSlash(u"C:/x/"), u"C:/x/\\");
 }
 
+TEST(DoSlash, TheShortestTextThatGetsOneCanBeNamed) {
+  EXPECT_EQ(DoSlash(u"", 1), u"");
+  EXPECT_EQ(DoSlash(u"C", 1), u"C\\");
+  EXPECT_EQ(DoSlash(u"\\", 1), u"\\");
+  EXPECT_EQ(DoSlash(u"C:\\a", 1), u"C:\\a\\");
+}
+
 TEST(ProgramFolder, HoldsTheRunningProgram) {
   const Text folder = ProgramFolder();
   EXPECT_FALSE(folder.ends_with(u'\\'));
@@ -125,18 +132,29 @@ TEST(ProgramFolder, HoldsTheRunningProgram) {
       FromUtf8(std::filesystem::read_symlink("/proc/self/exe").filename().string())));
 }
 
-TEST(SystemLogPath, LiesInTheUsersStateFolderWhichIsMade) {
+TEST(StateFolder, HoldsTheSecondLogAndTheRecordsAndIsMadeByNeitherName) {
   const TemporaryFolder home;
   setenv("HOME", home.HostPath().c_str(), 1);
   EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
-  EXPECT_TRUE(HostFileSystem().FolderExists(home.Path(u".local\\state\\zorvand")));
-  EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
+  EXPECT_EQ(RecordsPath(), home.Path(u".local\\state\\zorvand\\recovery"));
+  EXPECT_FALSE(HostFileSystem().FolderExists(home.Path(u".local")));
 }
 
-TEST(SystemLogPath, IsNamedAlsoWhereItsFoldersCanNotBeMade) {
+TEST(StateFolder, IsMadeWithThoseAboveItAndForItsUserAlone) {
+  const TemporaryFolder home;
+  setenv("HOME", home.HostPath().c_str(), 1);
+  platform::MakeStateFolder();
+  platform::MakeStateFolder();
+  const std::filesystem::path folder = home.HostPath() + "/.local/state/zorvand";
+  ASSERT_TRUE(std::filesystem::is_directory(folder));
+  EXPECT_EQ(std::filesystem::status(folder).permissions(), std::filesystem::perms::owner_all);
+}
+
+TEST(StateFolder, ThatCanNotBeMadeIsNamedAllTheSame) {
   const TemporaryFolder home;
   home.Write(u".local", "a file stands in the way");
   setenv("HOME", home.HostPath().c_str(), 1);
+  platform::MakeStateFolder();
   EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
 }
 

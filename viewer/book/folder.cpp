@@ -80,7 +80,7 @@ const BookFolder::Entry* BookFolder::Lookup(const QString& folder, const QString
   return found;
 }
 
-QString BookFolder::RealPath(const QString& path) const {
+QString BookFolder::WhereItLeads(const QString& path) const {
   const QString real = QFileInfo(path).canonicalFilePath();
   const QString realRoot = QFileInfo(root_).canonicalFilePath();
   if (real.isEmpty() || realRoot.isEmpty()) return {};
@@ -90,7 +90,7 @@ QString BookFolder::RealPath(const QString& path) const {
 
 QString BookFolder::PathOf(const QString& folder, const Entry& entry) const {
   const QString path = (folder.endsWith(u'/') ? folder : folder + u'/') + entry.name;
-  return entry.isLink && RealPath(path).isEmpty() ? QString() : path;
+  return entry.isLink && WhereItLeads(path).isEmpty() ? QString() : path;
 }
 
 QString BookFolder::FolderIn(const QString& folder, const QString& name) const {

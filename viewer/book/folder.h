@@ -38,7 +38,7 @@ class BookFolder {
 
   // Where a file of the disk really lies, without a link in its path; empty where there is none, or
   // where it is outside the book.
-  QString RealPath(const QString& path) const;
+  QString WhereItLeads(const QString& path) const;
 
   // What lies in the folder ("Data/_xml") under names of this pattern ("?Title*.xml"), whatever
   // their letter case; in no order, without a look at the files themselves.

@@ -11,7 +11,7 @@ namespace viewer {
 
 std::unique_ptr<Medium> Medium::Open(const BookFolder& book, const QString& path) {
   // Where links lead was asked before; now none is followed.
-  const QString real = book.RealPath(path);
+  const QString real = book.WhereItLeads(path);
   const int descriptor = real.isEmpty() ? -1 : OpenOrdinaryFile(real);
   std::unique_ptr<Medium> medium(descriptor < 0 ? nullptr : new Medium(path, descriptor));
   if (medium && medium->BeginWhereTheMediumDoes()) return medium;
