@@ -9,9 +9,9 @@
 #include <memory>
 #include <stdexcept>
 
-#include "platform/clock.h"
 #include "platform/files/file_system.h"
 #include "platform/files/paths.h"
+#include "tools/sample_session/threads.h"
 #include "viewer/window.h"
 
 namespace sample {
@@ -46,7 +46,7 @@ viewer::Outside StillMachine() {
   return {.openFile = [](const QString&) { return true; },
           .startProgram = [](const QString&) { return true; },
           .showFilm = [](std::unique_ptr<viewer::Medium>, const QString&, QWidget*,
-                         std::function<void()>) {},
+                         const std::function<void()>&) {},
           .makePlayer = [] { return std::make_unique<SilentPlayer>(); },
           .print = [](const std::function<void(QPrinter&)>&, QWidget*) {}};
 }
@@ -54,18 +54,22 @@ viewer::Outside StillMachine() {
 // Milliseconds; under memcheck everything takes its time.
 constexpr int kPatience = 120'000;
 
-// The viewer's pictures come one by one once the window is there.
-void WaitUntilStill(QWidget& window) {
-  constexpr int kLooksAlike = 10;
+// The viewer's pictures come one by one once the window is there; a busy machine has them come
+// late.
+QImage WhenStill(QWidget& window) {
+  constexpr int kLooksAlike = 3;
   QImage before;
   int alike = 0;
   const auto isStill = [&] {
+    const bool canChange = !OtherThreadsSleep();
+    Robot::Settle();
     const QImage now = window.grab().toImage();
-    alike = now == before ? alike + 1 : 0;
+    alike = now == before && !canChange ? alike + 1 : 0;
     before = now;
     return alike == kLooksAlike;
   };
   Robot::WaitUntil(isStill, kPatience);
+  return before;
 }
 
 QString ShownText() {
@@ -77,8 +81,7 @@ QString ShownText() {
 
 Session::Session(const fs::path& resources, fs::path output)
     : output_(std::move(output)),
-      machine_{platform::HostFileSystem(), platform::HostClock(), random_,
-               MakeProgramFolder(resources, output_),
+      machine_{platform::HostFileSystem(), clock_, random_, MakeProgramFolder(resources, output_),
                platform::ToolPath(fs::absolute(output_ / "ZVL.log").string())},
       form1_(machine_),
       form3_(form1_),
@@ -233,7 +236,6 @@ void Session::LookAtBook(const QString& root, const QString& layout) {
   Require(window.HasBook(), "the viewer finds the book");
   window.show();
   const auto look = [&](const QString& step) {
-    WaitUntilStill(window);
     Save(window, QStringLiteral("viewer-%1-%2").arg(layout, step));
   };
   look(QStringLiteral("index"));
@@ -268,7 +270,8 @@ void Session::TakePicture(const QString& window, const QString& step) {
 void Session::Save(QWidget& widget, const QString& step) {
   const QString name = QStringLiteral("%1-%2.png").arg(++pictures_, 3, 10, QChar(u'0')).arg(step);
   const auto path = output_ / "pictures" / name.toStdString();
-  Require(widget.grab().save(QString::fromStdString(path.string())), "the picture is written");
+  const QImage picture = WhenStill(widget);
+  Require(picture.save(QString::fromStdString(path.string())), "the picture is written");
 }
 
 void Session::Require(bool holds, const QString& what) const {

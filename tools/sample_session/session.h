@@ -12,6 +12,7 @@
 #include "export/export_pass.h"
 #include "platform/random.h"
 #include "support/help_window.h"
+#include "tests/support/fixed_clock.h"
 #include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
 #include "tools/sample_session/passages.h"
@@ -69,6 +70,7 @@ class Session {
 
   std::filesystem::path output_;
   testing_support::Robot robot_;
+  testing_support::FixedClock clock_;
   platform::Random random_;
   core::Machine machine_;
   core::Form1 form1_;
