@@ -19,7 +19,9 @@ namespace fs = std::filesystem;
 using faults::Road;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing_support::AsShown;
 using testing_support::BoxText;
+using testing_support::KnownText;
 using testing_support::OrdinaryUser;
 using testing_support::Robot;
 
@@ -77,7 +79,7 @@ TEST_F(LostFolder, OfTheProjectBeforeTheBuildIsTold) {
   ASSERT_TRUE(road.Go(1, "build"));
   Lose("Data");
   Build();
-  EXPECT_THAT(Boxes(), ElementsAre("Folder _xml or TXT doesn't exist!"));
+  EXPECT_THAT(Boxes(), ElementsAre(AsShown(KnownText("notice", 1))));
   EXPECT_TRUE(road.TableIsWhole());
   EXPECT_TRUE(road.desk.form3.IsVisible());
   EXPECT_FALSE(road.desk.Has("Data"));

@@ -7,6 +7,7 @@
 
 #include "platform/text/text.h"
 #include "tests/support/desk.h"
+#include "tests/support/known_texts.h"
 
 namespace testing_support {
 
@@ -57,8 +58,5 @@ class ProjectDesk : public Desk {
  private:
   std::size_t linesTaken_ = 0;
 };
-
-// What the box of a message number shows.
-std::string BoxText(int number);
 
 }  // namespace testing_support

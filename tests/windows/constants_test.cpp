@@ -12,7 +12,6 @@
 #include <QTextEdit>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
@@ -23,6 +22,7 @@
 #include "platform/text/encoding.h"
 #include "tests/support/export_desk.h"
 #include "tests/support/gallery_desk.h"
+#include "tests/support/known_texts.h"
 
 namespace {
 
@@ -377,42 +377,20 @@ bool Matches(const std::string& text, const std::string& wanted) {
   return text.size() >= at + rest.size() && text.ends_with(rest);
 }
 
-// Stands for the section sign while the marks are put in.
-const QString kSectionSign = QStringLiteral("\uE000");
-
-// Between two letters the mark is shown as a half-space.
-std::string Plain(QString written) {
-  written.replace(QLatin1String("\\t"), QLatin1String("\t"));
-  written.replace(QStringLiteral("¶"), QLatin1String("\r\n"));
-  written.replace(QStringLiteral("\\§"), kSectionSign);
-  for (qsizetype i = 0; i < written.size(); ++i) {
-    if (written[i] != u'§') continue;
-    const bool inside =
-        i > 0 && i + 1 < written.size() && written[i - 1].isLetter() && written[i + 1].isLetter();
-    written[i] = inside ? u'\u200C' : u'\u200F';
-  }
-  return written.replace(kSectionSign, QLatin1String("\xA7")).toStdString();
-}
-
 struct Section {
   std::string name;
-  std::vector<std::pair<std::string, std::string>> texts;  // place, text
+  std::vector<std::pair<std::string, std::string>> texts;  // place, text as it is shown
 };
 
 void PrintTo(const Section& section, std::ostream* out) { *out << section.name; }
 
 std::vector<Section> Sections() {
   std::vector<Section> sections;
-  std::ifstream file(ZORVAND_SOURCE_DIR "/tests/windows/data/constants.txt");
-  for (std::string line; std::getline(file, line);) {
-    if (line.empty() || line[0] == '#') continue;
-    if (line[0] == '[') {
-      sections.push_back({line.substr(1, line.size() - 2), {}});
-      continue;
+  for (const auto& [name, texts] : testing_support::KnownTexts()) {
+    Section& section = sections.emplace_back(Section{name, {}});
+    for (const auto& [place, text] : texts) {
+      section.texts.emplace_back(place, testing_support::AsShown(text));
     }
-    const std::size_t text = line.find(" = \"");
-    const std::string quoted = line.substr(text + 4, line.size() - text - 5);
-    sections.back().texts.emplace_back(line.substr(0, text), Plain(QString::fromStdString(quoted)));
   }
   return sections;
 }

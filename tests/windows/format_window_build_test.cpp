@@ -9,12 +9,15 @@
 
 #include "platform/text/encoding.h"
 #include "tests/support/format_desk.h"
+#include "tests/support/known_texts.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing_support::AsShown;
+using testing_support::BoxText;
 using testing_support::FormatDesk;
 using testing_support::Robot;
 
@@ -106,7 +109,7 @@ TEST_F(FormatWindowBuild, HidesTheWindowSaysSoAndGivesTheFocusToTheSelector) {
   Build();
   const auto boxes = desk.robot.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0].text.toStdString(), "فايل ساخته شد!\u200F");
+  EXPECT_EQ(boxes[0].text.toStdString(), BoxText(4));
   EXPECT_EQ(boxes[0].title.toStdString(), "Zorvand");
   EXPECT_TRUE(hiddenUnderTheMessage);
   EXPECT_EQ(entriesUnderTheMessage, 1);
@@ -273,8 +276,9 @@ TEST_F(FormatWindowBuild, AsksBeforeItReplacesACollection) {
   Build();
   const auto boxes = desk.robot.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_THAT(boxes[0].text.toStdString(), HasSubstr("فايلي با نام \r\naTitle1.xml\r\n "));
-  EXPECT_THAT(boxes[0].text.toStdString(), HasSubstr("\r\n\r\n آيا حذف شود؟"));
+  const platform::Text& question = testing_support::KnownText("question");
+  EXPECT_EQ(boxes[0].text.toStdString(),
+            AsShown(platform::Replace(question, u"cTitle1.xml", u"aTitle1.xml")));
   EXPECT_EQ(boxes[0].buttons,
             static_cast<int>(QMessageBox::Yes) | static_cast<int>(QMessageBox::No));
   EXPECT_EQ(boxes[0].title.toStdString(), "Zorvand");
@@ -354,7 +358,7 @@ TEST_F(FormatWindowBuild, WithoutBothFoldersThereIsANoticeAndNothingElse) {
   Build();
   const auto boxes = desk.robot.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0].text.toStdString(), "Folder _xml or TXT doesn't exist!");
+  EXPECT_EQ(boxes[0].text.toStdString(), AsShown(testing_support::KnownText("notice", 1)));
   EXPECT_TRUE(desk.form3.IsVisible());
   EXPECT_EQ(desk.form3.entryCount, 1);
   EXPECT_EQ(desk.AllLoggedFailures(), 0);

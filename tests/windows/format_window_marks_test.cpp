@@ -7,12 +7,15 @@
 
 #include "platform/rtf/rtf.h"
 #include "tests/support/format_desk.h"
+#include "tests/support/known_texts.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing_support::AsShown;
 using testing_support::FormatDesk;
+using testing_support::KnownText;
 using testing_support::Robot;
 using testing_support::Utf8;
 
@@ -275,7 +278,7 @@ TEST_F(FormatWindowMarks, AnEndWithoutAMainTitleShowsOneMessageAndDoesNothing) {
   FormatDesk::Command(10, "beta");
   const auto boxes = desk.robot.TakeBoxes();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0].text.toStdString(), "تيتري براي بستن وجود ندارد!\u200F");
+  EXPECT_EQ(boxes[0].text.toStdString(), AsShown(KnownText("notice")));
   EXPECT_THAT(FormatDesk::Lines("bindex"), IsEmpty());
   EXPECT_EQ(FormatDesk::Selected(), "beta");
   EXPECT_EQ(FormatDesk::Shown("matn"), "alpha beta gamma delta epsilon");

@@ -14,12 +14,14 @@
 #include <array>
 
 #include "tests/support/gallery_desk.h"
+#include "tests/support/known_texts.h"
 
 namespace {
 
 using platform::Text;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing_support::BoxText;
 using testing_support::FormatDesk;
 using testing_support::GalleryDesk;
 using testing_support::Robot;
@@ -279,7 +281,7 @@ TEST_F(ParagraphWindow, WithoutARowThereIsMessageFive) {
   desk.form3.ShowEdit();
   const auto boxes = desk.robot.TakeBoxes();
   ASSERT_THAT(boxes, SizeIs(1));
-  EXPECT_EQ(boxes[0].text, "پاراگرافي براي ويرايش وجود ندارد!\u200F");
+  EXPECT_EQ(boxes[0].text.toStdString(), BoxText(5));
   EXPECT_EQ(boxes[0].title, "Zorvand");
 }
 
@@ -299,13 +301,13 @@ TEST_F(ParagraphWindow, MissingFilesAreToldInTheirOrderAndTheWindowStays) {
     EXPECT_TRUE(desk.form6.IsVisible());
     auto boxes = desk.robot.TakeBoxes();
     ASSERT_THAT(boxes, SizeIs(2));
-    EXPECT_EQ(boxes[0].text, "تصوير انتخابي يافت نشد!\u200F");
-    EXPECT_EQ(boxes[1].text, "فيلم انتخابي يافت نشد!\u200F");
+    EXPECT_EQ(boxes[0].text.toStdString(), BoxText(6));
+    EXPECT_EQ(boxes[1].text.toStdString(), BoxText(8));
     Robot::Type("Form6", "soutB", "x.mp3");
     Robot::Click("Form6", "btn(4)");
     boxes = desk.robot.TakeBoxes();
     ASSERT_THAT(boxes, SizeIs(3));
-    EXPECT_EQ(boxes[1].text, "صوت انتخابي يافت نشد!\u200F");
+    EXPECT_EQ(boxes[1].text.toStdString(), BoxText(7));
   });
   EXPECT_EQ(Table().entryAttach(1), u"");
 }
