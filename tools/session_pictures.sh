@@ -27,6 +27,7 @@ case "${1:-}" in
     exit 2
     ;;
 esac
+unset QT_SCALE_FACTOR  # a desktop's; the known pictures have none
 mkdir -p "$LOGS"
 if [ "${1:-}" != --built ]; then
   need_utf8_locale
