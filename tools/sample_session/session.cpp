@@ -1,9 +1,9 @@
 #include "tools/sample_session/session.h"
 
+#include <QBackingStore>
 #include <QListView>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPixmap>
 #include <QStringList>
 #include <QTextEdit>
 #include <memory>
@@ -54,6 +54,14 @@ viewer::Outside StillMachine() {
 // Milliseconds; under memcheck everything takes its time.
 constexpr int kPatience = 120'000;
 
+// As the window has painted itself. A grab would have it paint itself anew, and a repaint that is
+// missing wouldn't show.
+QImage OnScreen(const QWidget& window) {
+  const auto* const screen = dynamic_cast<QImage*>(window.backingStore()->paintDevice());
+  if (screen == nullptr) throw std::runtime_error("the windows aren't drawn in memory");
+  return screen->copy();
+}
+
 // The viewer's pictures come one by one once the window is there; a busy machine has them come
 // late.
 QImage WhenStill(QWidget& window) {
@@ -63,7 +71,7 @@ QImage WhenStill(QWidget& window) {
   const auto isStill = [&] {
     const bool canChange = !OtherThreadsSleep();
     Robot::Settle();
-    const QImage now = window.grab().toImage();
+    const QImage now = OnScreen(window);
     alike = now == before && !canChange ? alike + 1 : 0;
     before = now;
     return alike == kLooksAlike;
