@@ -23,11 +23,11 @@ void AppendNumber(std::string& bytes, std::uint64_t number) {
 
 // The lowest bit of the length says whether the text is folded.
 void AppendText(std::string& bytes, TextView text) {
-  const bool folds = IsFoldable(text);
   std::string coded;
   coded.reserve(text.size());
-  folds ? AppendFolded(coded, text) : AppendCoded(coded, text);
-  AppendNumber(bytes, coded.size() << 1 | (folds ? 1U : 0U));
+  const bool folded = Fold(coded, text);
+  if (!folded) AppendCoded(coded, text);
+  AppendNumber(bytes, coded.size() << 1 | (folded ? 1U : 0U));
   bytes += coded;
 }
 

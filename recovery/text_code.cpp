@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 #include "platform/failure.h"
 #include "platform/text/encoding.h"
@@ -22,12 +21,16 @@ constexpr char kOther = '\0';
 constexpr std::size_t kOtherLength = 3;
 constexpr char16_t kFirstFolded = 0x80;
 
-void AppendUnit(std::string& bytes, char16_t unit) {
-  const char byte = platform::MachineBytes()[unit];
-  bytes += byte;
-  if (byte != kOther) return;
+void AppendOther(std::string& bytes, char16_t unit) {
+  bytes += kOther;
   bytes += static_cast<char>(unit & 0xFF);
   bytes += static_cast<char>(unit >> 8);
+}
+
+void AppendUnit(std::string& bytes, char16_t unit) {
+  const char byte = platform::MachineBytes()[unit];
+  if (byte == kOther) return AppendOther(bytes, unit);
+  bytes += byte;
 }
 
 const std::array<char16_t, 256>& UnitsOfBytes() {
@@ -51,16 +54,73 @@ char16_t TakeUnit(std::string_view& bytes) {
   return unit;
 }
 
-struct Escape {
-  char16_t unit = 0;
-  std::size_t length = 0;
+// What the window's rich text consists of besides letters; each is one byte, its place here counted
+// from 1. The places stand on the disk: each keeps its meaning for good. A longer one stands before
+// its own beginning.
+constexpr std::array<TextView, 5> kWords = {
+    u"\\par\r\n\\pard\\rtlpar\\qr",
+    u"\\par\r\n",
+    u"\\pard\\rtlpar\\qr",
+    u"\\plain",
+    u"\\u1740?",  // the Persian yeh, which the code page lacks
 };
 
-// The escape that the text begins with, if that is how our own writer writes a character: "\u",
-// a signed number of 16 bits without needless zeros, "?".
-std::optional<Escape> EscapeAt(TextView text) {
+// The first unit that no byte of a word takes; below it only line ends and tabs stand for
+// themselves.
+constexpr char16_t kFirstPlain = 0x20;
+
+bool IsPlain(char16_t unit) {
+  if (unit < kFirstPlain) return unit == u'\r' || unit == u'\n' || unit == u'\t';
+  return unit < kFirstFolded;
+}
+
+// What such a text begins with.
+constexpr TextView kHead =
+    u"{\\rtf1\\ansi\\ansicpg1256\\uc1\\deff0{\\fonttbl{\\f0\\fnil\\fcharset178 ";
+constexpr char kHeadByte = '\b';
+static_assert(kWords.size() < kHeadByte);
+
+// Most letters take so much, and no text grows by more than the second on its way back.
+constexpr std::size_t kUnitsOfLetter = 4;
+constexpr std::size_t kMostUnits = 8;
+
+bool IsFoldable(TextView text) {
+  return text.starts_with(u"{\\rtf") && std::ranges::all_of(text, IsPlain);
+}
+
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+
+// Takes one of the words off the text.
+bool FoldWord(std::string& bytes, TextView& text) {
+  for (std::size_t i = 0; i < kWords.size(); ++i) {
+    if (!text.starts_with(kWords[i])) continue;
+    bytes += static_cast<char>(i + 1);
+    text.remove_prefix(kWords[i].size());
+    return true;
+  }
+  return false;
+}
+
+// Takes a byte of the code page off the text, "\'d3", as our own writer writes it.
+bool FoldByte(std::string& bytes, TextView& text) {
+  constexpr std::size_t kLength = 4;
+  if (text.size() < kLength || text[1] != u'\'') return false;
+  const auto digit = [&](std::size_t at) {
+    return text[at] < kFirstFolded ? kHexDigits.find(static_cast<char>(text[at])) : TextView::npos;
+  };
+  const std::size_t high = digit(2);
+  const std::size_t low = digit(3);
+  if (high == TextView::npos || high < 8 || low == TextView::npos) return false;
+  bytes += static_cast<char>(high << 4 | low);
+  text.remove_prefix(kLength);
+  return true;
+}
+
+// Takes a character that the code page lacks off the text, as our own writer writes it: "\u", a
+// signed number of 16 bits without needless zeros, "?".
+bool FoldUnit(std::string& bytes, TextView& text) {
   constexpr std::size_t kMostDigits = 5;
-  if (!text.starts_with(u"\\u")) return std::nullopt;
+  if (!text.starts_with(u"\\u")) return false;
   std::size_t at = 2;
   const bool negative = at < text.size() && text[at] == u'-';
   if (negative) ++at;
@@ -69,19 +129,39 @@ std::optional<Escape> EscapeAt(TextView text) {
   while (at < text.size() && at - digits < kMostDigits && text[at] >= u'0' && text[at] <= u'9') {
     number = number * 10 + (text[at++] - u'0');
   }
-  if (at == digits || text[digits] == u'0' || at == text.size() || text[at] != u'?') return {};
+  if (at == digits || text[digits] == u'0' || at == text.size() || text[at] != u'?') return false;
   if (negative) number = -number;
-  if (number < INT16_MIN || number > INT16_MAX) return std::nullopt;
+  if (number < INT16_MIN || number > INT16_MAX) return false;
   const auto unit = static_cast<char16_t>(number);
-  if (unit < kFirstFolded) return std::nullopt;
-  return Escape{unit, at + 1};
+  if (unit < kFirstFolded) return false;
+  AppendOther(bytes, unit);
+  text.remove_prefix(at + 1);
+  return true;
 }
 
-// Called for each letter of a book, so without a text of its own.
-void AppendEscape(Text& text, char16_t unit) {
+bool FoldEscape(std::string& bytes, TextView& text) {
+  return FoldByte(bytes, text) || FoldWord(bytes, text) || FoldUnit(bytes, text);
+}
+
+void UnfoldUnit(Text& text, char16_t unit) {
+  if (unit < kFirstFolded) throw platform::Failure(u"A rich text folds a plain letter");
   std::array<char, 8> digits{};
   const auto end = std::to_chars(digits.begin(), digits.end(), static_cast<std::int16_t>(unit)).ptr;
   text.append(u"\\u").append(digits.begin(), end) += u'?';
+}
+
+// A byte that isn't kOther.
+void UnfoldByte(Text& text, unsigned char byte) {
+  if (byte >= kFirstFolded) {
+    text.append(u"\\'") += static_cast<char16_t>(kHexDigits[byte >> 4]);
+    text += static_cast<char16_t>(kHexDigits[byte & 0xF]);
+  } else if (IsPlain(byte)) {
+    text += byte;
+  } else if (byte <= kWords.size()) {
+    text += kWords[byte - 1U];
+  } else {
+    throw platform::Failure(u"A rich text folds an unknown word");
+  }
 }
 
 }  // namespace
@@ -97,29 +177,41 @@ Text Decoded(std::string_view bytes) {
   return text;
 }
 
-bool IsFoldable(TextView text) {
-  return text.starts_with(u"{\\rtf") &&
-         std::ranges::all_of(text, [](char16_t unit) { return unit != 0 && unit < kFirstFolded; });
-}
-
-void AppendFolded(std::string& bytes, TextView richText) {
-  while (!richText.empty()) {
-    const std::optional<Escape> escape = EscapeAt(richText);
-    AppendUnit(bytes, escape ? escape->unit : richText.front());
-    richText.remove_prefix(escape ? escape->length : 1);
+bool Fold(std::string& bytes, TextView richText) {
+  if (!IsFoldable(richText)) return false;
+  const std::size_t begin = bytes.size();
+  const std::size_t whole = richText.size();
+  if (richText.starts_with(kHead)) {
+    bytes += kHeadByte;
+    richText.remove_prefix(kHead.size());
   }
+  while (!richText.empty()) {
+    const char16_t unit = richText.front();
+    if (unit == u'\\' && FoldEscape(bytes, richText)) continue;
+    bytes += static_cast<char>(unit);
+    richText.remove_prefix(1);
+  }
+  if (whole <= kMostUnits * (bytes.size() - begin)) return true;
+  bytes.resize(begin);
+  return false;
 }
 
 Text Unfolded(std::string_view bytes) {
+  const std::size_t most = kMostUnits * bytes.size();
   Text text;
-  text.reserve(bytes.size());
+  text.reserve(kUnitsOfLetter * bytes.size());
+  if (!bytes.empty() && bytes.front() == kHeadByte) {
+    text += kHead;
+    bytes.remove_prefix(1);
+  }
   while (!bytes.empty()) {
-    const char16_t unit = TakeUnit(bytes);
-    if (unit < kFirstFolded) {
-      text += unit;
+    if (bytes.front() == kOther) {
+      UnfoldUnit(text, TakeUnit(bytes));
     } else {
-      AppendEscape(text, unit);
+      UnfoldByte(text, static_cast<unsigned char>(bytes.front()));
+      bytes.remove_prefix(1);
     }
+    if (text.size() > most) throw platform::Failure(u"A rich text is longer than it can be");
   }
   return text;
 }

@@ -1,12 +1,15 @@
 // The record of what is filed: work in, bytes out, work back.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <random>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/rtf/rtf.h"
 #include "platform/text/encoding.h"
 #include "recovery/bytes.h"
 #include "recovery/changes.h"
@@ -266,22 +269,39 @@ TEST(RecoveryRecord, NoNumberInItMakesMoreThanItsBytes) {
   EXPECT_NE(ReadBack(piece(Change::kGap, {0, kHuge})), "refused") << "of an empty table";
 }
 
-// 5,000 entries of 4 KB, as they are read from their input texts.
+// `characters` letters and blanks in paragraphs of that length, as the window files them.
+Text RichText(std::size_t characters, std::size_t ofParagraph) {
+  namespace rtf = platform::rtf;
+  rtf::Document document;
+  for (std::size_t left = characters; left > 0;) {
+    const std::size_t length = std::min(left, ofParagraph);
+    Text text;
+    for (std::size_t i = 0; i < length; ++i)
+      text += i % 6 == 5 ? u' ' : static_cast<char16_t>(u'\u0627' + i % 20);
+    document.paragraphs.push_back({rtf::Alignment::kRight,
+                                   rtf::Direction::kRightToLeft,
+                                   {{{.font = u"Tahoma", .halfPoints = 20}, text}}});
+    left -= length;
+  }
+  return rtf::WriteText(document);
+}
+
+// 5,000 entries of 4 KB, as they are read from their input texts: prose, and verses.
 TEST(RecoveryRecord, TakesLittleMoreThanTheTexts) {
   constexpr std::size_t kEntries = 500;
   constexpr std::size_t kCharacters = 4096;
-  RandomEditor editor(7);
-  filed::FiledWork& filed = editor.Work().filed;
-  Text rich = u"{\\rtf1\\ansi\\ansicpg1256\\deff0{\\fonttbl{\\f0 Tahoma;}}\r\n";
-  for (std::size_t i = 0; i < kCharacters; ++i) rich += i % 6 == 5 ? u" " : u"\\u1587?";
-  rich += u"}";
-  for (std::size_t row = 0; row < kEntries; ++row) {
-    const auto at = static_cast<std::ptrdiff_t>(row);
-    filed.table.entryTitle.Set(at, Text(20, u'س'));
-    filed.table.entryText.Set(at, rich);
-    filed.lines.Insert(at, Text(100, u'س'));
+  for (const std::size_t ofParagraph : {400U, 30U}) {
+    const Text rich = RichText(kCharacters, ofParagraph);
+    RandomEditor editor(7);
+    filed::FiledWork& filed = editor.Work().filed;
+    for (std::size_t row = 0; row < kEntries; ++row) {
+      const auto at = static_cast<std::ptrdiff_t>(row);
+      filed.table.entryTitle.Set(at, Text(20, u'س'));
+      filed.table.entryText.Set(at, rich);
+      filed.lines.Insert(at, Text(100, u'س'));
+    }
+    EXPECT_LT(RecordOf(editor).size(), kEntries * kCharacters * 13 / 10) << ofParagraph;
   }
-  EXPECT_LT(RecordOf(editor).size(), kEntries * kCharacters * 13 / 10);
 }
 
 TEST(RecoveryText, EveryUnitComesBack) {
@@ -292,23 +312,78 @@ TEST(RecoveryText, EveryUnitComesBack) {
   EXPECT_EQ(Decoded(bytes), all);
 }
 
-TEST(RecoveryText, FoldedRichTextComesBackAsItWas) {
+TEST(RecoveryText, RichTextComesBackAsItWas) {
   for (const TextView text :
-       {TextView(u"{\\rtf1 \\u1587?\\u-1?\\u-32768?\\u32767?}"),
+       {TextView(u"{\\rtf1 "
+                 u"\\'d3\\'80\\'ff\\u1740?\\u-1?\\u-32768?\\u32767?\\par\r\n\\pard\\rtlpar\\qr}"),
+        TextView(u"{\\rtf \\'D3\\'7f\\'d\\'g0\\'\\par\n\\pard\\rtlpar\\q\\\\'d3\\plain\\plai\\'d"),
         TextView(u"{\\rtf \\u32768?\\u01587?\\u1587 ?\\u?\\u-?\\u65?\\\\u1587?\\u1587"),
-        TextView(u"{\\rtf \\u128?\\u127?\\u-0?\\u99999?\\u123456?")}) {
-    ASSERT_TRUE(IsFoldable(text));
+        TextView(u"{\\rtf \\u128?\\u127?\\u-0?\\u99999?\\u123456?\t"), TextView(u"{\\rtf")}) {
     std::string bytes;
-    AppendFolded(bytes, text);
+    ASSERT_TRUE(Fold(bytes, text));
     EXPECT_EQ(Unfolded(bytes), text);
-    EXPECT_LT(bytes.size(), text.size());
+    EXPECT_LE(bytes.size(), text.size());
   }
-  EXPECT_FALSE(IsFoldable(u"{\\rtf س}"));
-  EXPECT_FALSE(IsFoldable(u"rtf"));
+}
+
+// All kinds of beginnings and ends of what is folded, one run into the other.
+TEST(RecoveryText, AnyRichTextComesBackAsItWas) {
+  const std::vector<Text> parts = {u"\\",
+                                   u"\\'",
+                                   u"d3",
+                                   u"\\'d3",
+                                   u"\\u",
+                                   u"1740?",
+                                   u"-",
+                                   u"?",
+                                   u"\\par",
+                                   u"\r\n",
+                                   u"\\pard\\rtlpar\\qr",
+                                   u"\\plain",
+                                   u"{",
+                                   u"}",
+                                   u" ",
+                                   u"a",
+                                   u"\t",
+                                   RichText(7, 3),
+                                   u"\b",
+                                   u"\x1",
+                                   u"س",
+                                   Text(1, u'\0')};
+  std::mt19937 random(1);
+  for (int round = 0; round < 20'000; ++round) {
+    Text text = random() % 2 == 0 ? u"{\\rtf" : u"";
+    for (auto left = random() % 9; left > 0; --left) text += parts[random() % parts.size()];
+    std::string bytes;
+    AppendText(bytes, text);
+    Reader reader(bytes);
+    ASSERT_EQ(reader.Text(), text);
+    ASSERT_TRUE(reader.IsAtEnd());
+  }
+}
+
+TEST(RecoveryText, WhatIsNoRichTextOfSevenBitsIsNotFolded) {
+  std::string bytes = "before";
+  EXPECT_FALSE(Fold(bytes, u"{\\rtf س}"));
+  EXPECT_FALSE(Fold(bytes, u"{\\rtf \x1}"));
+  EXPECT_FALSE(Fold(bytes, u"rtf"));
+  EXPECT_EQ(bytes, "before");
+}
+
+// A short record can't fill the memory.
+TEST(RecoveryText, NothingFoldedGrowsWithoutBounds) {
+  Text ends = u"{\\rtf1 ";
+  for (int i = 0; i < 1000; ++i) ends += u"\\par\r\n\\pard\\rtlpar\\qr";
+  std::string bytes;
+  EXPECT_FALSE(Fold(bytes, ends));
+  EXPECT_THROW(Unfolded("{\\rtf1 " + std::string(1000, '\1')), Failure);
 }
 
 TEST(RecoveryText, TornBytesFail) {
   EXPECT_THROW(Decoded(std::string_view("\0a", 2)), Failure);
+  EXPECT_THROW(Unfolded(std::string_view("\0a\0", 3)), Failure) << "a plain letter";
+  EXPECT_THROW(Unfolded("{\\rtf\x1F"), Failure);
+  EXPECT_THROW(Unfolded("{\\rtf\b"), Failure) << "no beginning";
   EXPECT_THROW(Reader("\x80").Number(), Failure);
   EXPECT_THROW(Reader(std::string(11, '\x80')).Number(), Failure);
   EXPECT_THROW(Reader("\x08zz").Text(), Failure);
