@@ -84,11 +84,48 @@ static_assert(kWords.size() < kHeadByte);
 constexpr std::size_t kUnitsOfLetter = 4;
 constexpr std::size_t kMostUnits = 8;
 
-bool IsFoldable(TextView text) {
-  return text.starts_with(u"{\\rtf") && std::ranges::all_of(text, IsPlain);
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+constexpr std::size_t kNoDigit = 16;
+
+constexpr std::array<std::uint8_t, kFirstFolded> kHexValues = [] {
+  std::array<std::uint8_t, kFirstFolded> values{};
+  values.fill(kNoDigit);
+  for (std::size_t i = 0; i < kHexDigits.size(); ++i) {
+    values[static_cast<std::size_t>(kHexDigits[i])] = static_cast<std::uint8_t>(i);
+  }
+  return values;
+}();
+
+std::size_t HexValue(char16_t unit) {
+  return unit < kHexValues.size() ? kHexValues[unit] : kNoDigit;
 }
 
-constexpr std::string_view kHexDigits = "0123456789abcdef";
+// So many bytes at a time.
+constexpr std::size_t kRun = 256;
+
+// Takes off the text what most of it is: bytes of the code page as our own writer writes them,
+// "\\'d3", and what stands for itself.
+bool FoldRun(std::string& bytes, TextView& text) {
+  std::array<char, kRun> run;
+  std::size_t length = 0;
+  std::size_t at = 0;
+  for (; length < run.size() && at < text.size(); ++length) {
+    if (text[at] != u'\\') {
+      if (!IsPlain(text[at])) break;
+      run[length] = static_cast<char>(text[at++]);
+      continue;
+    }
+    if (text.size() - at < kUnitsOfLetter || text[at + 1] != u'\'') break;
+    const std::size_t high = HexValue(text[at + 2]);
+    const std::size_t low = HexValue(text[at + 3]);
+    if (high == kNoDigit || high < (kFirstFolded >> 4) || low == kNoDigit) break;
+    run[length] = static_cast<char>(high << 4 | low);
+    at += kUnitsOfLetter;
+  }
+  bytes.append(run.data(), length);
+  text.remove_prefix(at);
+  return at > 0;
+}
 
 // Takes one of the words off the text.
 bool FoldWord(std::string& bytes, TextView& text) {
@@ -99,21 +136,6 @@ bool FoldWord(std::string& bytes, TextView& text) {
     return true;
   }
   return false;
-}
-
-// Takes a byte of the code page off the text, "\'d3", as our own writer writes it.
-bool FoldByte(std::string& bytes, TextView& text) {
-  constexpr std::size_t kLength = 4;
-  if (text.size() < kLength || text[1] != u'\'') return false;
-  const auto digit = [&](std::size_t at) {
-    return text[at] < kFirstFolded ? kHexDigits.find(static_cast<char>(text[at])) : TextView::npos;
-  };
-  const std::size_t high = digit(2);
-  const std::size_t low = digit(3);
-  if (high == TextView::npos || high < 8 || low == TextView::npos) return false;
-  bytes += static_cast<char>(high << 4 | low);
-  text.remove_prefix(kLength);
-  return true;
 }
 
 // Takes a character that the code page lacks off the text, as our own writer writes it: "\u", a
@@ -139,10 +161,6 @@ bool FoldUnit(std::string& bytes, TextView& text) {
   return true;
 }
 
-bool FoldEscape(std::string& bytes, TextView& text) {
-  return FoldByte(bytes, text) || FoldWord(bytes, text) || FoldUnit(bytes, text);
-}
-
 void UnfoldUnit(Text& text, char16_t unit) {
   if (unit < kFirstFolded) throw platform::Failure(u"A rich text folds a plain letter");
   std::array<char, 8> digits{};
@@ -150,18 +168,36 @@ void UnfoldUnit(Text& text, char16_t unit) {
   text.append(u"\\u").append(digits.begin(), end) += u'?';
 }
 
-// A byte that isn't kOther.
-void UnfoldByte(Text& text, unsigned char byte) {
-  if (byte >= kFirstFolded) {
-    text.append(u"\\'") += static_cast<char16_t>(kHexDigits[byte >> 4]);
-    text += static_cast<char16_t>(kHexDigits[byte & 0xF]);
-  } else if (IsPlain(byte)) {
-    text += byte;
-  } else if (byte <= kWords.size()) {
-    text += kWords[byte - 1U];
-  } else {
-    throw platform::Failure(u"A rich text folds an unknown word");
+// Takes off the bytes what most of them are.
+bool UnfoldRun(Text& text, std::string_view& bytes) {
+  std::array<char16_t, kUnitsOfLetter * kRun> run;
+  char16_t* to = run.data();
+  std::size_t at = 0;
+  for (; at < std::min(kRun, bytes.size()); ++at) {
+    const auto byte = static_cast<unsigned char>(bytes[at]);
+    if (byte >= kFirstFolded) {
+      *to++ = u'\\';
+      *to++ = u'\'';
+      *to++ = static_cast<char16_t>(kHexDigits[byte >> 4]);
+      *to++ = static_cast<char16_t>(kHexDigits[byte & 0xF]);
+    } else if (IsPlain(byte)) {
+      *to++ = byte;
+    } else {
+      break;
+    }
   }
+  text.append(run.data(), to);
+  bytes.remove_prefix(at);
+  return at > 0;
+}
+
+// Takes off the bytes what a run doesn't.
+void UnfoldOther(Text& text, std::string_view& bytes) {
+  if (bytes.front() == kOther) return UnfoldUnit(text, TakeUnit(bytes));
+  const auto word = static_cast<std::size_t>(bytes.front()) - 1;
+  if (word >= kWords.size()) throw platform::Failure(u"A rich text folds an unknown word");
+  text += kWords[word];
+  bytes.remove_prefix(1);
 }
 
 }  // namespace
@@ -178,7 +214,7 @@ Text Decoded(std::string_view bytes) {
 }
 
 bool Fold(std::string& bytes, TextView richText) {
-  if (!IsFoldable(richText)) return false;
+  if (!richText.starts_with(u"{\\rtf")) return false;
   const std::size_t begin = bytes.size();
   const std::size_t whole = richText.size();
   if (richText.starts_with(kHead)) {
@@ -186,12 +222,14 @@ bool Fold(std::string& bytes, TextView richText) {
     richText.remove_prefix(kHead.size());
   }
   while (!richText.empty()) {
-    const char16_t unit = richText.front();
-    if (unit == u'\\' && FoldEscape(bytes, richText)) continue;
-    bytes += static_cast<char>(unit);
+    if (FoldRun(bytes, richText) || FoldWord(bytes, richText) || FoldUnit(bytes, richText)) {
+      continue;
+    }
+    if (!IsPlain(richText.front())) break;
+    bytes += static_cast<char>(richText.front());
     richText.remove_prefix(1);
   }
-  if (whole <= kMostUnits * (bytes.size() - begin)) return true;
+  if (richText.empty() && whole <= kMostUnits * (bytes.size() - begin)) return true;
   bytes.resize(begin);
   return false;
 }
@@ -205,12 +243,7 @@ Text Unfolded(std::string_view bytes) {
     bytes.remove_prefix(1);
   }
   while (!bytes.empty()) {
-    if (bytes.front() == kOther) {
-      UnfoldUnit(text, TakeUnit(bytes));
-    } else {
-      UnfoldByte(text, static_cast<unsigned char>(bytes.front()));
-      bytes.remove_prefix(1);
-    }
+    if (!UnfoldRun(text, bytes)) UnfoldOther(text, bytes);
     if (text.size() > most) throw platform::Failure(u"A rich text is longer than it can be");
   }
   return text;

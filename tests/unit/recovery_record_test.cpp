@@ -362,6 +362,18 @@ TEST(RecoveryText, AnyRichTextComesBackAsItWas) {
   }
 }
 
+// Of any length, in one paragraph and in many.
+TEST(RecoveryText, ALongRichTextComesBackAsItWas) {
+  for (std::size_t length = 240; length < 800; ++length) {
+    for (const std::size_t ofParagraph : {std::size_t{17}, length}) {
+      const Text text = RichText(length, ofParagraph);
+      std::string bytes;
+      ASSERT_TRUE(Fold(bytes, text));
+      ASSERT_EQ(Unfolded(bytes), text) << length;
+    }
+  }
+}
+
 TEST(RecoveryText, WhatIsNoRichTextOfSevenBitsIsNotFolded) {
   std::string bytes = "before";
   EXPECT_FALSE(Fold(bytes, u"{\\rtf س}"));
