@@ -58,7 +58,7 @@ std::vector<FiledText> FileTexts(platform::RichTextBox& box) {
   return texts;
 }
 
-// What an editor files is in its record behind the event that filed it, long before the build.
+// What an editor files is in its record after the event that filed it, long before the build.
 void EndEvent() {
   QEvent event(QEvent::User);
   QCoreApplication::sendEvent(QCoreApplication::instance(), &event);

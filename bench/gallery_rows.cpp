@@ -69,7 +69,7 @@ class GalleryDesk {
     Robot::Settle();
   }
 
-  // To the row of five behind, or back.
+  // Five rows on, or back.
   double SecondsOfStep() {
     const auto& bar = Robot::FindAs<QScrollBar>("Form3", "VSC");
     const int key = bar.value() == 1 ? Qt::Key_PageDown : Qt::Key_PageUp;

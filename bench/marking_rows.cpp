@@ -41,7 +41,7 @@ class MarkingDesk {
     desk_.OpenWorkbench(work.NewFolder("project"), input);
   }
 
-  // Files all entries of the text behind as many as are filed.
+  // Files all entries of the text after as many as are filed.
   double SecondsToMark(int filed) {
     desk_.form3.ResetA();
     for (int i = 0; i < filed; ++i) File(i);

@@ -38,16 +38,16 @@ def wrapped(line):
     first = 0
     length = 0  # of the pieces so far
     pieces = []
-    behind = WORDS + (words[0] == "")  # a blank at the line's start doesn't count
-    while behind < len(words):
-        piece = " ".join(words[first:behind])
-        last_blank = length + len(piece) - len(words[behind - 1]) - 1
+    after = WORDS + (words[0] == "")  # a blank at the line's start doesn't count
+    while after < len(words):
+        piece = " ".join(words[first:after])
+        last_blank = length + len(piece) - len(words[after - 1]) - 1
         if last_blank + len(pieces) >= end:
             break
         pieces.append(piece)
         length += len(piece) + 1
-        first = behind
-        behind += WORDS
+        first = after
+        after += WORDS
     pieces.append(" ".join(words[first:]))
     return BREAK.join(pieces)
 

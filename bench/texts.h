@@ -10,7 +10,7 @@
 
 namespace bench {
 
-// As an editor gets it: paragraphs of some hundred characters with CR LF behind them, blanks around
+// As an editor gets it: paragraphs of some hundred characters with CR LF after them, blanks around
 // line breaks, leftovers of markup, dotless yes. Exactly `characters` long and the same in
 // Windows-1256, where each character is a byte.
 platform::Text RawText(std::size_t characters, std::uint32_t seed = 1);

@@ -7,7 +7,7 @@
 
 namespace core {
 
-// The pieces one behind the other, in one allocation.
+// The pieces one after the other, in one allocation.
 platform::Text Joined(std::initializer_list<platform::TextView> pieces);
 
 }  // namespace core

@@ -23,7 +23,7 @@ platform::Text SourceFile(platform::TextView projectRoot, platform::TextView fol
 // Data\TXT, where the page files of an export lie.
 platform::Text PageFolder(platform::TextView root);
 platform::Text ExportedPage(platform::TextView root, platform::TextView name);
-// The print page of a page file: the same place and name with the letter "l" behind it.
+// The print page of a page file: the same place and name with the letter "l" after it.
 platform::Text PrintPage(platform::TextView root, platform::TextView name);
 platform::Text Viewer(platform::TextView root);
 

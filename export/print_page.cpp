@@ -19,7 +19,7 @@ constexpr char16_t kPercent = u'%';
 }  // namespace
 
 bool IsPageFile(TextView name) {
-  return platform::EqualsIgnoringCase(platform::Behind(name, u"."), u"htm");
+  return platform::EqualsIgnoringCase(platform::After(name, u"."), u"htm");
 }
 
 Text PrintBody(TextView page) {

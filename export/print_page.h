@@ -11,7 +11,7 @@ namespace exporting {
 // dot counts whole as its extension.
 bool IsPageFile(platform::TextView name);
 
-// What stands behind the page's title, with paragraphs and picture places as a browser wants them.
+// What stands after the page's title, with paragraphs and picture places as a browser wants them.
 // Without a title's end the body starts at the tenth character: print pages have always begun so.
 platform::Text PrintBody(platform::TextView page);
 

@@ -16,9 +16,9 @@ struct ExportScript {
 };
 
 // Cuts the sections out of the script's text. A section runs from the first occurrence of its
-// header to the first "[" behind it; the header's own line and the last piece before that "[" are
+// header to the first "[" after it; the header's own line and the last piece before that "[" are
 // no lines of it, so a section has to end with one empty line. Failure if a header or the "["
-// behind a section is missing.
+// after a section is missing.
 ExportScript CutScript(platform::TextView text);
 
 // The two sides of a line "source => target", without the blanks around them.

@@ -86,7 +86,7 @@ struct EntryTable {
   // What ResetA empties: every column.
   void Clear();
 
-  // The rows behind `row` move up by one, as far as titles go: title, text, and the media that
+  // The rows after `row` move up by one, as far as titles go: title, text, and the media that
   // move. Backgrounds and galleries stay at their row numbers.
   void CloseGap(std::ptrdiff_t row);
   // The columns in which they do.

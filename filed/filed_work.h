@@ -17,7 +17,7 @@ namespace filed {
 // so the table doesn't tell them.
 class EntryLines {
  public:
-  // A line that moves all behind it: one that came, or one that went.
+  // A line that moves all after it: one that came, or one that went.
   struct Shift {
     std::ptrdiff_t row = 0;
     bool came = false;

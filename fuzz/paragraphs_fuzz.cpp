@@ -37,8 +37,8 @@ void CheckLines(const Text& rebuilt, const workbench::ParagraphRules& rules) {
   if (rules.removeBreaks) Require(rebuilt.find(u"  ") == Text::npos);
   if (!rules.breakAtMarks) return;
   for (std::size_t at = 0; (at = rebuilt.find_first_of(u".!\u061F", at)) != Text::npos; ++at) {
-    const TextView behind = TextView(rebuilt).substr(at + 1);
-    Require(behind.starts_with(rebuilt[at] == u'\u061F' ? u"\r\n" : u"\u200F\r\n"));
+    const TextView after = TextView(rebuilt).substr(at + 1);
+    Require(after.starts_with(rebuilt[at] == u'\u061F' ? u"\r\n" : u"\u200F\r\n"));
   }
 }
 
@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Text text = platform::DecodeMachineCodePage(bytes);
   const Text rebuilt = workbench::RebuildParagraphs(text, rules);
   Require(Letters(rebuilt) == Letters(text));
-  // Three characters behind a mark, one more at a blank, two at the end.
+  // Three characters after a mark, one more at a blank, two at the end.
   Require(rebuilt.size() <= text.size() + 3 * CountOf(text, u".!\u061F") + CountOf(text, u" ") + 2);
   CheckLines(rebuilt, rules);
   return 0;

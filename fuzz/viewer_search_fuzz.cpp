@@ -60,11 +60,11 @@ void CheckMatch(const Match& match, const QStringList& texts, const QStringList&
 
 void CheckMarks(const QString& text, const QStringList& words) {
   const std::vector<viewer::Mark> marks = viewer::MarksIn(text, words);
-  qsizetype behind = 0;
+  qsizetype after = 0;
   for (const viewer::Mark& mark : marks) {
-    Require(mark.start >= behind && mark.length > 0);
-    behind = mark.start + mark.length;
-    Require(behind <= text.size());
+    Require(mark.start >= after && mark.length > 0);
+    after = mark.start + mark.length;
+    Require(after <= text.size());
     Require(HoldsOne(text.sliced(mark.start, mark.length), words));
   }
   Require(HoldsOne(text, words) == !marks.empty());

@@ -17,7 +17,7 @@ void FolderPictures::Read(platform::FileSystemObject& fileSys) {
 }
 
 bool IsGalleryPicture(TextView name) {
-  return platform::LCase(platform::Behind(name, u".")) == platform::LCase(u"JPG");
+  return platform::LCase(platform::After(name, u".")) == platform::LCase(u"JPG");
 }
 
 Text ShownPath(TextView path, Position longest) {

@@ -13,7 +13,7 @@ namespace gallery {
 struct FolderPictures {
   platform::Text galleryFolder;                // with or without a final "\"
   platform::Column<platform::Text> folderPic;  // file names, sorted without regard to case
-  // How many names of folderPic belong to the folder. Those behind are an earlier folder's.
+  // How many names of folderPic belong to the folder. Those after them are an earlier folder's.
   std::ptrdiff_t folderPicCount = 0;
 
   // Lists the folder's files whose names end in "jpg", in whatever letters. Failure if the folder

@@ -1,4 +1,4 @@
-// Bitmaps as files: the header of 14 bytes, and behind it one of the information headers.
+// Bitmaps as files: the header of 14 bytes, and after it one of the information headers.
 #include <algorithm>
 #include <cstddef>
 

@@ -114,7 +114,7 @@ class Film {
     return true;
   }
 
-  // Cut off in the middle of its last piece, or with something behind that: a film is played as far
+  // Cut off in the middle of its last piece, or with something after that: a film is played as far
   // as it goes.
   bool IsGoodEnd(std::uint64_t at) {
     const bool isCutFilm = HasWord(source_.Read(at, 8), 4, "mdat");
@@ -180,7 +180,7 @@ class Film {
   }
 
   // Each of the references says that the data lie in this file, and names nothing. `at` is just
-  // behind the name of their box.
+  // after the name of their box.
   bool AreReferencesToItself(std::uint64_t at, const Box& around) const {
     Box box;
     if (at < around.start + 8 || !BoxAt(at - 8, around.end, box)) return false;

@@ -8,7 +8,7 @@
 namespace media {
 
 // The `count` bytes (8 at most) at `at` as a number, the most or the least significant byte first.
-// What lies behind the end counts as 0.
+// What lies past the end counts as 0.
 std::uint64_t BigEndian(std::string_view bytes, std::size_t at, std::size_t count);
 std::uint64_t LittleEndian(std::string_view bytes, std::size_t at, std::size_t count);
 

@@ -109,7 +109,7 @@ bool IsOgg(const Source& source) {
   return false;
 }
 
-// A head, then tags of sound, picture or description, each with its length behind it once more.
+// A head, then tags of sound, picture or description, each with its length after it once more.
 // Source: the format of Flash video, version 10.1, annex E.
 bool IsFlv(const Source& source) {
   constexpr int kEnoughTags = 4;

@@ -24,7 +24,7 @@ bool IsTail(std::string_view rest) {
   return HasWord(rest, 0, "TAG") || HasWord(rest, 0, "APETAGEX") || HasWord(rest, 0, "LYRICSBEGIN");
 }
 
-// As many frames as are enough, one behind the other from the first byte on; a sound that ends
+// As many frames as are enough, one after the other from the first byte on; a sound that ends
 // before has a few of them, and ends with the last or in the middle of it.
 template <typename FrameAt>
 bool HasFrames(std::string_view head, int fewest, FrameAt frameAt) {

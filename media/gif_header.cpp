@@ -18,8 +18,8 @@ std::size_t ColoursOf(std::uint64_t flags) {
   return (flags & kHasColours) == 0 ? 0 : std::size_t{3} << ((flags & 7U) + 1);
 }
 
-// The place behind the blocks.
-std::size_t BehindBlocks(std::string_view bytes, std::size_t at) {
+// The place after the blocks.
+std::size_t AfterBlocks(std::string_view bytes, std::size_t at) {
   while (at < bytes.size() && bytes[at] != 0) at += 1 + BigEndian(bytes, at, 1);
   return at + 1;
 }
@@ -32,7 +32,7 @@ class Codes {
 
   std::uint64_t Pixels() const { return pixels_; }
 
-  // Behind the code of the end nothing counts.
+  // After the code of the end nothing counts.
   void Take(unsigned byte) {
     if (ended_) return;
     bits_ |= std::uint64_t{byte} << count_;
@@ -107,7 +107,7 @@ std::uint32_t Side(std::uint32_t canvas, std::uint32_t place, std::uint32_t fram
 }  // namespace
 
 PictureHeader ReadGifHeader(std::string_view bytes) {
-  constexpr std::size_t kBehindScreen = 13;
+  constexpr std::size_t kAfterScreen = 13;
   constexpr std::size_t kFrameHead = 10;
   constexpr std::string_view kControl = "\xF9";
   constexpr std::uint32_t kBitsOfKept = 32;
@@ -115,9 +115,9 @@ PictureHeader ReadGifHeader(std::string_view bytes) {
   constexpr char kFrame = '\x2C';
   PictureHeader header;
   header.kind = PictureKind::kGif;
-  std::size_t at = kBehindScreen + ColoursOf(BigEndian(bytes, 10, 1));
+  std::size_t at = kAfterScreen + ColoursOf(BigEndian(bytes, 10, 1));
   bool isOpaque = true;
-  for (; at < bytes.size() && bytes[at] == kExtension; at = BehindBlocks(bytes, at + 2)) {
+  for (; at < bytes.size() && bytes[at] == kExtension; at = AfterBlocks(bytes, at + 2)) {
     // It may say that a colour lets through what is behind, and that the canvas is to be kept.
     isOpaque = isOpaque && !HasWord(bytes, at + 1, kControl);
   }

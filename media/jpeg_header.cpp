@@ -147,7 +147,7 @@ class Reader {
  private:
   static constexpr std::size_t kFirst = 2;
 
-  // Gives the place behind it.
+  // Gives the place after it.
   std::size_t Take(const Marker& marker) {
     constexpr unsigned kEnd = 0xD9;
     constexpr unsigned kScan = 0xDA;

@@ -26,7 +26,7 @@ bool HasWordInAnyCase(std::string_view bytes, std::string_view word) {
 }
 
 // Where a list, a page or a description of a broadcast begins so, players read it as one whatever
-// comes behind it.
+// comes after it.
 bool BeginsAsAText(std::string_view text) {
   constexpr std::array<std::string_view, 8> kWords = {"#ext",     "<?",  "<!",   "[playlist",
                                                       "ffconcat", "v=0", "rtsp", "[reference"};

@@ -37,7 +37,7 @@ std::uint64_t TagLength(const Source& source, std::uint64_t at) {
   return kTagHead + length + (hasFoot ? kTagHead : 0);
 }
 
-// Behind the tags stand zeros in many a file.
+// After the tags stand zeros in many a file.
 Tags TagsOf(const Source& source) {
   Tags tags;
   for (int i = 0; i < kMostTags; ++i) {
@@ -105,7 +105,7 @@ constexpr std::array<Question, 10> kQuestions = {{{MediaKind::kMp3, IsMp3, true}
 
 // Asked last: a film may hold such a sound near its beginning. The player gets what begins with the
 // sound, without the junk.
-std::optional<KnownMedium> SoundBehindJunk(const Source& medium, std::uint64_t start) {
+std::optional<KnownMedium> SoundAfterJunk(const Source& medium, std::uint64_t start) {
   const std::optional<std::string> junk = BytesBeforeMp3(medium);
   if (!junk || !IsJunk(*junk) || NamesOthers(medium)) return std::nullopt;
   if (NamesOthers(medium.From(junk->size()))) return std::nullopt;
@@ -125,7 +125,7 @@ std::optional<KnownMedium> MediumOf(const Source& source) {
     if (NamesOthers(medium) || spared.IsSpent()) return std::nullopt;
     return KnownMedium{question.kind, tags.end};
   }
-  return spared.IsSpent() ? std::nullopt : SoundBehindJunk(medium, tags.end);
+  return spared.IsSpent() ? std::nullopt : SoundAfterJunk(medium, tags.end);
 }
 
 }  // namespace media

@@ -23,7 +23,7 @@ enum class MediaKind {
 
 struct KnownMedium {
   MediaKind kind;
-  std::uint64_t start;  // where it begins: behind a sound's tags and junk
+  std::uint64_t start;  // where it begins: after a sound's tags and junk
 };
 
 // Players judge a file by its bytes, too, but they know lists, which name other files and

@@ -57,7 +57,7 @@ bool IsTransportStream(const Source& source) {
   return true;
 }
 
-// The head of a sequence, and what comes behind it: an extension, pictures.
+// The head of a sequence, and what comes after it: an extension, pictures.
 bool IsVideoStream(const Source& source) {
   const std::string head = source.Read(0, 256);
   if (BigEndian(head, 0, 4) != kSequence) return false;

@@ -8,7 +8,7 @@
 namespace media {
 namespace {
 
-// In the decoder and behind it: the picture, the same turned upright, and as a window takes it.
+// In the decoder and after it: the picture, the same turned upright, and as a window takes it.
 constexpr std::uint64_t kBytesOfShownPixel = 3ULL * 4;
 constexpr std::uint64_t kNanosecondsOfShownPixel = 15;
 // Tables and some lines of pixels.

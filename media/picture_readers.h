@@ -13,7 +13,7 @@ PictureHeader ReadPngHeader(std::string_view bytes);
 PictureHeader ReadGifHeader(std::string_view bytes);
 PictureHeader ReadBitmapHeader(std::string_view bytes);
 
-// What a pixel takes in a decoder and behind it, in bits: measured, and a little more. One of four
+// What a pixel takes in a decoder and after it, in bits: measured, and a little more. One of four
 // bytes is made smaller as it is. Any other is held besides in the form in which that can be done.
 inline constexpr std::uint32_t kBitsOfColour = 34;
 inline constexpr std::uint32_t kBitsOfGrey = 50;

@@ -17,7 +17,7 @@ class Source {
   Source(std::uint64_t size, Reader reader) : size_(size), reader_(std::move(reader)) {}
 
   std::uint64_t Size() const { return size_ - start_; }
-  // Fewer at the end, none behind it.
+  // Fewer at the end, none past it.
   std::string Read(std::uint64_t at, std::size_t count) const;
   // The same without what lies before `at`.
   Source From(std::uint64_t at) const;

@@ -49,7 +49,7 @@ class Column {
     wasCleared_ = true;
   }
 
-  // Puts a row in front of `row`, or takes it out; those behind it move. Failure for a negative
+  // Puts a row in front of `row`, or takes it out; those after it move. Failure for a negative
   // row.
   void Insert(std::ptrdiff_t row, T value) {
     const std::size_t at = Checked(row);
@@ -64,7 +64,7 @@ class Column {
     if (touched_.first > row) --touched_.first;
     if (touched_.end > row) --touched_.end;
   }
-  // Each row from `row` to the one before `last` gets the value of the one behind it; the last
+  // Each row from `row` to the one before `last` gets the value of the one after it; the last
   // keeps its own. Failure for a negative row.
   void MoveUp(std::ptrdiff_t row, std::ptrdiff_t last) {
     for (std::size_t at = Checked(row); at < Checked(last) && at < rows_.size(); ++at) {
@@ -75,7 +75,7 @@ class Column {
     if (!touched_.IsEmpty() && touched_.first > row) --touched_.first;
   }
 
-  // The rows that were written since the last Settle, or since a Clear behind that, counted as they
+  // The rows that were written since the last Settle, or since a Clear after that, counted as they
   // stand now. What Insert, Remove and MoveUp have only moved doesn't count.
   const RowRange& Touched() const { return touched_; }
   bool WasCleared() const { return wasCleared_; }

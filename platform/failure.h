@@ -21,7 +21,7 @@ class [[nodiscard]] Failure : public std::exception {
   std::string utf8_;
 };
 
-// Runs `body`. Where it fails, `ending` gets the description, once, behind the unwinding.
+// Runs `body`. Where it fails, `ending` gets the description, once, after the unwinding.
 // Exceptions of the standard library (no memory left, a length out of range) count as failures.
 void CatchingFailure(const std::function<void()>& body,
                      const std::function<void(const Text& description)>& ending);

@@ -19,7 +19,7 @@ namespace {
 
 using Grid = Column<Column<Text>>;
 
-// Behind so many bytes a whole record begins its next piece.
+// After so many bytes a whole record begins its next piece.
 constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
 
 class Writer {

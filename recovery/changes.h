@@ -35,7 +35,7 @@ struct Recorded {
 std::string ChangesOf(LiveWork& work, Recorded& recorded);
 
 // The file that tells all of it, head and pieces; it counts as told from then on. A part of that
-// file, cut behind any piece, is the work with fewer rows.
+// file, cut after any piece, is the work with fewer rows.
 std::string WholeRecord(LiveWork& work, Recorded& recorded);
 
 }  // namespace recovery

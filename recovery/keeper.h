@@ -1,4 +1,4 @@
-// The record of this run: written behind each event, ours until the work is built or the window is
+// The record of this run: written after each event, ours until the work is built or the window is
 // closed. A disk that says no ends the record and nothing else.
 #pragma once
 
@@ -29,7 +29,7 @@ class Keeper {
   // What earlier runs have left of a collection; see FindLeftRecords.
   std::vector<LeftRecord> FindLeft(const Collection& collection);
 
-  // What there is now is where the next record begins; only a change behind it makes one, and
+  // What there is now is where the next record begins; only a change after it makes one, and
   // only as long as there is something to be brought back.
   void Start(LiveWork work);
   // What has changed since the last call goes to the end of the record.

@@ -1,4 +1,4 @@
-// What a record's file is made of: a head, and pieces that are only ever added behind each other.
+// What a record's file is made of: a head, and pieces that are only ever added after each other.
 // A piece is four bytes of length, four of checksum over length and content, and its content, all
 // numbers with the lowest byte first.
 #pragma once

@@ -82,7 +82,7 @@ class Replay {
     if (!found) throw Failure(u"A record tells of an unknown column");
   }
 
-  // A new row stands right behind the others, so that there are never more rows than bytes.
+  // A new row stands right after the others, so that there are never more rows than bytes.
   template <typename T>
   static void ReadRows(Reader& piece, Column<T>& column) {
     const std::ptrdiff_t first = piece.Count(column.Count());

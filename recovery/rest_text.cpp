@@ -20,7 +20,7 @@ void Turn(Text& from, Text& to, std::size_t count) {
 
 }  // namespace
 
-Position RestText::Length() const { return static_cast<Position>(before_.size() + behind_.size()); }
+Position RestText::Length() const { return static_cast<Position>(before_.size() + after_.size()); }
 
 void RestText::Change(Position start, Position removed, TextView added) {
   if (start < 0 || removed < 0 || start > Length() || removed > Length() - start) {
@@ -28,19 +28,19 @@ void RestText::Change(Position start, Position removed, TextView added) {
   }
   const auto place = static_cast<std::size_t>(start);
   if (place < before_.size()) {
-    Turn(before_, behind_, before_.size() - place);
+    Turn(before_, after_, before_.size() - place);
   } else {
-    Turn(behind_, before_, place - before_.size());
+    Turn(after_, before_, place - before_.size());
   }
-  behind_.resize(behind_.size() - static_cast<std::size_t>(removed));
+  after_.resize(after_.size() - static_cast<std::size_t>(removed));
   before_ += added;
 }
 
 Text RestText::Whole() const {
   Text whole;
-  whole.reserve(before_.size() + behind_.size());
+  whole.reserve(before_.size() + after_.size());
   whole += before_;
-  return whole.append(behind_.rbegin(), behind_.rend());
+  return whole.append(after_.rbegin(), after_.rend());
 }
 
 }  // namespace recovery

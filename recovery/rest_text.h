@@ -15,7 +15,7 @@ class RestText {
 
  private:
   platform::Text before_;  // the place of the last change
-  platform::Text behind_;  // the same, its characters from the last to the first
+  platform::Text after_;   // the same, its characters from the last to the first
 };
 
 }  // namespace recovery

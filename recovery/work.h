@@ -74,7 +74,7 @@ inline constexpr std::size_t kEntryCountNumber = 0;
 inline constexpr std::size_t kCollectionTexts = 2;  // the first so many say whose work it is
 inline constexpr std::size_t kTextFields = 7;
 inline constexpr std::size_t kNumberFields = 4;
-inline constexpr int kLinesColumn = 12;  // behind those of the entry table
+inline constexpr int kLinesColumn = 12;  // after those of the entry table
 
 // The columns of the table and, as one more, the lines of the list.
 template <typename Visit>

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Cuts the power of a disk on which the sample book is made, and looks at what is left:
 #
-#     tools/power_cut_test.sh [SECONDS ...]    # copies at each box, and so long behind it; usually 0 2
+#     tools/power_cut_test.sh [SECONDS ...]    # copies at each box, and so long after it; usually 0 2
 #
 # As root, with loop devices and ext4. The disk is a file with an ext4 in it. While a message box
 # stands the file is copied, which has then what a disk has that lost its power: each copy is mounted,

@@ -12,7 +12,7 @@
 namespace viewer {
 namespace {
 
-// Cards are there for what can be seen and so many before and behind it: where the focus goes next,
+// Cards are there for what can be seen and so many before and after it: where the focus goes next,
 // and what a screen reader finds. An ordinary book has all of its cards.
 constexpr std::size_t kCardsAround = 100;
 constexpr int kRoomAround = 50;  // pixels, between a card with the focus and the edge of the view

@@ -18,11 +18,11 @@ inline constexpr qsizetype kWeightOfSection = 300'000;
 struct PagePiece {
   qsizetype length = 0;  // in characters
   qsizetype weight = 0;
-  PagePlace next;  // behind it; its part is the number of parts at the end of the page
+  PagePlace next;  // after it; its part is the number of parts at the end of the page
 };
 PagePiece PieceAt(const Page& page, PagePlace place);
 
-// Where each section starts, the end of the page behind them. There is always one; they are of much
+// Where each section starts, the end of the page after them. There is always one; they are of much
 // the same weight.
 std::vector<PagePlace> CutIntoSections(const Page& page);
 

@@ -80,8 +80,8 @@ void PageView::ShowEndOfSection(int section) {
 }
 
 void PageView::GoToWords(PagePlace place) {
-  const auto behind = std::upper_bound(sections_.begin(), sections_.end() - 1, place);
-  ShowSection(static_cast<int>(behind - sections_.begin()) - 1);
+  const auto after = std::upper_bound(sections_.begin(), sections_.end() - 1, place);
+  ShowSection(static_cast<int>(after - sections_.begin()) - 1);
   while (!IsLaidOut() && next_ <= place) Append();
   if (marks_.isEmpty()) return;
   const int start = marks_.front().cursor.selectionStart();

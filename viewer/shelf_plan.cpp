@@ -65,8 +65,8 @@ std::vector<QRect> ShelfPlan::Shelves() const {
 }
 
 QRect ShelfPlan::PlaceOf(std::size_t card) const {
-  const auto behind = std::ranges::upper_bound(shelves_, card, {}, &Shelf::first);
-  const Shelf& shelf = *std::prev(behind);
+  const auto after = std::ranges::upper_bound(shelves_, card, {}, &Shelf::first);
+  const Shelf& shelf = *std::prev(after);
   const int number = static_cast<int>(card - shelf.first);
   const int x = shelf.right - (number % shelf.columns) * (shelf.card.width() + kGap);
   const int y =

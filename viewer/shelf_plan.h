@@ -30,7 +30,7 @@ class ShelfPlan {
 
   struct Range {
     std::size_t first = 0;
-    std::size_t end = 0;  // behind the last
+    std::size_t end = 0;  // after the last
   };
   // Those that stand there in whole or in part, and what lies between them.
   Range CardsWithin(int top, int bottom) const;

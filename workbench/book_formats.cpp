@@ -98,8 +98,8 @@ Text WithoutOldLine(TextView index, TextView openTag, TextView closeTag) {
   const platform::Position p = platform::InStr(index, opening);
   const platform::Position q = platform::InStr(index, closeTag);
   if (p == 0 || q == 0) return Text(index);
-  const auto behind = static_cast<std::size_t>(q) - 1 + closeTag.size();
-  return Joined({platform::Left(index, p - 2), index.substr(behind)});
+  const auto after = static_cast<std::size_t>(q) - 1 + closeTag.size();
+  return Joined({platform::Left(index, p - 2), index.substr(after)});
 }
 
 bool HasTwoLines(TextView index, TextView openTag) {

@@ -128,7 +128,7 @@ bool BuildPass::MakeRoom() {
   return true;
 }
 
-// The new line stands behind the old one already, so the first line found is the old one.
+// The new line stands after the old one already, so the first line found is the old one.
 void BuildPass::TakeOldLineOut() {
   const Text index = platform::DecodeUnicode(ReadIndex());
   // Of a line that was torn off there is nothing to take out.

@@ -48,7 +48,7 @@ std::ptrdiff_t FirstOf(Eight lanes) {
 
 // What the whole text holds, to be known before it is rewritten.
 struct Census {
-  std::size_t growing = 0;  // characters that get a mark behind them
+  std::size_t growing = 0;  // characters that get a mark after them
   bool markup = false;      // something that can start one of the markup pieces
 };
 
@@ -118,7 +118,7 @@ void TakeMarkupOut(Text& text) {
 }
 
 // The other seven replacements in one pass. A run of blanks loses one in front of a line break and
-// two behind one, as long as it has any: that is what the three passes over blanks come to. The
+// two after one, as long as it has any: that is what the three passes over blanks come to. The
 // rest is character by character.
 class Rewriting {
  public:
@@ -161,7 +161,7 @@ class Rewriting {
     }
   }
 
-  // Behind the CR of a line break.
+  // After the CR of a line break.
   void LineBreak() {
     if (to_ != block_.data() && to_[-1] == u' ') --to_;
     to_ = std::copy(kCrLf.begin(), kCrLf.end(), to_);

@@ -10,7 +10,7 @@ namespace workbench {
 
 // The clean-up of an input text. Ten replacements, each over the whole text and each seeing what
 // the ones before it left: "&nbsp;" and "<ircMAIN>" become a blank, "</ircMAIN>" a line break, one
-// blank in front of a line break goes and two behind it, U+0649 becomes U+064A, and U+200F follows
+// blank in front of a line break goes and two after it, U+0649 becomes U+064A, and U+200F follows
 // every "!", "." and ":". One pass over the text, however many of them apply.
 platform::Text Rep(platform::Text text);
 
@@ -22,8 +22,8 @@ platform::Text DelCrLf(platform::TextView text);
 // (three leave two), then the blanks at both ends go.
 platform::Text RemCrLf(platform::TextView text);
 
-// A text of more than n characters cut behind the first blank at or after position n (so that no
-// word is cut), or to n characters where no blank follows, with "..." behind it. Failure for n < 1
+// A text of more than n characters cut after the first blank at or after position n (so that no
+// word is cut), or to n characters where no blank follows, with "..." after it. Failure for n < 1
 // (number 65).
 platform::Text BeBor(platform::TextView text, std::int16_t n);
 

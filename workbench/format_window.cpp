@@ -156,7 +156,7 @@ std::int16_t Form3::FileList() {
     report_.LogMe(u"Geting files in the directory...");
     books.Clear();
     for (const Text& name : FileSys().FileNames(form1_.Text1.Text())) {
-      if (!platform::EqualsIgnoringCase(platform::Behind(name, u"."), u"TXT")) continue;
+      if (!platform::EqualsIgnoringCase(platform::After(name, u"."), u"TXT")) continue;
       books.AddItem(name);
       count = platform::ToInt16(count + 1.0);
     }

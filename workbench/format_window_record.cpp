@@ -1,4 +1,4 @@
-// The record of what is filed and not yet built: kept behind each event, offered when an earlier
+// The record of what is filed and not yet built: kept after each event, offered when an earlier
 // run left one, and put back at the editor's press.
 #include <utility>
 
@@ -15,7 +15,7 @@ using platform::Text;
 
 namespace {
 
-// A power cut takes what came behind the last sync; a second at most, and this leaves the disk some
+// A power cut takes what came after the last sync; a second at most, and this leaves the disk some
 // time for it.
 constexpr int kSyncAfter = 500;  // milliseconds
 
@@ -35,7 +35,7 @@ recovery::Collection Form3::CollectionInHand() {
   return {platform::DoSlash(form1_.idir.Text()), key.letter + key.digit};
 }
 
-// The text that the box is designed with is nobody's work: the first edit behind it tells the
+// The text that the box is designed with is nobody's work: the first edit after it tells the
 // whole.
 std::optional<platform::TextEdit> Form3::TakeTextEdit() {
   std::optional<platform::TextEdit> edit = matn.TakeEdit();

@@ -22,7 +22,7 @@ constexpr TextView kCloses = u"}</pgMain>";
 // keys are parts of the text.
 using Tags = std::unordered_map<TextView, Text>;
 
-// The first `what` at or behind `from`, counted from 0; npos where there is none.
+// The first `what` at or after `from`, counted from 0; npos where there is none.
 std::size_t Find(TextView text, TextView what, std::size_t from) {
   const platform::Position at =
       platform::InStr(text, what, static_cast<platform::Position>(from) + 1);
@@ -70,7 +70,7 @@ void LearnTags(TextView text, const Column<Text>& inlineImage, const BringImage&
     const TextView number = mark.Number();
     if (tags.contains(number)) continue;
     const Text& source = inlineImage(platform::ToInt16(number));
-    const TextView name = platform::Behind(source, u"\\");
+    const TextView name = platform::After(source, u"\\");
     bring(source, name);
     tags.emplace(number, Text(u"<IMG src=\"Data/IMG/").append(name).append(u"\">"));
     // Such a name would be read as the next mark, one without a number.
@@ -96,7 +96,7 @@ Text WithTags(TextView text, const Tags& tags) {
 
 bool PutImageTags(Text& text, const Column<Text>& inlineImage, const BringImage& bring) {
   Tags tags;
-  // A tag that is known takes the place of its mark everywhere, also behind a mark that fails.
+  // A tag that is known takes the place of its mark everywhere, also after a mark that fails.
   std::optional<Text> failed;
   platform::CatchingFailure([&] { LearnTags(text, inlineImage, bring, tags); },
                             [&](const Text& description) { failed = description; });

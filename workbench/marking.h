@@ -30,7 +30,7 @@ struct MarkingKey {
 // The collection's title with the selection added; the title as it is for a command that doesn't.
 platform::Text TitleWith(Mark command, platform::TextView title, platform::TextView selection);
 
-// A line of the entry list with its text put behind its title. The text is already short.
+// A line of the entry list with its text put after its title. The text is already short.
 platform::Text LineWithText(platform::TextView line, platform::TextView shortText);
 
 // The line with a mark in front for each medium: each new mark goes in front of the others.

@@ -65,8 +65,8 @@ void RemoveBreaks(Text& text) {
   });
   Shorten(text, kMarker, [](std::size_t) { return Shorter{kCrLf, kMarker.size()}; });
   Shorten(text, kTwoBlanks, [&text](std::size_t at) {
-    const std::size_t behind = std::min(text.find_first_not_of(kBlank, at), text.size());
-    return Shorter{kOneBlank, behind - at};
+    const std::size_t after = std::min(text.find_first_not_of(kBlank, at), text.size());
+    return Shorter{kOneBlank, after - at};
   });
 }
 
@@ -84,7 +84,7 @@ std::uint32_t SentenceMarks(const char16_t* block) {
 
 std::size_t CountOf(std::uint32_t bits) { return static_cast<std::size_t>(std::popcount(bits)); }
 
-// The offset of the n-th blank (n > 0) at or behind `from`, npos if there are fewer.
+// The offset of the n-th blank (n > 0) at or after `from`, npos if there are fewer.
 std::size_t NthBlank(TextView text, std::size_t from, std::size_t n) {
   std::size_t at = from;
   for (; at + kScanBlock <= text.size(); at += kScanBlock) {
@@ -105,10 +105,10 @@ std::size_t NthBlank(TextView text, std::size_t from, std::size_t n) {
 struct Line {
   TextView text;
   std::size_t blanks;
-  bool atMark;  // it ends behind a sentence mark
+  bool atMark;  // it ends after a sentence mark
 };
 
-// Takes the lines from the front of a text, one at least. The breaks behind sentence marks are
+// Takes the lines from the front of a text, one at least. The breaks after sentence marks are
 // never put in: a line ends there as it does at a CR LF.
 class LineReader {
  public:
@@ -119,7 +119,7 @@ class LineReader {
   Line Next() {
     std::size_t blanks = 0;
     std::size_t at = 0;
-    // The character behind the block is looked at, too.
+    // The character after the block is looked at, too.
     for (; at + kScanBlock < rest_.size(); at += kScanBlock) {
       const std::uint32_t ends = Ends(rest_.data() + at);
       const std::uint32_t blanksHere = Among<kBlank>(rest_.data() + at);
@@ -214,7 +214,7 @@ class LineWriter {
   Text result_;
 };
 
-// Three more behind each sentence mark, one more for each break of a line, two at the end.
+// Three more after each sentence mark, one more for each break of a line, two at the end.
 std::size_t MostCharacters(TextView text, const ParagraphRules& rules) {
   const auto marks =
       rules.breakAtMarks ? std::count_if(text.begin(), text.end(), IsSentenceMark) : 0;

@@ -22,7 +22,7 @@ class RecoveryWindow : public platform::Window {
  public:
   explicit RecoveryWindow(RecoveryDesk desk);
 
-  // Shows the first of them beside the workbench; those behind it follow when it is answered.
+  // Shows the first of them beside the workbench; those after it follow when it is answered.
   void Offer(std::vector<recovery::LeftRecord> records, const platform::Window& workbench);
   // Leaves all that is still offered for another opening.
   void Dismiss();

@@ -50,7 +50,7 @@ class HostRecord : public RecordFile {
     std::size_t written = 0;
     const HostError error = WriteWhole(*file_, bytes, written);
     if (error) {
-      // A torn piece would hide all that comes behind it.
+      // A torn piece would hide all that comes after it.
       static_cast<void>(::ftruncate(file_->Number(), size_) == 0);
       FailHost(kWriteDeed, path_, error);
     }

@@ -30,7 +30,7 @@ bool NamesDrive(TextView path) { return path.size() >= 2 && path[1] == u':'; }
   throw Failure(Text(reason).append(u": ").append(path));
 }
 
-// The path behind its drive, from the root on.
+// The path after its drive, from the root on.
 TextView WithoutDrive(TextView path) {
   if (path[0] != u'C' && path[0] != u'c') FailPath(u"There is no such drive", path);
   return path.substr(kDrive.size());
@@ -95,7 +95,7 @@ int HexDigit(char digit) {
   return -1;
 }
 
-// The bytes behind "%D8%A8" (RFC 3986, 2.1); what is no such triplet stays.
+// The bytes after "%D8%A8" (RFC 3986, 2.1); what is no such triplet stays.
 std::string PercentDecoded(std::string_view uri) {
   std::string bytes;
   bytes.reserve(uri.size());

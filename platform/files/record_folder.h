@@ -36,7 +36,7 @@ class RecordFile {
 
 struct FoundRecord {
   Text name;
-  // By the clock of that time: seconds since 1970, and what of a second came behind.
+  // By the clock of that time: seconds since 1970, and what of a second came on top.
   std::int64_t changed = 0;
   std::int64_t nanoseconds = 0;
 };

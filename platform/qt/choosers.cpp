@@ -41,7 +41,7 @@ Text NormalFolder(TextView path) {
 }
 
 Text LastName(TextView folder) {
-  return folder.size() <= 3 ? Text(folder) : Text(Behind(folder, u"\\"));
+  return folder.size() <= 3 ? Text(folder) : Text(After(folder, u"\\"));
 }
 
 void AddLine(FolderListPeer& peer, const Text& path, std::size_t depth, bool open) {

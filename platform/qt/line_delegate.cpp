@@ -6,7 +6,7 @@ namespace {
 constexpr QChar kFirstStrongIsolate(0x2068);
 constexpr QChar kPopDirectionalIsolate(0x2069);
 
-// Where the line's own words begin: behind blanks, which show a folder's depth, and behind signs
+// Where the line's own words begin: after blanks, which show a folder's depth, and after signs
 // that stand apart, which mark an entry. Both belong to the list's side.
 qsizetype BeginOfWords(const QString& line) {
   qsizetype begin = 0;

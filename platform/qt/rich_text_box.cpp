@@ -151,19 +151,19 @@ class RichTextEdit : public QTextEdit {
       NoteEdit(position, added);
     });
     sameBefore_ = 0;
-    sameBehind_ = 0;
+    sameAfter_ = 0;
   }
 
-  // What lies between what is the same before and behind.
+  // What lies between what is the same before and after.
   std::optional<TextEdit> TakeEdit() {
     const int length = Length();
     const int former = std::exchange(knownLength_, length);
     const int shorter = std::min(former, length);
     const int before = std::min(std::exchange(sameBefore_, kAllSame), shorter);
-    const int behind = std::min(std::exchange(sameBehind_, kAllSame), shorter - before);
-    if (before + behind == former && former == length) return std::nullopt;
-    const QTextCursor added = Spanning(document(), before, length - behind);
-    return TextEdit{before, former - before - behind, EditedTextOf(added.selectedText())};
+    const int after = std::min(std::exchange(sameAfter_, kAllSame), shorter - before);
+    if (before + after == former && former == length) return std::nullopt;
+    const QTextCursor added = Spanning(document(), before, length - after);
+    return TextEdit{before, former - before - after, EditedTextOf(added.selectedText())};
   }
 
  protected:
@@ -248,7 +248,7 @@ class RichTextEdit : public QTextEdit {
   // The toolkit sometimes counts the document's own end as added.
   void NoteEdit(int position, int added) {
     sameBefore_ = std::min(sameBefore_, position);
-    sameBehind_ = std::min(sameBehind_, std::max(0, Length() - position - added));
+    sameAfter_ = std::min(sameAfter_, std::max(0, Length() - position - added));
   }
 
   void TakeOverSelection() {
@@ -266,7 +266,7 @@ class RichTextEdit : public QTextEdit {
   QTextCursor selection_;
   // Since the last TakeEdit.
   int sameBefore_ = kAllSame;
-  int sameBehind_ = kAllSame;
+  int sameAfter_ = kAllSame;
   int knownLength_ = 0;
 };
 

@@ -17,7 +17,7 @@ rtf::Document SelectedDocument(const QTextCursor& cursor);
 
 // Puts the document in the place of the cursor's selection, as one step of undo. The first
 // paragraph joins the one of the cursor and gives it its alignment where that one was empty; the
-// cursor ends behind what was put in.
+// cursor ends after what was put in.
 void InsertDocument(QTextCursor& cursor, const rtf::Document& document);
 
 // The document's own characters as plain text: a paragraph end or a line break is CR LF, a picture

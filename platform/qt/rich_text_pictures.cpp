@@ -36,12 +36,12 @@ constexpr quint32 kColourMasks = 3;  // red, green, blue
 constexpr quint32 kClearMasks = 6;   // and how clear a pixel is
 constexpr qsizetype kMask = 4;
 
-// Behind a short header stand the masks that tell which bits of a pixel are which colour; a long
+// After a short header stand the masks that tell which bits of a pixel are which colour; a long
 // one holds them itself, all four of them. The toolkit reads four of them there only.
 QByteArray WithMasksInHeader(const QByteArray& dib) {
   constexpr qsizetype kMasks = 4 * kMask;
-  const bool masksBehind = NumberAt(dib, 0) == kShortHeader && NumberAt(dib, 16) == kClearMasks;
-  if (!masksBehind || dib.size() < kShortHeader + kMasks) return dib;
+  const bool masksAfter = NumberAt(dib, 0) == kShortHeader && NumberAt(dib, 16) == kClearMasks;
+  if (!masksAfter || dib.size() < kShortHeader + kMasks) return dib;
   QByteArray header = dib.first(kShortHeader + kMasks);
   header.replace(0, kMask, Little(kLongHeader)).replace(16, kMask, Little(kColourMasks));
   return header + QByteArray(kLongHeader - header.size(), '\0') + dib.sliced(header.size());
@@ -54,8 +54,8 @@ QByteArray WithBitmapFileHeader(const QByteArray& picture) {
   const QByteArray dib = WithMasksInHeader(picture);
   const quint32 header = NumberAt(dib, 0);
   const quint32 bitsPerPixel = NumberAt(dib, 12) >> 16;
-  const bool masksBehind = header == kShortHeader && NumberAt(dib, 16) == kColourMasks;
-  const quint32 masks = masksBehind ? 3 * kMask : 0;
+  const bool masksAfter = header == kShortHeader && NumberAt(dib, 16) == kColourMasks;
+  const quint32 masks = masksAfter ? 3 * kMask : 0;
   quint32 colours = NumberAt(dib, 32);
   if (colours == 0 && bitsPerPixel <= 8) colours = 1U << bitsPerPixel;
   return "BM" + Little(static_cast<quint32>(dib.size()) + kFileHeader) + Little(0) +

@@ -75,7 +75,7 @@ class GapCheckBox : public InsetButton<QCheckBox> {
                            QPalette::WindowText);
     };
     draw(halves.before);
-    draw(halves.behind);
+    draw(halves.after);
     if (!hasFocus() || (option.state & QStyle::State_KeyboardFocusChange) == 0) return;
     QStyleOptionFocusRect focus;
     focus.initFrom(this);
@@ -85,8 +85,8 @@ class GapCheckBox : public InsetButton<QCheckBox> {
   void Fit() override {
     const Halves halves = TheHalves();
     const QFont before = CaptionFont(halves.before.words, halves.before.room.size());
-    const QFont behind = CaptionFont(halves.behind.words, halves.behind.room.size());
-    setFont(before.pixelSize() < behind.pixelSize() ? before : behind);
+    const QFont after = CaptionFont(halves.after.words, halves.after.room.size());
+    setFont(before.pixelSize() < after.pixelSize() ? before : after);
   }
 
  private:
@@ -96,7 +96,7 @@ class GapCheckBox : public InsetButton<QCheckBox> {
   };
   struct Halves {
     Half before;
-    Half behind;
+    Half after;
   };
   static constexpr int kFromRight =
       Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextForceRightToLeft;
@@ -110,9 +110,9 @@ class GapCheckBox : public InsetButton<QCheckBox> {
     QRect before = rect();
     before.setLeft(gapRight_ + kSpace);
     before.setRight(all.right());
-    QRect behind = rect();
-    behind.setRight(gapLeft_ - kSpace);
-    return {{words.first().trimmed(), before}, {words.last().trimmed(), behind}};
+    QRect after = rect();
+    after.setRight(gapLeft_ - kSpace);
+    return {{words.first().trimmed(), before}, {words.last().trimmed(), after}};
   }
 
   int gapLeft_;

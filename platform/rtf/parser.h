@@ -128,7 +128,7 @@ class Parser {
     if (symbol == u'\r' || symbol == u'\n') out_.EndParagraph();
   }
 
-  // Only a group's first word can open a destination. Behind it "\*" hides nothing: some writers
+  // Only a group's first word can open a destination. After it "\*" hides nothing: some writers
   // put it before words that are formats.
   void ObeyWord(const ControlWord& control) {
     const Word* const word = control.Find();
@@ -337,7 +337,7 @@ class Parser {
   PictureReader picture_;
   std::size_t pictureDepth_ = 0;      // of its group
   bool pictureShown_ = false;         // \\shppict has been read, its \\nonshppict not yet
-  const Unit* groupStart_ = nullptr;  // behind the brace that was opened last
+  const Unit* groupStart_ = nullptr;  // after the brace that was opened last
   bool optional_ = false;             // "\*" stands in front
 };
 

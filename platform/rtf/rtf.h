@@ -24,7 +24,7 @@ Document Read(TextView rtf);  // units up to 0xFF are bytes, others stand for th
 
 // The plain text alone, straight from the reader: a paragraph end (and a line break) is CR LF, a
 // table's cell end a tab and its row end a paragraph end, a picture one blank; the last paragraph
-// has no CR LF behind it.
+// has no CR LF after it.
 Text PlainText(std::string_view rtf);
 Text PlainText(TextView rtf);
 

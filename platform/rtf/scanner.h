@@ -53,7 +53,7 @@ class Scanner {
   void MoveTo(const Unit* at) { at_ = at; }
   void Skip(std::size_t count) { at_ += std::min(count, Left()); }
   Unit Take() { return *at_++; }
-  // The unit so far behind the next one; 0 behind the end.
+  // The unit so far after the next one; 0 past the end.
   char16_t Peek(std::size_t offset) const { return offset < Left() ? Code(at_[offset]) : u'\0'; }
 
   static constexpr char16_t Code(Unit unit) {
@@ -88,7 +88,7 @@ class Scanner {
     constexpr std::array<Unit, 2> kSign = {'\\', '\''};
     return std::memcmp(at, kSign.data(), sizeof kSign) == 0;
   }
-  // Whether "\'" stands at `at`, with two units behind it.
+  // Whether "\'" stands at `at`, with two units after it.
   bool IsHexAt(const Unit* at) const { return end_ - at >= 4 && HexSignStandsAt(at); }
   // Whether "\u" and a number stands at `at`.
   bool IsUnicodeAt(const Unit* at) const {
@@ -101,9 +101,9 @@ class Scanner {
   bool StarOpensGroup(const Unit* start) const {
     const Unit* before = at_ - 2;
     while (before > start && IsBlank(before[-1])) --before;
-    const Unit* behind = at_;
-    while (behind < end_ && IsBlank(*behind)) ++behind;
-    return before == start && end_ - behind >= 2 && behind[0] == '\\' && IsLetter(behind[1]);
+    const Unit* after = at_;
+    while (after < end_ && IsBlank(*after)) ++after;
+    return before == start && end_ - after >= 2 && after[0] == '\\' && IsLetter(after[1]);
   }
 
   // Steps over one unit of text, or one "\'hh", which stand for a character that "\u" has given.
@@ -128,7 +128,7 @@ class Scanner {
     return negative ? -number : number;
   }
 
-  // From the first letter behind "\" to behind the blank that ends the word.
+  // From the first letter after "\" to after the blank that ends the word.
   ControlWord TakeControlWord() {
     ControlWord word{{}, 0, kWordHashSeed, false, 0};
     for (; at_ < end_ && IsLetter(*at_); ++at_, ++word.length) {

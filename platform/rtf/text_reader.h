@@ -1,5 +1,5 @@
 // The text between the control words: bytes in the page of the font in use, "\'hh", and "\uN" with
-// the substitutes that stand behind it.
+// the substitutes that stand after it.
 #pragma once
 
 #include <algorithm>
@@ -22,7 +22,7 @@ class TextReader {
   TextReader(Scanner<Unit>& scan, Formats& formats, Fields& fields, Output<Sink>& out)
       : scan_(scan), formats_(formats), fields_(fields), out_(out) {}
 
-  // One that stands behind "\uN" for readers without Unicode is stepped over.
+  // One that stands after "\uN" for readers without Unicode is stepped over.
   [[nodiscard]] bool TakesSubstitute() {
     if (substitutesLeft_ == 0) return false;
     --substitutesLeft_;
@@ -185,7 +185,7 @@ class TextReader {
   Formats& formats_;
   Fields& fields_;
   Output<Sink>& out_;
-  int substitutesLeft_ = 0;     // how many characters are still to be skipped behind "\uN"
+  int substitutesLeft_ = 0;     // how many characters are still to be skipped after "\uN"
   std::string bytes_;           // of characters of several bytes
   bool trailExpected_ = false;  // bytes_ ends in the middle of a character
   Text shapeName_;

@@ -7,7 +7,7 @@ namespace platform {
 
 // Captions write U+200F where Persian writes a half-space inside a word. A modern text engine draws
 // that mark as nothing and joins the letters, so between two letters it becomes U+200C here; a mark
-// behind punctuation stays, it keeps the punctuation on the left of its sentence.
+// after punctuation stays, it keeps the punctuation on the left of its sentence.
 Text ShownCaption(TextView caption);
 
 }  // namespace platform

@@ -23,7 +23,7 @@ const MachineByteTable& MachineBytes();
 // UTF-16 little-endian without a mark. A last odd byte is dropped.
 inline constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 Text DecodeUtf16(std::string_view bytes);
-Text DecodeUnicode(std::string_view bytes);  // the same behind a mark, if there is one
+Text DecodeUnicode(std::string_view bytes);  // the same after a mark, if there is one
 std::string EncodeUtf16(TextView text);
 void AppendUtf16(std::string& bytes, TextView text);
 

@@ -56,8 +56,8 @@ double ToNumber(TextView text) {
   if (number.size() < ascii.size() && number.starts_with('-')) FailNoNumber();
   const char* const end = number.data() + number.size();
   double value = 0;
-  const auto [behind, error] = std::from_chars(number.data(), end, value);
-  if (error == std::errc::invalid_argument || behind != end) FailNoNumber();
+  const auto [after, error] = std::from_chars(number.data(), end, value);
+  if (error == std::errc::invalid_argument || after != end) FailNoNumber();
   if (error == std::errc()) return value;
   if (IsLarge(number)) FailOverflow();
   return number.starts_with('-') ? -0.0 : 0.0;

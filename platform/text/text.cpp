@@ -88,7 +88,7 @@ TextView Left(TextView text, Position length) { return text.substr(0, LengthOf(l
 
 TextView DotExtension(TextView path) { return Mid(path, InStrRev(path, u".")); }
 
-TextView Behind(TextView text, TextView mark) {
+TextView After(TextView text, TextView mark) {
   const std::size_t at = mark.empty() ? TextView::npos : text.rfind(mark);
   return at == TextView::npos ? text : text.substr(at + mark.size());
 }

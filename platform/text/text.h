@@ -18,7 +18,7 @@ using Position = std::int64_t;
 inline constexpr TextView kCrLf = u"\r\n";
 inline constexpr TextView kRightToLeftMark = u"\u200F";
 
-// The first position of `find` at or behind `start`, 0 if there is none. Failure if start < 1.
+// The first position of `find` at or after `start`, 0 if there is none. Failure if start < 1.
 // An empty `find` is found at `start` as long as that lies inside the text.
 Position InStr(TextView text, TextView find, Position start = 1);
 // The last position of `find`, 0 if there is none. An empty `find` is found at the last character.
@@ -31,8 +31,8 @@ TextView Mid(TextView text, Position start, Position length);
 TextView Left(TextView text, Position length);
 // All of `path` from its last "." on, the dot included. Failure if there is no dot.
 TextView DotExtension(TextView path);
-// All of `text` behind the last occurrence of `mark`; the whole text where there is none.
-TextView Behind(TextView text, TextView mark);
+// All of `text` after the last occurrence of `mark`; the whole text where there is none.
+TextView After(TextView text, TextView mark);
 
 // Every occurrence of `find` replaced, in one scan from left to right without overlap. An empty
 // `find` occurs nowhere.

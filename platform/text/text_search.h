@@ -51,7 +51,7 @@ void ForEachHit(TextView text, TextView find, std::size_t from, OnHit onHit) {
   const std::size_t end = text.size() - find.size() + 1;
   const char16_t* const heads = text.data();
   const char16_t* const tails = heads + find.size() - 1;
-  std::size_t freeFrom = from;  // behind the last hit
+  std::size_t freeFrom = from;  // after the last hit
   const auto goesOn = [&](std::size_t at) {
     if (at < freeFrom) return true;
     if (std::memcmp(heads + at, find.data(), find.size() * sizeof(char16_t)) != 0) return true;

@@ -1,4 +1,4 @@
-// What is to be done behind each event that the tool has handled, and a while later.
+// What is to be done after each event that the tool has handled, and a while later.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,7 @@ namespace platform {
 
 class EventWatch {
  public:
-  // `afterEach` is called behind each event of a loop, the nested ones of modal windows among them,
+  // `afterEach` is called after each event of a loop, the nested ones of modal windows among them,
   // before the next is handled; never in the middle of one. As long as this lives.
   explicit EventWatch(std::function<void()> afterEach);
   EventWatch(const EventWatch&) = delete;

@@ -102,7 +102,7 @@ BookFiles ReadExpected(const std::string& name, const ExpectedSources& sources) 
 std::string Shown(const std::string& bytes) {
   if (bytes.empty()) return "(no byte, not even a mark)\n";
   if (!bytes.starts_with(platform::kUtf16Mark) || bytes.size() % 2 != 0) {
-    return "(" + Size(bytes) + " that are no text behind a byte order mark)\n";
+    return "(" + Size(bytes) + " that are no text after a byte order mark)\n";
   }
   Text text = platform::DecodeUtf16(std::string_view(bytes).substr(platform::kUtf16Mark.size()));
   text = Replace(Replace(text, u"\t", u"→"), u"\u200F", u"§");

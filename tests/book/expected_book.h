@@ -15,7 +15,7 @@
 //   →  a tab            ¶  CR LF at the end of a line
 //   §  U+200F, the right-to-left mark
 //
-// On the disk a text is UTF-16, little-endian, behind its byte order mark.
+// On the disk a text is UTF-16, little-endian, after its byte order mark.
 #pragma once
 
 #include <functional>

@@ -51,7 +51,7 @@ TEST(ExpectedBook, ATextWithoutLinesIsItsMarkAlone) {
   EXPECT_EQ(Parsed("= a.xml\n"), (BookFiles{{"a.xml", "\xFF\xFE"}}));
 }
 
-TEST(ExpectedBook, ALineBehindTheLastOneHasNoMeaning) {
+TEST(ExpectedBook, ALineAfterTheLastOneHasNoMeaning) {
   EXPECT_THROW(Parsed("= a.xml\nlast\nmore\n"), std::runtime_error);
   EXPECT_THROW(Parsed("stray\n"), std::runtime_error);
 }

@@ -70,7 +70,7 @@ std::vector<Block> BlocksOfKind(const std::string& kind) {
   return blocks;
 }
 
-// What a block shows: "¶ ×7" behind a line stands for seven of it.
+// What a block shows: "¶ ×7" after a line stands for seven of it.
 Text TextOf(const Block& block) {
   const std::string kTimes = " ×";
   std::string shown;

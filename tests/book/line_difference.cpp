@@ -16,7 +16,7 @@ Lines LinesOf(const std::string& text) {
   return lines;
 }
 
-// common[i][j]: how many lines the rests behind i and j have in common, in order.
+// common[i][j]: how many lines the rests after i and j have in common, in order.
 std::vector<std::vector<int>> CommonLines(const Lines& expected, const Lines& actual) {
   std::vector<std::vector<int>> common(expected.size() + 1, std::vector<int>(actual.size() + 1, 0));
   for (std::size_t i = expected.size(); i-- > 0;) {

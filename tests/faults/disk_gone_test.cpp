@@ -24,7 +24,7 @@ class DiskGone : public testing::TestWithParam<int> {
   // From the k-th operation on, counted from 1.
   void WalkWithoutDiskFrom(std::size_t k) {
     const Place& place = faults::PlacesOf(Road::Found::kOlderBook)[k - 1];
-    SCOPED_TRACE(std::to_string(k) + ": " + place.step + ", behind \"" + place.lastEntry +
+    SCOPED_TRACE(std::to_string(k) + ": " + place.step + ", after \"" + place.lastEntry +
                  "\": " + place.operation);
     Road road;
     Desk& desk = road.desk;

@@ -70,7 +70,7 @@ TEST_F(ExportScriptOfBadInput, TenMegabytesOfHeaders) {
   ExpectFailureWithoutRoot(Repeated("[ Make Folder ]\r\nData\r\n\r\n", 10 * kMegabyte));
 }
 
-TEST_F(ExportScriptOfBadInput, TenMegabytesAheadOfAndBehindTheSections) {
+TEST_F(ExportScriptOfBadInput, TenMegabytesAheadOfAndAfterTheSections) {
   const std::string words = Repeated("a word => another\r\n", 5 * kMegabyte);
   ExportBy(words + kSmallScript + words, 29);
   EXPECT_THAT(walk.desk.Names(kRoot), ElementsAre("Data", "main.exe"));

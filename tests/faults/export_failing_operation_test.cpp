@@ -1,4 +1,4 @@
-// One file operation of an export fails, and each in its turn; then each and all behind it. What
+// One file operation of an export fails, and each in its turn; then each and all after it. What
 // was made stays, nothing else is touched, and the next export is whole.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,7 +40,7 @@ Numbers MessagesOf(const ExportPlace& place) {
   return {102};
 }
 
-// The messages when it fails and all behind it, too: what isn't told of one is told of the next.
+// The messages when it fails and all after it, too: what isn't told of one is told of the next.
 Numbers MessagesFrom(const std::vector<ExportPlace>& places, std::size_t at) {
   for (; at < places.size(); ++at) {
     Numbers messages = MessagesOf(places[at]);
@@ -75,7 +75,7 @@ class ExportFailingOperation : public testing::TestWithParam<std::tuple<ExportWa
   void ForEachOfShard(Each each) {
     for (auto k = static_cast<std::size_t>(std::get<1>(GetParam())); k < Places().size();
          k += kShards) {
-      SCOPED_TRACE(std::to_string(k + 1) + ", behind \"" + Places()[k].lastEntry +
+      SCOPED_TRACE(std::to_string(k + 1) + ", after \"" + Places()[k].lastEntry +
                    "\": " + Places()[k].operation);
       each(k);
       if (HasFatalFailure()) return;
@@ -147,7 +147,7 @@ TEST_P(ExportFailingOperation, IsToldLeavesWhatWasMadeAndTheNextExportIsWhole) {
 }
 
 // A disk that was pulled out, and is back for the next export.
-TEST_P(ExportFailingOperation, AndAllBehindItEndsTheExportOnce) {
+TEST_P(ExportFailingOperation, AndAllAfterItEndsTheExportOnce) {
   ForEachOfShard([this](std::size_t k) {
     if (IsOfLog(Places()[k])) return;
     ExportWalk walk(Found());

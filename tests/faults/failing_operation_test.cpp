@@ -38,7 +38,7 @@ class FailingOperation : public testing::TestWithParam<int> {
   // The k-th, counted from 1.
   void WalkWithFailure(Road::Found found, std::size_t k) {
     const Place& place = faults::PlacesOf(found)[k - 1];
-    SCOPED_TRACE(std::to_string(k) + ": " + place.step + ", behind \"" + place.lastEntry +
+    SCOPED_TRACE(std::to_string(k) + ": " + place.step + ", after \"" + place.lastEntry +
                  "\": " + place.operation);
     Road road(found);
     Desk& desk = road.desk;

@@ -20,7 +20,7 @@ using testing_support::Robot;
 
 constexpr int kTries = 3;
 
-// The numbers of a step's failures; 42 is the list of collections behind a build.
+// The numbers of a step's failures; 42 is the list of collections after a build.
 const std::map<std::string, std::set<int>> kNumbers = {
     {"mode", {59}}, {"entry", {70, 77}}, {"folder", {44}}, {"ticks", {}}, {"build", {42, 57}}};
 

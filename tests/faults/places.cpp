@@ -34,7 +34,7 @@ const Course& CourseOf(Road::Found found) {
 }
 
 // While a project is checked nothing is logged; what was logged before tells how far it is.
-int NumberBehindSavedSettings(const Place& place) {
+int NumberAfterSavedSettings(const Place& place) {
   constexpr int kNext = 101;
   constexpr int kChecks = 48;
   return place.step == "first Next" ? kNext : kChecks;
@@ -66,7 +66,7 @@ int NumberOf(const Place& place) {
       {"Opening a text file...", 55}, {"Making Title...", 57}};
   if (IsOfLog(place)) return 0;
   if (place.operation.ends_with("rose.gif")) return 68;
-  if (place.lastEntry == "Settings saved.") return NumberBehindSavedSettings(place);
+  if (place.lastEntry == "Settings saved.") return NumberAfterSavedSettings(place);
   if (place.lastEntry.starts_with("Geting files")) {
     return place.operation.starts_with("FileNames") ? 64 : 60;
   }

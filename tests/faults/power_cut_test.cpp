@@ -146,7 +146,7 @@ class PowerCut : public testing::TestWithParam<int> {
     VolatileDisk disk(course.before);
     std::set<std::string> told;
     for (std::size_t i = 0; i < course.events.size(); ++i) {
-      SCOPED_TRACE("behind " + std::to_string(i) + " of " + std::to_string(course.events.size()));
+      SCOPED_TRACE("after " + std::to_string(i) + " of " + std::to_string(course.events.size()));
       look({i, disk.AfterCut(Order()), told});
       if (HasFailure()) return;
       disk.Take(course.events[i]);
@@ -191,7 +191,7 @@ class PowerCut : public testing::TestWithParam<int> {
   }
 };
 
-TEST_P(PowerCut, InABuildLeavesTheOlderBookAndBehindItsBoxTheNewOne) {
+TEST_P(PowerCut, InABuildLeavesTheOlderBookAndAfterItsBoxTheNewOne) {
   const Course& course = RebuildCourse();
   CutEverywhere(course, kBuilt, [&](const Cut& cut) {
     ExpectOldFiles(course, cut.left,
@@ -214,7 +214,7 @@ TEST_P(PowerCut, InAFirstBuildLeavesWhatTheBoxAndNextHaveTold) {
   });
 }
 
-TEST_P(PowerCut, InAnExportLeavesTheBookAndBehindItsBoxTheExport) {
+TEST_P(PowerCut, InAnExportLeavesTheBookAndAfterItsBoxTheExport) {
   const Course& course = ExportCourse();
   CutEverywhere(course, kExported, [&](const Cut& cut) {
     ExpectOldFiles(course, cut.left, IsOfSettings);
@@ -236,7 +236,7 @@ class BuildAfterPowerCut : public testing::TestWithParam<int> {
     for (std::size_t i = 0; i < course.events.size(); ++i) {
       disk.Take(course.events[i]);
       if (i % kShards != static_cast<std::size_t>(GetParam())) continue;
-      SCOPED_TRACE("behind " + std::to_string(i));
+      SCOPED_TRACE("after " + std::to_string(i));
       const std::ptrdiff_t lines = ExpectBookAfter(disk.AfterCut({static_cast<unsigned>(i)}),
                                                    TextOf(course.after.at(kCollection)).size());
       // A line without its file counts for nothing: the next build adds its own.

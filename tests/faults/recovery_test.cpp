@@ -1,6 +1,6 @@
 // The record on disks that fail, fill up or are used by two tools at once, and under clocks that
 // are moved. Whatever happens, the editor's work goes on, and what is on the disk is the work as it
-// was behind one of the events.
+// was after one of the events.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

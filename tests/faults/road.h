@@ -19,7 +19,7 @@ class Road {
 
   explicit Road(Found found = Found::kOlderBook);
 
-  // Goes from where it is to the end. What a step should lead to is looked at behind it; a step
+  // Goes from where it is to the end. What a step should lead to is looked at after it; a step
   // that hasn't led there is taken again, `tries` times in all, with what an editor would do about
   // it. False where that was in vain: a later call goes on at that step.
   // Stops before the step `until`.

@@ -1,4 +1,4 @@
-// A build that failed and the one behind it; and a build over what a power cut left of a book.
+// A build that failed and the one after it; and a build over what a power cut left of a book.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -63,7 +63,7 @@ class SecondBuild : public testing::Test {
   Road road{Road::Found::kNothing};
 };
 
-TEST_F(SecondBuild, BehindADiskThatSaidNoAtTheEndIsWhole) {
+TEST_F(SecondBuild, AfterADiskThatSaidNoAtTheEndIsWhole) {
   road.desk.files.FailWhere("Flush", "Data\\");
   const std::size_t entries = road.desk.LogLines().size();
   Build();
@@ -82,7 +82,7 @@ TEST_F(SecondBuild, BehindADiskThatSaidNoAtTheEndIsWhole) {
 
 // The file stands from the moment on at which it is made, so the line of the build that failed is
 // taken out.
-TEST_F(SecondBuild, BehindOneThatMadeTheCollectionsFileAsksAndLeavesOneLine) {
+TEST_F(SecondBuild, AfterOneThatMadeTheCollectionsFileAsksAndLeavesOneLine) {
   for (const char* operation : {"Write", "Close"}) {
     road.desk.files.FailWhere(operation, "aTitle1.xml");
     Build();
@@ -95,7 +95,7 @@ TEST_F(SecondBuild, BehindOneThatMadeTheCollectionsFileAsksAndLeavesOneLine) {
   EXPECT_EQ(Index(), platform::ToUtf8(kHead + u"\r\n\r\n" + kLine));
 }
 
-TEST_F(SecondBuild, BehindOneThatCouldNotBeginTheIndexBeginsIt) {
+TEST_F(SecondBuild, AfterOneThatCouldNotBeginTheIndexBeginsIt) {
   for (const char* operation : {"Write", "Close"}) {
     road.desk.files.FailWhere(operation, "Index.xml");
     Build();
@@ -109,7 +109,7 @@ TEST_F(SecondBuild, BehindOneThatCouldNotBeginTheIndexBeginsIt) {
 }
 
 // Whatever has failed once the collection's file was there, the index ends with one line of it.
-TEST(SecondBuildBehindEachFailure, LeavesOneLine) {
+TEST(SecondBuildAfterEachFailure, LeavesOneLine) {
   const auto& places = faults::PlacesOf(Road::Found::kNothing);
   bool isMade = false;
   for (std::size_t k = 1; k <= places.size(); ++k) {
@@ -171,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
         TornIndex{"NULs for the beginning of a line",
                   File(kHead + kOther + Text(20, u'\0') + u"me</aTitle1>\r\n"),
                   kHead + kOther + kLine},
-        TornIndex{"NULs behind a line of the collection",
+        TornIndex{"NULs after a line of the collection",
                   File(kHead + kOldLine + kOther + Text(40, u'\0')),
                   kHead + u"\r\n" + kOther + kLine},
         TornIndex{"NULs before lines",
@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(
         TornIndex{"an odd byte of a line",
                   File(kHead + kOther + u"\t<aTitle1 vol=\"txt\">Na") + "m",
                   kHead + kOther + kLine},
-        TornIndex{"an odd byte behind a line", File(kHead + kOther) + "\t", kHead + kOther + kLine},
+        TornIndex{"an odd byte after a line", File(kHead + kOther) + "\t", kHead + kOther + kLine},
         TornIndex{"a line without its LF", File(kHead + kOther.substr(0, kOther.size() - 1)),
                   kHead + kOther + kLine},
         TornIndex{"half a line of another collection", File(kHead + u"\t<bTitle2 vol=\"txt\">Sec"),
@@ -196,7 +196,7 @@ INSTANTIATE_TEST_SUITE_P(
         TornIndex{"half a close tag of another collection",
                   File(kHead + u"\t<bTitle2 vol=\"txt\">Sec</bTi"),
                   kHead + u"\t<bTitle2 vol=\"txt\">Sec</bTitle2>\r\n" + kLine},
-        TornIndex{"NULs behind a line by hand", File(kHead + u"\tby hand" + Text(40, u'\0')),
+        TornIndex{"NULs after a line by hand", File(kHead + u"\tby hand" + Text(40, u'\0')),
                   kHead + u"\tby hand" + kLine},
         TornIndex{"NULs between lines by hand",
                   File(kHead + u"\tby hand" + Text(40, u'\0') + u"hand\r\n" + kOther),

@@ -95,7 +95,7 @@ TEST(Fence, LeavesCommentsAndTextsAlone) {
   EXPECT_EQ(Listing(FenceOffences(tree.Read())), "");
 }
 
-TEST(Fence, SeesCodeBehindTextsAndNumbers) {
+TEST(Fence, SeesCodeAfterTextsAndNumbers) {
   const TemporaryTree tree{{"core/a.cpp",
                             "auto c = 1'000'000; QWidget* w;\n"
                             "auto d = u'\\''; QLabel* l;\n"

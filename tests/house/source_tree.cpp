@@ -40,7 +40,7 @@ class Blanker {
       if (Follows("//")) {
         BlankTo(text_.find('\n', at_));
       } else if (Follows("/*")) {
-        BlankBehind(text_.find("*/", at_ + 2), 2);
+        BlankAfter(text_.find("*/", at_ + 2), 2);
       } else if (c == '"' && IsRaw()) {
         BlankRaw();
       } else if (c == '"' || (c == '\'' && !InsideNumber())) {
@@ -78,7 +78,7 @@ class Blanker {
     }
   }
 
-  void BlankBehind(std::size_t found, std::size_t length) {
+  void BlankAfter(std::size_t found, std::size_t length) {
     BlankTo(found == std::string_view::npos ? found : found + length);
   }
 
@@ -86,7 +86,7 @@ class Blanker {
     const std::size_t open = text_.find('(', at_);
     if (open == std::string_view::npos) return BlankTo(open);
     const std::string close = ")" + std::string(text_.substr(at_ + 1, open - at_ - 1)) + "\"";
-    BlankBehind(text_.find(close, open), close.size());
+    BlankAfter(text_.find(close, open), close.size());
   }
 
   void BlankQuoted(char quote) {
@@ -102,7 +102,7 @@ class Blanker {
   std::size_t at_ = 0;
 };
 
-// What stands behind "#include" (or "#import") on a line; false where the line is no include.
+// What stands after "#include" (or "#import") on a line; false where the line is no include.
 bool IncludeOperand(std::string_view line, std::string_view& operand) {
   const auto skipBlanks = [&line] {
     line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));

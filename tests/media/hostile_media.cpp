@@ -148,16 +148,16 @@ Media Films(const Lures& to) {
       {"mp4-only-link", Box("ftyp", "qt  " + Big(0, 4)) + Box("moov", link)},
       {"mp4-packed", FilmWithBox(Box("cmov", Box("dcom", "zlib") + Box("cmvd", "x")))},
       {"mp4-hls", Box("ftyp", "isom" + Big(0, 4)) + Hls(Http(to))},
-      {"mp4-hls-far-behind",
+      {"mp4-hls-far-into-it",
        Sample("film.mp4") + Box("free", std::string(1'100'000, ' ')) + Box("free", Hls(Http(to))),
        true},
       {"avi-with-texts", Chunk("RIFF", "AVI " + head + Chunk("LIST", "movi" + subtitle))},
-      {"avi-with-texts-behind-pictures", avi(Chunk("LIST", "strl" + pictures + texts))},
+      {"avi-with-texts-after-pictures", avi(Chunk("LIST", "strl" + pictures + texts))},
       {"avi-with-texts-beside-pictures",
        avi(Chunk("LIST", "strl" + pictures) + Chunk("LIST", "INFO" + texts))},
       {"flv-hls", std::string("FLV\x01\x05\0\0\0\x09\0\0\0\0", 13) + Hls(Http(to))},
       {"matroska-hls", "\x1A\x45\xDF\xA3\x8B\x42\x82\x88matroska" + Hls(Http(to))},
-      // The beginning of a film without anything behind it: players say so while they open it.
+      // The beginning of a film without anything after it: players say so while they open it.
       {"matroska-without-film", "\x1A\x45\xDF\xA3\x8B\x42\x82\x88matroska\x18\x53\x80\x67\x80",
        true},
       {"mpeg-hls", std::string("\0\0\x01\xBA", 4) + Hls(Http(to))},
@@ -178,17 +178,18 @@ Media FilmsThatHideReferences(const Lures& to) {
       Box("stsd", Big(0, 4) + Big(1, 4) +
                       Box("mp4a", std::string(28, '\0') + Box("wave", Box("sinf", references))));
   const std::string film = Sample("film.mp4");
-  const std::string behindMvhd = Box("mvhd", std::string(100, '\0')) + Box("trak", references);
+  const std::string afterMvhd = Box("mvhd", std::string(100, '\0')) + Box("trak", references);
   films.push_back({"mp4-elsewhere-in-an-entry", FilmWithBox(Box("trak", Box("stbl", entry)))});
   films.push_back({"mp4-elsewhere-in-a-piece", film + Box("moof", Box("traf", references))});
   films.push_back({"mp4-elsewhere-by-itself", film + references});
-  films.push_back({"mp4-elsewhere-in-padding", film + Box("free", behindMvhd)});
+  films.push_back({"mp4-elsewhere-in-padding", film + Box("free", afterMvhd)});
   films.push_back({"mp4-packed-deeper", FilmWithBox(Box("udta", Box("cmov", "x")))});
   return films;
 }
 
-// The sound behind them is whole; but a player that looked at their beginning took them for a list.
-Media ListsWithASoundBehind(const Lures& to) {
+// The sound that follows them is whole; but a player that looked at their beginning took them for a
+// list.
+Media ListsBeforeASound(const Lures& to) {
   const std::string sound = Mp3Frames(40);
   const std::string concat = "ffconcat version 1.0\nfile '" + to.file + "'\n";
   const std::string list = "[playlist]\nFile1=" + Http(to) + "\nNumberOfEntries=1\n";
@@ -219,7 +220,7 @@ std::vector<HostileMedium> HostileMedia(const Lures& lures) {
   Media all;
   for (const auto& some :
        {Streams(lures), Lists(lures), TaggedLists(lures), Sounds(lures), Films(lures),
-        FilmsThatHideReferences(lures), ListsWithASoundBehind(lures)}) {
+        FilmsThatHideReferences(lures), ListsBeforeASound(lures)}) {
     all.insert(all.end(), some.begin(), some.end());
   }
   return all;

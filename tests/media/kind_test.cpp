@@ -69,7 +69,7 @@ TEST(MediaKind, OfEachSampleTheBeginningAloneIsAnswered) {
   }
 }
 
-TEST(MediaKind, ASoundBeginsBehindItsTags) {
+TEST(MediaKind, ASoundBeginsAfterItsTags) {
   const std::string tag = Id3(std::string(30, 'x'));
   const auto start = [](const std::string& bytes) { return MediumOf(SourceOf(bytes))->start; };
   EXPECT_EQ(start(Mp3Frames(8)), 0U);
@@ -97,7 +97,7 @@ TEST(MediaKind, AnMp3IsARowOfFramesThatAreAlike) {
   EXPECT_FALSE(IsKnown(other));
 }
 
-TEST(MediaKind, AnMp3MayBeginBehindJunk) {
+TEST(MediaKind, AnMp3MayBeginAfterJunk) {
   const auto start = [](const std::string& bytes) {
     const auto medium = MediumOf(SourceOf(bytes));
     return medium && medium->kind == MediaKind::kMp3 ? std::optional(medium->start) : std::nullopt;
@@ -197,7 +197,7 @@ TEST(MediaKind, AFilmHasAKnownBrandAndATrack) {
 }
 
 // As far as it goes, a film is played. What its description lacks nobody can make up.
-TEST(MediaKind, AFilmMayBeCutOffAndHaveMoreBehindIt) {
+TEST(MediaKind, AFilmMayBeCutOffAndHaveMoreAfterIt) {
   const std::string film = Sample("film.mp4");
   const std::string data = Big(5'000'000, 4) + "mdat" + std::string(90, 'x');
   EXPECT_TRUE(IsKnown(film + data));

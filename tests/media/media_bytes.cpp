@@ -8,7 +8,7 @@
 namespace media_tests {
 namespace {
 
-// Lets the box whose name stands behind `from` have that many bytes more; gives where its name is.
+// Lets the box whose name stands after `from` have that many bytes more; gives where its name is.
 std::size_t Grow(std::string& bytes, std::string_view name, std::size_t from, std::size_t by) {
   const std::size_t at = bytes.find(name, from);
   if (at == std::string::npos || at < 4) throw std::runtime_error("the film has no such box");

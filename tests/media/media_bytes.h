@@ -14,7 +14,7 @@ inline constexpr const char* kSamples[] = {
     "sound.flac", "sound.aac", "sound.m4a", "film.mp4", "film.mov", "film-fragments.mp4",
     "film.flv", "film.avi", "film.mkv", "film.webm", "film.ogv", "film.mpg", "film.ts", "film.m2v",
     "film-vcd.mpg",
-    // Cut off, with bytes behind its end, from before there were brands, and behind other bytes.
+    // Cut off, with bytes after its end, from before there were brands, and after other bytes.
     "film-cut.mp4", "film-tail.mp4", "film-old.mov", "sound-junk.mp3", "sound-tag-junk.mp3"};
 
 std::string Big(std::uint64_t number, int bytes);

@@ -25,7 +25,7 @@ class FaultyFileSystem : public platform::FileSystem {
 
   // Counts anew; the k-th operation from here on fails, counted from 1, and no other.
   void FailAt(std::size_t k) { Restart(k, false); }
-  // The same, and each one behind it: a disk that was pulled out.
+  // The same, and each one after it: a disk that was pulled out.
   void FailFrom(std::size_t k) { Restart(k, true); }
   // Counts anew; the first "Open", "Write" ... of a path that ends so fails, and no other.
   void FailWhere(std::string operation, std::string pathEnd) {
@@ -108,9 +108,9 @@ class FaultyFileSystem : public platform::FileSystem {
     std::unique_ptr<platform::OpenedFile> real_;
   };
 
-  void Restart(std::size_t k, bool andAllBehind) {
+  void Restart(std::size_t k, bool andAllAfter) {
     failing_ = k;
-    andAllBehind_ = andAllBehind;
+    andAllAfter_ = andAllAfter;
     hasFailed_ = false;
     failingOperation_.clear();
     names_.clear();
@@ -122,7 +122,7 @@ class FaultyFileSystem : public platform::FileSystem {
              names_.back().ends_with(failingPathEnd_);
     }
     if (failing_ == kNever || Operations() < failing_) return false;
-    return Operations() == failing_ || andAllBehind_;
+    return Operations() == failing_ || andAllAfter_;
   }
 
   void Count(const char* operation, platform::TextView path) {
@@ -135,7 +135,7 @@ class FaultyFileSystem : public platform::FileSystem {
 
   platform::FileSystem& real_;
   std::size_t failing_ = kNever;
-  bool andAllBehind_ = false;
+  bool andAllAfter_ = false;
   bool hasFailed_ = false;
   std::string failingOperation_;
   std::string failingPathEnd_;

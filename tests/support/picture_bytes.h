@@ -120,7 +120,7 @@ inline std::string GifCodesOf(std::uint64_t pixels) {
   return blocks + Little(0, 1) + ";";
 }
 
-// A bitmap's two headers; the data begin behind them.
+// A bitmap's two headers; the data begin after them.
 inline std::string BitmapHead(std::int64_t width, std::int64_t height, unsigned depth,
                               unsigned packing = 0) {
   return "BM" + Little(0, 8) + Little(54, 4) + Little(40, 4) +

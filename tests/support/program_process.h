@@ -13,7 +13,7 @@
 namespace testing_support {
 
 // Reports each box of the desk as "BOX title: text.", and at the process's end the log, with "END
-// OF LOG" behind it; then takes the desk's folder away.
+// OF LOG" after it; then takes the desk's folder away.
 void ReportEndOf(Desk& desk);
 // "The loop has ended.", the windows that are still there, and the end with that status.
 [[noreturn]] void ReportLoopEnd(int status);

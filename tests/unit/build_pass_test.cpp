@@ -328,7 +328,7 @@ TEST_F(BuildPassTest, MediumWithThePagesExtensionReplacesThePage) {
   EXPECT_EQ(folder_.Read(u"TXT\\" + Stem(u"S1") + u".htm"), "attachment");
 }
 
-TEST_F(BuildPassTest, MissingMediumEndsThePassBehindTheNode) {
+TEST_F(BuildPassTest, MissingMediumEndsThePassAfterTheNode) {
   AddEntry(u"T", u"text");
   AddEntry(u"U", u"text");
   table_.entrySound.Set(0, folder_.Path(u"source\\gone.mp3"));

@@ -15,7 +15,7 @@ TEST(Caption, MarkBetweenLettersIsAHalfSpace) {
   EXPECT_EQ(Shown(u"مي\u200Fشود و نمي\u200Fشود"), "مي\u200Cشود و نمي\u200Cشود");
 }
 
-TEST(Caption, MarkBehindPunctuationStays) {
+TEST(Caption, MarkAfterPunctuationStays) {
   EXPECT_EQ(Shown(u"رديف اول:\u200F"), "رديف اول:\u200F");
   EXPECT_EQ(Shown(u"(يك)\u200F دو"), "(يك)\u200F دو");
   EXPECT_EQ(Shown(u"شد!\u200Fو"), "شد!\u200Fو");

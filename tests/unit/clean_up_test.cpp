@@ -76,7 +76,7 @@ TEST(Rep, LineBreaksAnywhereInALongPlainText) {
 
 TEST(Rep, EmptyTextStaysEmpty) { EXPECT_EQ(Rep(u""), u""); }
 
-TEST(Rep, TwoBlanksAtALinesEndLeaveOneAndTwoBehindTheLineBreakNone) {
+TEST(Rep, TwoBlanksAtALinesEndLeaveOneAndTwoAfterTheLineBreakNone) {
   EXPECT_EQ(Rep(u"A  \r\n  B"), u"A \r\nB");
 }
 

@@ -95,7 +95,7 @@ TEST(Column, KnowsWhichRowsWereWritten) {
   EXPECT_TRUE(column.Touched().IsEmpty());
 }
 
-TEST(Column, AnInsertedRowCountsAndThoseBehindItMove) {
+TEST(Column, AnInsertedRowCountsAndThoseAfterItMove) {
   Column<int> column = Counting(4);
   column.Set(2, 20);
   column.Insert(1, 7);
@@ -132,7 +132,7 @@ TEST(Column, RowsMoveUpAndTheLastKeepsItsOwn) {
   EXPECT_GE(column.Touched().end, 3);
 }
 
-TEST(Column, RowsMoveUpFromBehindTheEnd) {
+TEST(Column, RowsMoveUpFromPastTheEnd) {
   Column<int> column = Counting(2);
   column.MoveUp(0, 5);
   EXPECT_EQ(column(0), 1);

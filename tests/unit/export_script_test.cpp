@@ -95,7 +95,7 @@ TEST(ExportScript, AMissingHeaderIsAFailure) {
   EXPECT_THROW(CutScript(With(u"[ Copy File ]", u"[Copy File]")), Failure);
 }
 
-TEST(ExportScript, NoBracketBehindTheLastSectionIsAFailure) {
+TEST(ExportScript, NoBracketAfterTheLastSectionIsAFailure) {
   EXPECT_THROW(CutScript(With(u"[ End ]", u"End")), Failure);
 }
 

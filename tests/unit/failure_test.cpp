@@ -37,7 +37,7 @@ TEST(CatchingFailure, CountsTheStandardLibrarysExceptions) {
   EXPECT_EQ(DescriptionOf([] { throw std::length_error("too long"); }), u"too long");
 }
 
-TEST(CatchingFailure, EndsBehindTheUnwindingAndOnce) {
+TEST(CatchingFailure, EndsAfterTheUnwindingAndOnce) {
   struct Guard {
     bool& unwound;
     ~Guard() { unwound = true; }

@@ -33,7 +33,7 @@ bool StepByStep(Text& text, const Column<Text>& inlineImage, const BringImage& b
     const auto k = platform::ToInt16(
         platform::Mid(mark, 11, static_cast<platform::Position>(mark.size()) - 20));
     const Text source = inlineImage(k);
-    const Text name(platform::Behind(source, u"\\"));
+    const Text name(platform::After(source, u"\\"));
     bring(source, name);
     text = platform::Replace(text, mark, u"<IMG src=\"Data/IMG/" + name + u"\">");
     replaced = true;
@@ -99,7 +99,7 @@ TEST(PutImageTags, IsTheStepsOneAfterTheOther) {
                                                 u"<pgMain> {40000}</pgMain>",
                                                 u"0"};
   std::mt19937 random(1);
-  // The pieces that fail stand behind those that don't, so that many texts get far.
+  // The pieces that fail stand after those that don't, so that many texts get far.
   for (int round = 0; round < 60000; ++round) {
     std::uniform_int_distribution<std::size_t> which(0, round % 3 == 0 ? 6 : kPieces.size() - 1);
     Text text;
@@ -139,7 +139,7 @@ TEST(PutImageTags, MarkWithoutANumberFailsAndWhatWasRewrittenStays) {
             u"<IMG src=\"Data/IMG/zero.jpg\"><pgMain> {abc}</pgMain><pgMain> {1}</pgMain>");
 }
 
-TEST(PutImageTags, KnownMarkBehindOneThatFailsIsReplacedToo) {
+TEST(PutImageTags, KnownMarkAfterOneThatFailsIsReplacedToo) {
   const Outcome outcome =
       After(PutImageTags, u"<pgMain> {0}</pgMain><pgMain> {}</pgMain><pgMain> {0}</pgMain>");
   EXPECT_TRUE(outcome.failed);
@@ -147,7 +147,7 @@ TEST(PutImageTags, KnownMarkBehindOneThatFailsIsReplacedToo) {
             u"<IMG src=\"Data/IMG/zero.jpg\"><pgMain> {}</pgMain><IMG src=\"Data/IMG/zero.jpg\">");
 }
 
-TEST(PutImageTags, TextBehindTheBraceRunsOnToALaterMarkAndFails) {
+TEST(PutImageTags, TextAfterTheBraceRunsOnToALaterMarkAndFails) {
   const Text text = u"<pgMain> {0} more</pgMain>\r\n<pgMain> {1}</pgMain>";
   const Outcome outcome = After(PutImageTags, text);
   EXPECT_TRUE(outcome.failed);

@@ -99,7 +99,7 @@ TEST(MarkingLine, TitleArrowText) {
   EXPECT_EQ(LineWithText(u"", u""), u"   =>   ");
 }
 
-TEST(MarkingLine, SecondTextGoesBehindTheFirst) {
+TEST(MarkingLine, SecondTextGoesAfterTheFirst) {
   EXPECT_EQ(LineWithText(u"A   =>   B", u"C"), u"A   =>   B   =>   C");
 }
 

@@ -17,7 +17,7 @@ TEST(MediaBytes, NumbersInEitherOrder) {
   EXPECT_EQ(LittleEndian(kBytes, 1, 2), 0x8002U);
 }
 
-TEST(MediaBytes, BehindTheEndIsZero) {
+TEST(MediaBytes, PastTheEndIsZero) {
   EXPECT_EQ(BigEndian(kBytes, 3, 2), 0xFF00U);
   EXPECT_EQ(LittleEndian(kBytes, 3, 8), 0xFFU);
   EXPECT_EQ(BigEndian(kBytes, kFar, 8), 0U);

@@ -70,7 +70,7 @@ TEST(MediaPicture, OfACutHeaderNothingIsDecoded) {
   }
 }
 
-TEST(MediaPicture, AJpegsSizeMayStandBehindMegabytes) {
+TEST(MediaPicture, AJpegsSizeMayStandAfterMegabytes) {
   const std::string head = "\xFF\xD8";
   std::string segments;
   for (int i = 0; i < 60; ++i) segments += JpegSegment(0xE1, std::string(65'000, '\xC0'));

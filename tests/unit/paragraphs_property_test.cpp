@@ -121,7 +121,7 @@ TEST(RebuildParagraphs, IsItsStepsOneAfterTheOther) {
   }
 }
 
-// Long lines, whose end lies far behind their first break.
+// Long lines, whose end lies far after their first break.
 TEST(RebuildParagraphs, IsItsStepsOneAfterTheOtherForLongLines) {
   std::mt19937 random(2);
   for (int number = 0; number < 300; ++number) {

@@ -50,7 +50,7 @@ TEST(RebuildParagraphs, LinesOfAsManyWordsAsTheLimitAndOneMoreStayWhole) {
   EXPECT_EQ(OnlyWrapped(Words(23), 22), platform::ToUtf8(Words(23)) + "\r\n");
 }
 
-TEST(RebuildParagraphs, ALineOfTwoWordsMoreThanTheLimitIsBrokenBehindTheLimit) {
+TEST(RebuildParagraphs, ALineOfTwoWordsMoreThanTheLimitIsBrokenAfterTheLimit) {
   EXPECT_EQ(OnlyWrapped(Words(24), 22), platform::ToUtf8(Words(22)) + "\r\nw23 w24\r\n");
 }
 
@@ -63,7 +63,7 @@ TEST(RebuildParagraphs, EachLineOfAParagraphGetsTheSameNumberOfWords) {
 // The last blank's position and the one reached are compared as they were before the breaks.
 TEST(RebuildParagraphs, AfterKBreaksTheLastKPositionsAreNotLookedAt) {
   EXPECT_EQ(OnlyWrapped(u"a b c d e", 2), "a b\r\nc d\r\ne\r\n");
-  // Three breaks: the blank at 14 is seen at 17, behind the last one's 16.
+  // Three breaks: the blank at 14 is seen at 17, after the last one's 16.
   EXPECT_EQ(OnlyWrapped(u"a b c d e f g h i", 2), "a b\r\nc d\r\ne f\r\ng h i\r\n");
   EXPECT_EQ(OnlyWrapped(u"abcd          ", 1), "abcd\r\n\r\n\r\n\r\n\r\n\r\n    \r\n");
 }
@@ -133,16 +133,16 @@ TEST(RebuildParagraphs, APieceOfTheMarkerInFrontOfTwoLineBreaksTakesThemApart) {
   EXPECT_EQ(WithoutBreaks(u"A#0#0#B"), "A\r\n0#B\r\n");
 }
 
-TEST(RebuildParagraphs, ALineBeginsBehindADotAndNothingStandsInFrontOfIt) {
+TEST(RebuildParagraphs, ALineBeginsAfterADotAndNothingStandsInFrontOfIt) {
   EXPECT_EQ(BrokenAtMarks(u"A.\u200F B"), "A.\u200F\r\nB\r\n");
   EXPECT_EQ(BrokenAtMarks(u"A!\u200F B"), "A!\u200F\r\nB\r\n");
 }
 
-TEST(RebuildParagraphs, TheLineBehindAQuestionMarkKeepsItsBlank) {
+TEST(RebuildParagraphs, TheLineAfterAQuestionMarkKeepsItsBlank) {
   EXPECT_EQ(BrokenAtMarks(u"A؟ B"), "A؟\r\n B\r\n");
 }
 
-TEST(RebuildParagraphs, ANumberIsBrokenBehindItsPoint) {
+TEST(RebuildParagraphs, ANumberIsBrokenAfterItsPoint) {
   EXPECT_EQ(BrokenAtMarks(u"3.14"), "3.\u200F\r\n14\r\n");
   EXPECT_EQ(BrokenAtMarks(u"3.\u200F14"), "3.\u200F\r\n\u200F14\r\n");
 }

@@ -18,7 +18,7 @@ TEST(PrintPage, PageFilesAreToldByTheirLastExtensionInAnyLetterCase) {
   EXPECT_FALSE(IsPageFile(u""));
 }
 
-TEST(PrintPage, TheBodyIsWhatStandsBehindTheTitle) {
+TEST(PrintPage, TheBodyIsWhatStandsAfterTheTitle) {
   EXPECT_EQ(PrintBody(u"before<pgTitle>T</pgTitle>\r\n<pgMain>a</pgMain>\r\n"),
             u"\r\n<p align=\"right\">a</p>\r\n");
 }

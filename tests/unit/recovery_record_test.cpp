@@ -171,7 +171,7 @@ std::vector<std::size_t> PieceEnds(std::string_view file) {
 
 struct History {
   std::string file;
-  std::vector<std::string> states;  // behind each piece of the file
+  std::vector<std::string> states;  // after each piece of the file
 };
 
 History SomeHistory() {
@@ -251,7 +251,7 @@ TEST(RecoveryRecord, NoNumberInItMakesMoreThanItsBytes) {
   };
   constexpr std::uint64_t kHuge = UINT64_C(1) << 62;
   EXPECT_EQ(ReadBack(piece(Change::kRows, {0, kHuge, 1, 0})), "refused");
-  EXPECT_EQ(ReadBack(piece(Change::kRows, {0, 1, 1, 0})), "refused") << "behind a gap";
+  EXPECT_EQ(ReadBack(piece(Change::kRows, {0, 1, 1, 0})), "refused") << "after a gap";
   EXPECT_EQ(ReadBack(piece(Change::kRows, {0, 0, kHuge, 0})), "refused");
   EXPECT_EQ(ReadBack(piece(Change::kRows, {0, 0, 2, 0})), "refused") << "breaks off";
   EXPECT_EQ(ReadBack(piece(Change::kRows, {99, 0, 1, 0})), "refused");

@@ -190,7 +190,7 @@ TEST(RtfUnknownPage, CountsAsTheWesternOne) {
   }
 }
 
-// A lead byte, and a byte that may stand behind it, in every page that has them.
+// A lead byte, and a byte that may stand after it, in every page that has them.
 struct Half {
   int number;
   const char* lead;

@@ -73,7 +73,7 @@ Lines Paragraphs(Text text) {
   return paragraphs;
 }
 
-// The words, with the marks behind them apart: a note stands between a word and its mark.
+// The words, with the marks after them apart: a note stands between a word and its mark.
 Lines Words(const Lines& paragraphs) {
   Lines words;
   for (const Text& paragraph : paragraphs) {
@@ -130,7 +130,7 @@ void CompareAll(const std::string& program, const Choices& choices) {
 // It shows text that a recorded change took out, and leaves out text boxes.
 TEST(RtfCorpus, LibreOfficeReadsTheSame) { CompareAll("libreoffice", {{"marks"}, {"boxes"}}); }
 
-// It shows notes in their sentence, headers and footers behind the text, hidden text, and fields by
+// It shows notes in their sentence, headers and footers after the text, hidden text, and fields by
 // what they come to today; and it loses the items of lists that it has written itself.
 TEST(RtfCorpus, AbiWordReadsTheSame) {
   CompareAll("abiword", {{"notes", "headers", "hidden", "fields", "mixture"}, {"lists"}});

@@ -177,12 +177,12 @@ TEST(RtfPlainText, FieldsShowTheirResult) {
 }
 
 // As AbiWord writes every link.
-TEST(RtfPlainText, AFieldsResultMayStandBehindAStar) {
+TEST(RtfPlainText, AFieldsResultMayStandAfterAStar) {
   EXPECT_EQ(Plain("a {\\field{\\*\\fldinst{HYPERLINK \"x\"}}{\\*\\fldrslt{\\ul res}}} b"),
             u"a res b");
 }
 
-TEST(RtfPlainText, AFormatBehindAStarHidesNothing) {
+TEST(RtfPlainText, AFormatAfterAStarHidesNothing) {
   EXPECT_EQ(PlainText("{\\rtf1 a {\\loch\\f1\\*\\cs7\\cf0 LINK} b}"), u"a LINK b");
   for (const std::string word :
        {"cs7", "ds3", "ts11", "s5", "b", "fs24", "lang1065", "langfe1033", "rtlch", "insrsid123",
@@ -195,7 +195,7 @@ TEST(RtfPlainText, AFormatBehindAStarHidesNothing) {
 }
 
 // Only a group's first word can open a destination.
-TEST(RtfPlainText, AnUnknownWordBehindAStarHidesItsGroupWhereItStandsFirst) {
+TEST(RtfPlainText, AnUnknownWordAfterAStarHidesItsGroupWhereItStandsFirst) {
   EXPECT_EQ(Plain("a{\\*\\unheard of}b"), u"ab");
   EXPECT_EQ(Plain("a{\r\n\\*\r\n\\unheard of}b"), u"ab");
   EXPECT_EQ(Plain("a{ \\* \\unheard of}b"), u"a  b");
@@ -286,7 +286,7 @@ TEST(RtfPlainText, NulsAreNothing) {
   EXPECT_EQ(PlainText(std::string("{\\rtf1 a\0b\\b\0c\\'00}", 19)), u"abc");
 }
 
-TEST(RtfPlainText, BinaryDataNeverReachesBehindTheInput) {
+TEST(RtfPlainText, BinaryDataNeverReachesPastTheInput) {
   EXPECT_EQ(Plain("a{\\pict\\bin4294967295 xx}}"), u"a ");
   EXPECT_EQ(Plain("a{\\pict\\bin-1 00}b"), u"a b");
   EXPECT_EQ(Plain("a\\bin99999999999999999999 b"), u"a");

@@ -16,7 +16,7 @@ using Lines = std::vector<Text>;
 std::string Sample(const std::string& name) { return ReadSample(SampleFolder() / name); }
 
 // The plain text that a program made of its own rich text: UTF-8, with or without a mark, a line
-// end or none behind the last line.
+// end or none after the last line.
 Lines LinesOf(const std::string& name) {
   Text text = Replace(FromUtf8(Sample(name)), u"\uFEFF", u"");
   if (text.ends_with(u'\n')) text.pop_back();
@@ -113,7 +113,7 @@ TEST(RtfSamples, AbiWordAgreesOnSymbols) {
   EXPECT_EQ(OurLines("abiword_symbols.rtf"), theirs);
 }
 
-// LibreOffice indents a label and puts a blank behind it where its rich text has a tab.
+// LibreOffice indents a label and puts a blank after it where its rich text has a tab.
 TEST(RtfSamples, LibreOfficeAgreesOnLists) {
   const auto [ours, theirs] = OursAndTheirsWithPlainLabels("libreoffice_lists");
   EXPECT_EQ(ours, theirs);
@@ -147,7 +147,7 @@ TEST(RtfSamples, LibreOfficeAgreesOnNotes) {
   EXPECT_EQ(ours, theirs);
 }
 
-// AbiWord puts the note's text into the sentence, behind a line end and a tab.
+// AbiWord puts the note's text into the sentence, after a line end and a tab.
 TEST(RtfSamples, AbiWordAgreesOnTheTextAroundNotes) {
   const Text theirs = FromUtf8(Sample("abiword_note.txt"));
   ASSERT_NE(theirs.find(u"\n\tاین پانویس است."), Text::npos);
@@ -155,7 +155,7 @@ TEST(RtfSamples, AbiWordAgreesOnTheTextAroundNotes) {
             Split(Replace(theirs, u"\n\tاین پانویس است.", u""), u"\n"));
 }
 
-// LibreOffice shows the note's number, a list's labels behind blanks and with one behind.
+// LibreOffice shows the note's number, a list's labels after blanks and with one after.
 TEST(RtfSamples, LibreOfficeAgreesOnLinks) {
   auto [ours, theirs] = OursAndTheirsWithPlainLabels("libreoffice_links");
   ASSERT_EQ(theirs.at(1), u"see this one1, too");

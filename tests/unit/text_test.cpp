@@ -108,11 +108,11 @@ TEST(DotExtension, IsAllFromTheLastDot) {
   EXPECT_THROW(DotExtension(u""), Failure);
 }
 
-TEST(Behind, IsAllBehindTheLastMark) {
-  EXPECT_EQ(Behind(u"C:\\a\\b.jpg", u"\\"), u"b.jpg");
-  EXPECT_EQ(Behind(u"b.jpg", u"\\"), u"b.jpg");
-  EXPECT_EQ(Behind(u"C:\\a\\", u"\\"), u"");
-  EXPECT_EQ(Behind(u"abc", u""), u"abc");
+TEST(After, IsAllAfterTheLastMark) {
+  EXPECT_EQ(After(u"C:\\a\\b.jpg", u"\\"), u"b.jpg");
+  EXPECT_EQ(After(u"b.jpg", u"\\"), u"b.jpg");
+  EXPECT_EQ(After(u"C:\\a\\", u"\\"), u"");
+  EXPECT_EQ(After(u"abc", u""), u"abc");
 }
 
 TEST(Replace, InOneScanWithoutOverlap) {

@@ -49,7 +49,7 @@ TEST(Index, AsTheToolWritesIt) {
   EXPECT_TRUE(index.collections[1].isGallery);
 }
 
-// They stand where a power cut took a line, and a build of before may have added others behind.
+// They stand where a power cut took a line, and a build of before may have added others after them.
 TEST(Index, NulsAreLeftOut) {
   const QString nuls(40, QChar::Null);
   const BookMaker maker;

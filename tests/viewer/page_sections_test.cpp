@@ -67,7 +67,7 @@ TEST(PageSections, PicturesHaveTheirWeight) {
   ExpectSectionsOfMuchTheSameWeight(page, 8);
 }
 
-TEST(PageSections, ALongParagraphIsCutBehindABlankAndNeverInACharacter) {
+TEST(PageSections, ALongParagraphIsCutAfterABlankAndNeverInACharacter) {
   const Page words = PageOf({QStringLiteral("abcd ").repeated(4000)});
   EXPECT_EQ(PieceAt(words, {}).length % 5, 0);
   const Page pairs = PageOf({QString(1, u'x') + QStringLiteral("\U0001F339").repeated(20'000)});

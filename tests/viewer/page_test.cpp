@@ -129,7 +129,7 @@ TEST(Page, StrayLinesWithoutEndComeTogether) {
   EXPECT_TRUE(page.parts.back().text.endsWith(u'z'));
 }
 
-TEST(Page, ParagraphsAndPicturesBehindStrayLinesAreRead) {
+TEST(Page, ParagraphsAndPicturesAfterStrayLinesAreRead) {
   const Page page = ParsePage(QStringLiteral("x\n").repeated(100'000) +
                               QStringLiteral("<pgMain>a</pgMain>\r\n<IMG src=\"b.jpg\">\r\n"));
   ASSERT_GT(page.parts.size(), 2U);

@@ -62,7 +62,7 @@ class Paper : public testing::Test {
 
 QString PageWithPicture() {
   return viewer_tests::PageText(u"title"_s, {u"before"_s}) +
-         u"<IMG src=\"Data/IMG/Wide.jpg\">\r\n<pgMain>behind</pgMain>\r\n"_s;
+         u"<IMG src=\"Data/IMG/Wide.jpg\">\r\n<pgMain>after</pgMain>\r\n"_s;
 }
 
 TEST_F(Paper, LettersAreOfAReadableSize) {
@@ -117,8 +117,8 @@ TEST_F(Paper, AWidePictureIsAsWideAsTheText) {
   EXPECT_NEAR(place.right(), kSheet.width() - kMargin, kNear);
   EXPECT_NEAR(place.width(), place.height() * 3, 3 * kNear);
   EXPECT_GT(place.top(), Word(u"before"_s).box.bottom());
-  EXPECT_LT(place.bottom(), Word(u"behind"_s).box.top() + kNear);
-  EXPECT_LT(Word(u"behind"_s).box.top() - place.bottom(), 40);
+  EXPECT_LT(place.bottom(), Word(u"after"_s).box.top() + kNear);
+  EXPECT_LT(Word(u"after"_s).box.top() - place.bottom(), 40);
 }
 
 TEST_F(Paper, ATallPictureFitsOnASheet) {

@@ -98,7 +98,7 @@ TEST_F(BookSearch, ShapesAndLigaturesOfOldFontsAreFoundAtTheirPlace) {
   EXPECT_EQ(Hits("\uFEB3\uFEFC\uFEE1").size(), 2U);
 }
 
-TEST_F(BookSearch, MarksStandAtTheirPlaceBehindLigatures) {
+TEST_F(BookSearch, MarksStandAtTheirPlaceAfterLigatures) {
   const QString text = QStringLiteral("\uFDF2 س\uFEFCم رفت \uFEFB");
   const auto marked = [&](const char* words) {
     QStringList found;

@@ -109,7 +109,7 @@ TEST_F(BusyBuild, EndsWithAFailure) {
   EXPECT_EQ(desk.LoggedFailures(57), 1);
 }
 
-TEST_F(BusyBuild, IsAwayOverItsQuestionAndBackBehindIt) {
+TEST_F(BusyBuild, IsAwayOverItsQuestionAndBackAfterIt) {
   desk.Write("Data/_xml/aTitle1.xml", "");
   desk.robot.AnswerYes();
   Build();

@@ -210,7 +210,7 @@ class PictureInTheRoot {
   const std::string name = "zorvand-test-" + std::to_string(getpid()) + ".jpg";
 };
 
-TEST_F(Choosers, InADrivesRootAFileStandsBehindTheOneBackslash) {
+TEST_F(Choosers, InADrivesRootAFileStandsAfterTheOneBackslash) {
   const PictureInTheRoot picture;
   if (!picture.IsThere()) GTEST_SKIP() << "the root of the file system may not be written";
   Press("Command5", "Form5", [&] {

@@ -157,7 +157,7 @@ TEST_F(ExportedPages, ATitleThatNeverEndsIsLoggedAndThePassGoesOn) {
   EXPECT_EQ(Exported("B.html"), PageBytes(u"<t>t</t>t<b>x</b>"));
 }
 
-TEST_F(ExportedPages, ATitleThatEndsBeforeItBeginsIsLoggedAndAllBehindItsEndIsTheBody) {
+TEST_F(ExportedPages, ATitleThatEndsBeforeItBeginsIsLoggedAndAllAfterItsEndIsTheBody) {
   Tick();
   desk.Write("Data/TXT/A.htm",
              PageBytes(u"ahead</pgTitle>x<pgTitle>t</pgTitle><pgMain>y</pgMain>"));

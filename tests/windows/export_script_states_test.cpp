@@ -216,7 +216,7 @@ TEST_F(ExportScriptOnDisk, AMissingHeaderLeavesNothing) {
   EXPECT_EQ(FailBy("[ Make Folder ]\r\nData\r\n\r\n[ Copy File ]\r\n\r\n["), noRoot);
 }
 
-TEST_F(ExportScriptOnDisk, ALastSectionWithoutABracketBehindItLeavesNothing) {
+TEST_F(ExportScriptOnDisk, ALastSectionWithoutABracketAfterItLeavesNothing) {
   EXPECT_EQ(FailBy("[ Make Folder ]\r\nData\r\n\r\n[ Copy Folder ]\r\n\r\n[ Copy File ]\r\n\r\n"),
             noRoot);
 }

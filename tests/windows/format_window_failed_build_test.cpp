@@ -121,7 +121,7 @@ TEST_F(FormatWindowFailedBuild, AMediumWhoseFolderHasTheDotTakesTheFoldersEnd) {
   desk.Write("a.b/sound", "no extension");
   Table().entrySound.Set(0, desk.Path(u"a.b\\sound"));
   Build();
-  // Behind the last dot stands a folder that the book doesn't have.
+  // After the last dot stands a folder that the book doesn't have.
   ExpectFailedBuild(1);
 }
 

@@ -230,7 +230,7 @@ TEST_F(FormatWindowGallery, ScrollingAwayAndBackBringsTicksAndTitlesFromTheGalle
   EXPECT_TRUE(GalleryDesk::TitleIsOpen("Form3", 2));
 }
 
-TEST_F(FormatWindowGallery, APictureBehindAFreeSlotIsNotFound) {
+TEST_F(FormatWindowGallery, APictureAfterAFreeSlotIsNotFound) {
   desk.AddPictures(1);
   Gallery().Set(1, 0, desk.Picture(u"p1.jpg"));
   OpenPictures();
@@ -268,7 +268,7 @@ TEST_F(FormatWindowGallery, AnotherFolderIsShownFromItsTop) {
 }
 
 // The list is one step longer than the folder, which adds the folder itself.
-TEST_F(FormatWindowGallery, SelectingAllOfOnePictureAddsTheFolderBehindIt) {
+TEST_F(FormatWindowGallery, SelectingAllOfOnePictureAddsTheFolderAfterIt) {
   OpenPictures(1);
   const auto log = NewLog([this] { desk.form3.SelAll_Click(); });
   EXPECT_EQ(log, (std::vector<std::string>{"Adding all pic to the gallery...", "All Pic added."}));

@@ -149,7 +149,7 @@ TEST_F(FormatWindowIntake, EveryByteOfTheCodePageIsACharacter) {
   desk.AddBytes("Bytes.txt", bytes);
   OpenOnFormerText();
   FormatDesk::OpenBook("Bytes.txt");
-  // "!", "." and ":" have their marks behind them.
+  // "!", "." and ":" have their marks after them.
   EXPECT_EQ(desk.form3.matn.TextLength(), 0x100 - 0x20 + 3);
   EXPECT_EQ(desk.AllLoggedFailures(), 0);
 }
@@ -214,7 +214,7 @@ TEST_F(FormatWindowIntake, Failure55TheInputFolderWasEmptiedOut) {
 
 // The small operations.
 
-TEST_F(FormatWindowIntake, ATextIsCutForTheListBehindAWord) {
+TEST_F(FormatWindowIntake, ATextIsCutForTheListAfterAWord) {
   EXPECT_EQ(desk.form3.BeBor(u"abc def ghi", 5), u"abc def ...");
   EXPECT_EQ(desk.form3.BeBor(u"abcdefghij", 5), u"abcde...");
   EXPECT_EQ(desk.form3.BeBor(u"abcde", 5), u"abcde");
@@ -238,7 +238,7 @@ TEST_F(FormatWindowIntake, ATitleKeepsTheLineBreakThatItBeginsWith) {
   EXPECT_EQ(desk.form3.DelCrLf(u"\nTitle"), u"\nTitle");
 }
 
-TEST_F(FormatWindowIntake, TheWindowsOwnSlashGoesBehindASingleCharacter) {
+TEST_F(FormatWindowIntake, TheWindowsOwnSlashGoesAfterASingleCharacter) {
   EXPECT_EQ(desk.form3.DoSlash(u"C"), u"C\\");
   EXPECT_EQ(desk.form3.DoSlash(u"C:\\x"), u"C:\\x\\");
   EXPECT_EQ(desk.form3.DoSlash(u"C:\\"), u"C:\\");

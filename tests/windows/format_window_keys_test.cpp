@@ -222,7 +222,7 @@ TEST_F(FormatWindowKeys, NoCommandIsEverDisabled) {
   FormatDesk::Mark(Qt::Key_F1, "beta");
   expectAllEnabled("with a main title open");
   Robot::PressKey("Form3", "matn", Qt::Key_F12);
-  expectAllEnabled("behind a build");
+  expectAllEnabled("after a build");
 }
 
 }  // namespace

@@ -307,7 +307,7 @@ TEST_F(FormatWindowLoad, Failure66AWindowThatIsGoneCannotBeEmptied) {
   Robot::CloseWindow("Form3");
   desk.form3.ResetA();
   EXPECT_EQ(desk.LoggedFailures(66), 1);
-  // The button's caption comes first, so nothing behind it was done.
+  // The button's caption comes first, so nothing after it was done.
   EXPECT_EQ(desk.form3.entryCount, 1);
   EXPECT_EQ(desk.form3.table.entryText(0), u"alpha");
 }

@@ -60,7 +60,7 @@ TEST_F(FormatWindowMarks, TheTitleGrowsByPassagesWithABlankBetween) {
   EXPECT_EQ(FormatDesk::Shown("matn"), " gamma delta epsilon");
 }
 
-TEST_F(FormatWindowMarks, TheTitleGrowsBehindItsSeparators) {
+TEST_F(FormatWindowMarks, TheTitleGrowsAfterItsSeparators) {
   OpenOnLetters();
   FormatDesk::Command(0, "alpha");
   FormatDesk::Command(5, "beta");
@@ -316,7 +316,7 @@ TEST_F(FormatWindowMarks, DeletingDoesNotAskForTheRemoval) {
   EXPECT_THAT(FormatDesk::Lines("bindex"), IsEmpty());
 }
 
-TEST_F(FormatWindowMarks, TheClosingStepComesBehindCommandsThatReadNoSelection) {
+TEST_F(FormatWindowMarks, TheClosingStepComesAfterCommandsThatReadNoSelection) {
   OpenOnLetters();
   FormatDesk::Command(12, "beta ");
   EXPECT_EQ(desk.LoggedTimes("Format number 12 clicked."), 1);

@@ -35,7 +35,7 @@ class FormatWindowPages : public testing::Test {
   void SetImage(std::ptrdiff_t number, Text path) {
     desk.form3.table.inlineImage.Set(number, std::move(path));
   }
-  // Files a heading with all paragraphs behind it as its text, and builds.
+  // Files a heading with all paragraphs after it as its text, and builds.
   void BuildPage(platform::TextView paragraphs) {
     desk.OpenOn(Text(u"Head\r\n").append(paragraphs));
     FileWhole();
@@ -43,7 +43,7 @@ class FormatWindowPages : public testing::Test {
   }
   void FileWhole() {
     FormatDesk::Mark(Qt::Key_F2, "Head");
-    // The line break behind the heading stays in front of the rest.
+    // The line break after the heading stays in front of the rest.
     Robot::Select("Form3", "matn", 1, static_cast<int>(desk.form3.matn.TextLength()) - 1);
     Robot::PressKey("Form3", "matn", Qt::Key_F3);
   }
@@ -189,7 +189,7 @@ TEST_F(FormatWindowPages, Failure68AMarkWithoutANumberCostsThePageItsTailOnly) {
   EXPECT_TRUE(desk.Collection("aTitle1").ends_with("</Tree>\r\n"));
 }
 
-TEST_F(FormatWindowPages, Failure68AMarkWithTextBehindItInItsParagraph) {
+TEST_F(FormatWindowPages, Failure68AMarkWithTextAfterItInItsParagraph) {
   BuildPage(u"   {0} more\r\ntwo");
   EXPECT_EQ(desk.LoggedFailures(68), 1);
   EXPECT_EQ(Body(), "<pgMain> {0} more</pgMain>\r\n<pgMain>two</pgMain>");
@@ -226,7 +226,7 @@ TEST_F(FormatWindowPages, OneMarkTwiceBecomesTwoTags) {
 
 // The small text builders.
 
-TEST_F(FormatWindowPages, BlankParagraphsStandBehindALineBreak) {
+TEST_F(FormatWindowPages, BlankParagraphsStandAfterALineBreak) {
   desk.Open();
   EXPECT_EQ(Utf8(desk.form3.AddEntr(0)), "\r\n");
   EXPECT_EQ(Utf8(desk.form3.AddEntr(-2)), "\r\n");

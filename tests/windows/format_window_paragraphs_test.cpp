@@ -100,7 +100,7 @@ TEST_F(FormatWindowParagraphs, ALineOf23WordsStaysWhole) {
   EXPECT_EQ(Rebuilt(Words(23)), Utf8(Words(23)) + "\r\n");
 }
 
-TEST_F(FormatWindowParagraphs, ALineOf24WordsIsBrokenBehindWord22) {
+TEST_F(FormatWindowParagraphs, ALineOf24WordsIsBrokenAfterWord22) {
   EXPECT_EQ(Rebuilt(Words(24)), Utf8(Words(22)) + "\r\nw23 w24\r\n");
 }
 
@@ -120,7 +120,7 @@ TEST_F(FormatWindowParagraphs, WithoutTheRemovalEveryLineBreakStays) {
   EXPECT_EQ(Rebuild(), "A\r\nB\r\n\r\nC\r\n");
 }
 
-TEST_F(FormatWindowParagraphs, ALineBeginsBehindADotAndNothingStandsInFrontOfIt) {
+TEST_F(FormatWindowParagraphs, ALineBeginsAfterADotAndNothingStandsInFrontOfIt) {
   EXPECT_EQ(Rebuilt(u"A. B"), "A.\u200F\r\nB\r\n");
 }
 
@@ -130,12 +130,12 @@ TEST_F(FormatWindowParagraphs, WithoutTheBreaksAtMarksSentencesStayTogether) {
   EXPECT_EQ(Rebuild(), "A.\u200F B؟ C!\u200F D\r\n");
 }
 
-TEST_F(FormatWindowParagraphs, TheLineBehindAQuestionMarkBeginsWithABlank) {
+TEST_F(FormatWindowParagraphs, TheLineAfterAQuestionMarkBeginsWithABlank) {
   EXPECT_EQ(Rebuilt(u"A؟ B"), "A؟\r\n B\r\n");
 }
 
-// The clean-up has put a mark behind the point, and it stays in front of what follows.
-TEST_F(FormatWindowParagraphs, ANumberIsBrokenBehindItsPoint) {
+// The clean-up has put a mark after the point, and it stays in front of what follows.
+TEST_F(FormatWindowParagraphs, ANumberIsBrokenAfterItsPoint) {
   EXPECT_EQ(Rebuilt(u"3.14"), "3.\u200F\r\n\u200F14\r\n");
 }
 
@@ -154,7 +154,7 @@ TEST_F(FormatWindowParagraphs, NineThirtyOneAndLettersBecome22OnLeavingTheField)
   EXPECT_EQ(desk.AllLoggedFailures(), 0);
 }
 
-// By clicks, behind which the toolkit's own fields select nothing.
+// By clicks, after which the toolkit's own fields select nothing.
 TEST_F(FormatWindowParagraphs, TheFieldIsSelectedWhenItGetsTheFocusAndSoIsA22ThatWasPutBack) {
   desk.OpenOn(u"alpha");
   const auto selected = [] { return Robot::FindAs<QLineEdit>("Form3", "chnd").selectedText(); };

@@ -227,7 +227,7 @@ TEST_F(ParagraphGallery, EachEntryHasItsOwnAndTheBuildWritesBoth) {
   EXPECT_THAT(desk.BookNames("TXT", ".htm"), IsEmpty());
 }
 
-TEST_F(ParagraphGallery, APictureBehindATombstoneIsNotBuilt) {
+TEST_F(ParagraphGallery, APictureAfterATombstoneIsNotBuilt) {
   InGalleryOf(3, [] {
     Tick(0, "one");
     Tick(1, "two");

@@ -321,7 +321,7 @@ TEST_F(ParagraphWindow, AButtonEmptiesItsFieldAloneUntilTheChangesAreKept) {
   EXPECT_EQ(Table().entryAttach(1), desk.Path(u"media\\a.pdf"));
 }
 
-// By a click, behind which the toolkit's own fields select nothing.
+// By a click, after which the toolkit's own fields select nothing.
 TEST_F(ParagraphWindow, APathFieldIsSelectedWhenItGetsTheFocus) {
   InEntry(1, [this] {
     TypePaths({u"a.pdf", u"a.mp3", u"a.flv"});

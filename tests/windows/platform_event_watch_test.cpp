@@ -1,4 +1,4 @@
-// What is called behind each event, and a while later.
+// What is called after each event, and a while later.
 #include "platform/windows/event_watch.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ class Receiver : public QObject {
   }
 };
 
-TEST(EventWatch, IsToldBehindEachEventAndNotInTheMiddleOfOne) {
+TEST(EventWatch, IsToldAfterEachEventAndNotInTheMiddleOfOne) {
   std::string told;
   const EventWatch watch([&] { told += '.'; });
   Receiver outer;

@@ -240,7 +240,7 @@ void TurnWheelOver(QWidget& widget) {
   Robot::Settle();
 }
 
-// A collection's key stands in brackets behind its name: for a reader from right to left, on the
+// A collection's key stands in brackets after its name: for a reader from right to left, on the
 // left of it.
 TEST_F(PlatformLists, ADropDownListReadsFromRightToLeft) {
   combo.AddItem(u"رديف اول");
@@ -354,7 +354,7 @@ TEST_F(PlatformListBesideTheToolkits, LinesComeAndGoInBoth) {
     list.insertItem(100, "last");
     list.setCurrentRow(100);
   });
-  ExpectTheSame("a line behind the last");
+  ExpectTheSame("a line after the last");
   InBoth([](QListWidget& list) { list.item(97)->setText("another text"); });
   ExpectTheSame("another text");
   InBoth([](QListWidget& list) { delete list.takeItem(50); });

@@ -54,7 +54,7 @@ TEST_F(RichTextEdits, TellNothingWhereNothingHasChanged) {
 
 // A passage that is taken out of a large text tells itself only.
 TEST_F(RichTextEdits, ARemovalTellsNoTextAtAll) {
-  matn.SetText(Text(100'000, u'x') + u"\r\nbehind");
+  matn.SetText(Text(100'000, u'x') + u"\r\nafter");
   static_cast<void>(matn.TakeEdit());
   matn.SetSelStart(10);
   matn.SetSelLength(500);

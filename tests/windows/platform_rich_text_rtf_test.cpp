@@ -83,12 +83,12 @@ TEST_F(PlatformRichText, PicturesOfAllKindsAreDrawn) {
   }
 }
 
-// How a bitmap says which bits are which colour: in masks behind a short header, of which a long
+// How a bitmap says which bits are which colour: in masks after a short header, of which a long
 // one has room itself.
 struct MaskedBitmap {
   std::uint32_t header;
   std::uint32_t compression;
-  int masksBehind;
+  int masksAfter;
 };
 
 // A picture of 4 by 4 pixels without its file's header: the left half red, the right half blue.
@@ -103,8 +103,8 @@ std::string BytesOf(const MaskedBitmap& kind) {
   }
   bytes.resize(40);
   for (const std::uint32_t mask : {0xFFU, 0xFF00U, 0xFF0000U, 0xFF000000U}) add(mask);
-  bytes.resize(kind.masksBehind > 0 ? 40U + 4U * static_cast<unsigned>(kind.masksBehind)
-                                    : kind.header);
+  bytes.resize(kind.masksAfter > 0 ? 40U + 4U * static_cast<unsigned>(kind.masksAfter)
+                                   : kind.header);
   for (int i = 0; i < 16; ++i) add(i % 4 < 2 ? 0xFF0000FFU : 0xFFFF0000U);
   return bytes;
 }

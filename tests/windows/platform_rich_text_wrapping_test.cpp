@@ -71,7 +71,7 @@ TEST_F(PlatformRichTextWrapping, WordsStayWholeInAnOrdinaryText) {
   EXPECT_EQ(BrokenWords(), 0);
 }
 
-// Between them a line may end as it may behind a blank.
+// Between them a line may end as it may after a blank.
 TEST_F(PlatformRichTextWrapping, HyphensAndPicturesEndAWordToo) {
   Text hyphens;
   while (hyphens.size() < 5 * kLongestWord) hyphens += u"كلمه-";

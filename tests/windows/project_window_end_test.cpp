@@ -69,7 +69,7 @@ TEST_F(ProjectWindowEnd, ClosingTheWorkbenchAloneLeavesTheProcessRunning) {
                     HasSubstr("Zorvand ended.\r\nEND OF LOG")));
 }
 
-TEST_F(ProjectWindowEnd, NothingIsLoggedBehindTheEnd) {
+TEST_F(ProjectWindowEnd, NothingIsLoggedAfterTheEnd) {
   EXPECT_EXIT(RunProgram<ProjectDesk>([](ProjectDesk& desk) {
                 desk.PressNext();
                 Robot::CloseWindow("Form1");

@@ -227,7 +227,7 @@ TEST_F(RecoveryWindow, WorkBesideItTakesTheButtonAndLosesNothing) {
   EXPECT_TRUE(CanBring()) << "the table is empty again";
 }
 
-TEST_F(RecoveryWindow, OffersTheNewestFirstAndTheOthersBehindIt) {
+TEST_F(RecoveryWindow, OffersTheNewestFirstAndTheOthersAfterIt) {
   FileFive();
   OpenAnew();
   Robot::Click("Recovery", "recoverLater");
@@ -298,7 +298,7 @@ TEST_F(RecoveryWindow, AStateFolderThatCantBeUsedIsToldOnceInTheLog) {
   EXPECT_FALSE(IsShown());
 }
 
-// The bytes are written behind each event, and synced with nobody asking for it.
+// The bytes are written after each event, and synced with nobody asking for it.
 TEST_F(RecoveryWindow, WhatIsWrittenIsSyncedSoon) {
   FileFive();
   EXPECT_EQ(desk.records.Names().back(), "Append");

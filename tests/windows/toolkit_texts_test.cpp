@@ -34,7 +34,7 @@ using testing::IsEmpty;
 using testing_support::Robot;
 using testing_support::SmallWindow;
 
-// Names of keys stand behind a tab and stay as they are on the keys.
+// Names of keys stand after a tab and stay as they are on the keys.
 bool HasLatin(const QString& text) {
   const QString words = text.section(u'\t', 0, 0);
   return std::ranges::any_of(words, [](QChar letter) {

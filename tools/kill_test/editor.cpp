@@ -178,7 +178,7 @@ std::string Editor::Described() {
                           !table.entryAttach(row).empty()});
   }
   const auto nameOf = [](const Text& path) {
-    return platform::ToUtf8(platform::Behind(path, u"\\"));
+    return platform::ToUtf8(platform::After(path, u"\\"));
   };
   for (int row = 0; row < 400; ++row) {
     if (table.entryGallery(row)) shown.isGallery[row] = true;

@@ -19,7 +19,7 @@ class Editor {
   // Whether something is offered; presses the button that brings it back.
   bool BringBack();
   void Do(const Operation& operation);
-  // What stands there, as the model describes it; with what the model doesn't know behind it.
+  // What stands there, as the model describes it; with what the model doesn't know after it.
   std::string Described();
   std::string ListAndCaption();
   // F12; false where the collection wasn't built.

@@ -60,7 +60,7 @@ void BuildBook(Editor& editor) {
   if (!editor.Build()) Differ("the build", "a book", "none");
 }
 
-// One process of the chain: number `index` does that operation, the one behind them all builds.
+// One process of the chain: number `index` does that operation, the one after them all builds.
 // Whoever started it kills it once it has said so.
 [[noreturn]] void DoOne(const Plan& plan, int index) {
   Model model(plan.seed, Editor::InputText());

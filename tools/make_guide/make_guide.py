@@ -24,7 +24,7 @@ TWIPS_PER_PIXEL = 15  # as the tool's windows measure
 WIDEST_PICTURE = 9600
 
 FONT = "Tahoma"
-INDENT = 400  # of a step's text behind its number; the help window knows no indents
+INDENT = 400  # of a step's text after its number; the help window knows no indents
 
 # Sizes in half points.
 TITLE, HEADING, SUBHEADING, BODY, CAPTION, GAP = 44, 32, 26, 22, 19, 10
@@ -85,7 +85,7 @@ def read_blocks(source):
 # ---- RTF ----------------------------------------------------------------------------------------
 
 def escaped(text):
-    """Text as RTF. Each character stands as its number, with a byte of Windows-1256 behind it for
+    """Text as RTF. Each character stands as its number, with a byte of Windows-1256 after it for
     readers that know no numbers."""
     pieces = []
     for character in text:

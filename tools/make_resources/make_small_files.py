@@ -53,7 +53,7 @@ def png(width, height, pixel):
 
 
 def image_mark():
-    """A fragment whose only content is one picture: no paragraph end, no blank beside it, no line end behind it."""
+    """A fragment whose only content is one picture: no paragraph end, no blank beside it, no line end after it."""
     width, height = ICON_WIDTH * TWIPS_PER_PIXEL, ICON_HEIGHT * TWIPS_PER_PIXEL
     digits = png(ICON_WIDTH, ICON_HEIGHT, icon_pixel).hex()
     # The natural size of a picture is given in hundredths of a millimetre, 2540 to the inch of 1440 twips.

@@ -47,15 +47,15 @@ class Source:
                 yield from range(index, closing(self.tokens, index + 1) + 1)
 
     def _initialisers(self):
-        """What stands behind the `=` of a constant or a member, outside of all statements."""
-        behind = False
+        """What stands after the `=` of a constant or a member, outside of all statements."""
+        after = False
         for index, token in enumerate(self.tokens):
             if token.scope not in (OUTSIDE, TYPE) or token.text in (";", "{", "}"):
-                behind = False
+                after = False
             elif token.text == "=" and token.depth == 0:
                 # `= 0` of a function isn't a value.
-                behind = self.tokens[index - 1].text not in (")", "const", "noexcept", "override")
-            elif behind:
+                after = self.tokens[index - 1].text not in (")", "const", "noexcept", "override")
+            elif after:
                 yield index
 
     def values(self):
@@ -241,17 +241,17 @@ def end_of_statement(found, first):
 
 
 def is_declaration(source, first, last):
-    """Two names in a row, or one behind the mark of a type, before anything is called or set."""
+    """Two names in a row, or one after the mark of a type, before anything is called or set."""
     found = source.tokens
     index = first
     while index < last:
-        token, behind = found[index], found[index + 1]
+        token, after = found[index], found[index + 1]
         if token.text in ("=", "(") or token.text in ARITHMETIC and has_blanks_around(source.text, token):
             return False
         ends_type = token.kind == "name" or token.text in ("&", "*", "&&", ">", "...")
-        if index > first and ends_type and behind.kind == "name":
+        if index > first and ends_type and after.kind == "name":
             return True
-        if token.kind == "name" and behind.kind == "name":
+        if token.kind == "name" and after.kind == "name":
             return True
         index = closing(found, index) + 1 if token.text in ("[", "{") else index + 1
     return False

@@ -58,7 +58,7 @@ def gives_a_type(words):
 
 
 def opened_scope(words, scope):
-    """What a `{` opens in `scope`, behind the words since the last statement."""
+    """What a `{` opens in `scope`, after the words since the last statement."""
     if "namespace" in words or words[:1] == ["extern"]:
         return OUTSIDE
     if CLASS_WORDS & set(words) and "(" not in words:
@@ -81,7 +81,7 @@ def tokens(source):
             open_scopes[-1][1] -= 1
         if sign == "}":
             closed = open_scopes.pop()[0] if len(open_scopes) > 1 else OUTSIDE
-            # `: a_{1} {` and `T{1}.F()` go on behind a list of values.
+            # `: a_{1} {` and `T{1}.F()` go on after a list of values.
             words = [*words, ")"] if closed == VALUES else []
         found.append(Token(kind, text, start, start + len(text), *open_scopes[-1]))
         if sign in ("(", "["):

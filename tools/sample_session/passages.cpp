@@ -12,7 +12,7 @@ bool EndsLikeProse(const QString& line) {
   return kMarks.contains(line.back());
 }
 
-// A short line of its own, with an empty one before and behind it.
+// A short line of its own, with an empty one before and after it.
 bool IsHeading(const QStringList& lines, qsizetype at) {
   const QString line = lines[at].trimmed();
   const bool alone = at > 0 && lines[at - 1].trimmed().isEmpty() && at + 1 < lines.size() &&

@@ -17,7 +17,7 @@ struct Reading {
   std::vector<Passage> passages;  // the identity passage is the one headed by the identity word
 };
 
-// `text` with one "\n" behind each paragraph, as it stands in the box.
+// `text` with one "\n" after each paragraph, as it stands in the box.
 Reading ReadText(const QString& text);
 
 }  // namespace sample

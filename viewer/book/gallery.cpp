@@ -11,7 +11,7 @@ namespace {
 constexpr QStringView kOpen = u"<img dtl=\"";
 constexpr QStringView kClose = u"</img>";
 
-// From behind the open piece on. A title may hold quotes and brackets; a path can't.
+// From after the open piece on. A title may hold quotes and brackets; a path can't.
 std::optional<Picture> PictureIn(QStringView piece) {
   const qsizetype close = piece.lastIndexOf(kClose);
   const QStringView body = (close < 0 ? piece : piece.first(close)).trimmed();
@@ -60,7 +60,7 @@ class Reader {
   }
 
   QStringView text_;
-  qsizetype start_ = -1;  // behind the open piece of the picture in hand
+  qsizetype start_ = -1;  // after the open piece of the picture in hand
   std::vector<Picture> pictures_;
 };
 

@@ -26,7 +26,7 @@ class IndexReader {
     Collection collection;
     qsizetype start = 0;
     qsizetype nameLength = 0;  // of "aTitle1", as it stands there
-    qsizetype end = 0;         // just behind it
+    qsizetype end = 0;         // just after it
   };
   void TakeLines();
   void TakeLine(qsizetype end);

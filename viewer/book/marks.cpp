@@ -13,7 +13,7 @@ std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords) {
   std::vector<Mark> marks;
   std::vector<qsizetype> origins;
   const QString folded = Folded(text, origins);
-  qsizetype behind = 0;  // of the last mark, in the text
+  qsizetype after = 0;  // of the last mark, in the text
   for (qsizetype at = 0; at < folded.size() && marks.size() < kMostMarks;) {
     qsizetype nearest = -1;
     qsizetype length = 0;
@@ -27,9 +27,9 @@ std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords) {
     const qsizetype start = origins[static_cast<std::size_t>(nearest)];
     const qsizetype last = origins[static_cast<std::size_t>(nearest + length - 1)];
     at = nearest + length;
-    if (start < behind) continue;  // it starts within a ligature that is marked already
+    if (start < after) continue;  // it starts within a ligature that is marked already
     marks.push_back({start, last + 1 - start});
-    behind = last + 1;
+    after = last + 1;
   }
   return marks;
 }

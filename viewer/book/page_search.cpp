@@ -13,7 +13,7 @@ namespace viewer {
 namespace {
 
 constexpr qsizetype kBefore = 40;  // characters of a snippet before the word
-constexpr qsizetype kBehind = 80;
+constexpr qsizetype kAfter = 80;
 
 std::u16string_view ViewOf(const QString& text) {
   return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
@@ -29,10 +29,10 @@ qsizetype BlankBefore(const QString& text, qsizetype at) {
   return blank < 0 || blank > at + kBefore / 2 ? at : blank + 1;
 }
 
-qsizetype BlankBehind(const QString& text, qsizetype at) {
+qsizetype BlankAfter(const QString& text, qsizetype at) {
   if (at >= text.size()) return text.size();
   const qsizetype blank = text.lastIndexOf(u' ', at);
-  return blank < at - kBehind / 2 ? at : blank;
+  return blank < at - kAfter / 2 ? at : blank;
 }
 
 void SetSnippet(Match& match, const QString& text, const QString& word) {
@@ -41,7 +41,7 @@ void SetSnippet(Match& match, const QString& text, const QString& word) {
   const qsizetype start = OriginOf(text, at);
   const qsizetype end = OriginOf(text, at + word.size() - 1) + 1;
   const qsizetype from = std::min(BlankBefore(text, start - kBefore), start);
-  const qsizetype to = std::max(BlankBehind(text, end + kBehind), end);
+  const qsizetype to = std::max(BlankAfter(text, end + kAfter), end);
   match.snippet = text.sliced(from, to - from);
   match.matchStart = start - from;
   match.matchLength = end - start;

@@ -16,7 +16,7 @@ struct Line {
 // end.
 Line LineAt(QStringView text, qsizetype start);
 
-// What stands between the first `open` and the first `close` behind it; a null view if either is
+// What stands between the first `open` and the first `close` after it; a null view if either is
 // missing.
 QStringView Between(QStringView text, QStringView open, QStringView close);
 
