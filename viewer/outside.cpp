@@ -1,12 +1,14 @@
 #include "viewer/outside.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
-#include <QProcess>
 #include <QUrl>
+#include <string>
 
+#include "launch/launcher.h"
 #include "viewer/film_window.h"
 #include "viewer/media_player.h"
 #include "viewer/surroundings.h"
@@ -14,10 +16,35 @@
 namespace viewer {
 namespace {
 
-bool OpenFile(const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); }
+// The toolkit tells the desktop that the reader has asked for it, so that it comes to the front.
+bool OpenOnTheDesktop(const std::string& file, const std::string& /*folder*/) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
+}
+
+launch::Launcher& TheLauncher() {
+  static launch::Launcher launcher(OpenOnTheDesktop);
+  return launcher;
+}
+
+struct FileInItsFolder {
+  std::string file;
+  std::string folder;
+};
+
+FileInItsFolder HostsOwn(const QString& path) {
+  const QFileInfo file(path);
+  return {QFile::encodeName(file.absoluteFilePath()).toStdString(),
+          QFile::encodeName(file.absolutePath()).toStdString()};
+}
+
+bool OpenFile(const QString& path) {
+  const auto [file, folder] = HostsOwn(path);
+  return TheLauncher().HandOver(file, folder);
+}
 
 bool StartProgram(const QString& path) {
-  return QProcess::startDetached(path, {}, QFileInfo(path).absolutePath());
+  const auto [file, folder] = HostsOwn(path);
+  return TheLauncher().Start(file, folder);
 }
 
 void ShowFilm(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent,

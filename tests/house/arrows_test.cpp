@@ -24,9 +24,11 @@ TEST(Arrows, EverySourceOfTheTreeLiesInARoom) {
 // Every pair of rooms: an arrow is allowed one way at most.
 TEST(Arrows, TheTableItselfHasNoCircle) {
   const std::vector<std::string> paths = {
-      "media/a.h", "platform/a.h",  "platform/qt/a.h", "support/a.h", "support/help_window.h",
-      "core/a.h",  "workbench/a.h", "gallery/a.h",     "editor/a.h",  "export/a.h",
-      "main.cpp",  "viewer/a.h",    "filed/a.h",       "recovery/a.h"};
+      "media/a.h",       "launch/a.h",    "platform/a.h",
+      "platform/qt/a.h", "support/a.h",   "support/help_window.h",
+      "core/a.h",        "workbench/a.h", "gallery/a.h",
+      "editor/a.h",      "export/a.h",    "main.cpp",
+      "viewer/a.h",      "filed/a.h",     "recovery/a.h"};
   for (const std::string& one : paths) {
     for (const std::string& other : paths) {
       if (one == other) continue;
@@ -51,6 +53,11 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
                            {"export/a.h", "#include \"tests/a.h\"\n"},
                            {"viewer/a.cpp", "#include \"platform/a.h\"\n"},
                            {"main.cpp", "#include \"tools/a.h\"\n"},
+                           {"launch/a.cpp", "#include \"media/a.h\"\n#include <unistd.h>\n"},
+                           {"core/c.cpp", "#include \"launch/a.h\"\n"},
+                           {"viewer/b.cpp", "#include \"launch/a.h\"\n"},
+                           {"platform/c.cpp", "#include \"launch/a.h\"\n"},
+                           {"launch/a.h", ""},
                            {"media/a.cpp", "#include \"platform/a.h\"\n"},
                            {"media/b.cpp", "#include <unistd.h>\n"},
                            {"workbench/b.h", "#include \"media/a.h\"\n"},
@@ -60,9 +67,11 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
   EXPECT_EQ(Listing(ArrowOffences(tree.Read())),
             "core/a.h:3: core may not include workbench: workbench/a.h\n"
             "core/b.h:1: core may not include support/help_window: ../support/help_window.h\n"
+            "core/c.cpp:1: core may not include launch: launch/a.h\n"
             "editor/a.h:1: editor may not include export: export/a.h\n"
             "export/a.h:1: export may not include tests: tests/a.h\n"
             "gallery/a.h:1: gallery may not include workbench: workbench/a.h\n"
+            "launch/a.cpp:1: launch may not include media: media/a.h\n"
             "main.cpp:1: main.cpp may not include tools: tools/a.h\n"
             "media/a.cpp:1: media may not include platform: platform/a.h\n"
             "media/b.cpp:1: neither the tree's nor the standard library's: unistd.h\n"

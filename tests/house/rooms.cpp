@@ -8,7 +8,8 @@ namespace {
 
 using Names = std::string_view;
 
-constexpr std::array<Names, 1> kViewer = {"media"};
+constexpr std::array<Names, 2> kViewer = {"media", "launch"};
+constexpr std::array<Names, 1> kBelowPlatform = {"launch"};
 constexpr std::array<Names, 1> kPlatform = {"platform"};
 constexpr std::array<Names, 2> kToolkit = {"platform", "media"};
 constexpr std::array<Names, 2> kSupport = {"platform", "support"};
@@ -23,16 +24,17 @@ constexpr std::array<Names, 11> kAllRooms = {
     "platform", "platform/qt", "support", "core",  "support/help_window", "gallery", "filed",
     "recovery", "workbench",   "editor",  "export"};
 // The tests and tools see main.cpp's side of things and each other.
-constexpr std::array<Names, 18> kEverything = {
-    "media",    "platform", "platform/qt", "support",   "core",   "support/help_window",
-    "gallery",  "filed",    "recovery",    "workbench", "editor", "export",
-    "main.cpp", "viewer",   "tests",       "bench",     "fuzz",   "tools"};
+constexpr std::array<Names, 19> kEverything = {
+    "media",   "launch", "platform", "platform/qt", "support", "core",   "support/help_window",
+    "gallery", "filed",  "recovery", "workbench",   "editor",  "export", "main.cpp",
+    "viewer",  "tests",  "bench",    "fuzz",        "tools"};
 
 // The first row that fits a path counts.
-constexpr std::array<Room, 18> kRooms = {{
+constexpr std::array<Room, 19> kRooms = {{
     {"media", "media/", {}},
+    {"launch", "launch/", {}, false, true},
     {"platform/qt", "platform/qt/", kToolkit, true, true},
-    {"platform", "platform/", {}, false, true},
+    {"platform", "platform/", kBelowPlatform, false, true},
     {"support/help_window", "support/help_window", kCore},
     {"support", "support/", kPlatform},
     {"core", "core/", kSupport},

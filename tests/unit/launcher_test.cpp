@@ -1,55 +1,37 @@
 // Programs that are started for real, from the folder named and without waiting for them.
 #include "platform/launcher.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "launch/launcher.h"
+#include "tests/support/telling_program.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
+using testing_support::TellingProgram;
 using testing_support::TemporaryFolder;
 
 class LauncherTest : public testing::Test {
  protected:
-  // A program that tells its folder and its arguments through `told`, a pipe with a name.
   void MakeProgram(const std::string& name, const std::string& more = {}) {
-    ASSERT_EQ(mkfifo(Told().c_str(), 0600), 0);
-    const std::string path = folder_.HostPath(name);
-    std::ofstream(path) << "#!/bin/sh\n" << more << "echo \"$PWD,$#,$*\" > '" << Told() << "'\n";
-    fs::permissions(path, fs::perms::owner_all);
+    ASSERT_TRUE(program_.MakeAt(folder_.HostPath(name), more));
   }
-  std::string Told() const { return folder_.HostPath("told"); }
-  // Waits for the program.
-  std::string ReadTold() const {
-    std::ifstream pipe(Told());
-    std::string line;
-    std::getline(pipe, line);
-    return line;
-  }
-
-  // Each program has ended once it has told, be it that nobody has asked it to.
-  void TearDown() override {
-    const int listening = open(Told().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    while (waitpid(-1, nullptr, 0) > 0) {
-    }
-    if (listening >= 0) close(listening);
-  }
-  static bool HasChildren() { return waitpid(-1, nullptr, WNOHANG) != -1 || errno != ECHILD; }
+  std::string ReadTold() const { return program_.Told(); }
+  static bool HasChildren() { return TellingProgram::HasChildren(); }
 
   TemporaryFolder folder_;
+  TellingProgram program_{folder_.HostPath("told")};
 };
 
 TEST_F(LauncherTest, AProgramRunsInTheFolderNamed) {
@@ -85,10 +67,7 @@ class HandlerTest : public LauncherTest {
     MakeProgram("xdg-open");
     setenv("PATH", (folder_.HostPath() + ":" + before_).c_str(), 1);
   }
-  void TearDown() override {
-    setenv("PATH", before_.c_str(), 1);
-    LauncherTest::TearDown();
-  }
+  void TearDown() override { setenv("PATH", before_.c_str(), 1); }
 
  private:
   const std::string before_ = std::getenv("PATH");
@@ -102,7 +81,8 @@ TEST_F(HandlerTest, GetsAnythingElseWithItsPath) {
 
 // On many a stick and disc every file may be executed.
 TEST_F(HandlerTest, GetsAFileThatMayBeExecutedAndIsNoProgram) {
-  std::ofstream(folder_.HostPath("main.exe")) << "echo run by a shell > '" << Told() << "'\n";
+  std::ofstream(folder_.HostPath("main.exe"))
+      << "echo run by a shell > '" << program_.Pipe() << "'\n";
   fs::permissions(folder_.HostPath("main.exe"), fs::perms::owner_all);
   platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path());
   EXPECT_EQ(ReadTold(), folder_.HostPath() + ",1," + folder_.HostPath("main.exe"));
@@ -132,6 +112,34 @@ TEST_F(LauncherTest, AProgramThatHasEndedIsLetGoWithTheNext) {
   siginfo_t ended = {};
   ASSERT_EQ(waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT), 0);
   platform::HostLauncher().Open(folder_.Path(u"main.exe"), folder_.Path(u"missing"));
+  EXPECT_FALSE(HasChildren());
+}
+
+// A player of books asks first whether a file is to be run at all.
+TEST_F(LauncherTest, WhatIsStartedAsAProgramIsHandedToNobody) {
+  int handed = 0;
+  launch::Launcher launcher([&](const std::string&, const std::string&) { return ++handed > 0; });
+  std::ofstream(folder_.HostPath("page.txt")) << "a page";
+  fs::permissions(folder_.HostPath("page.txt"), fs::perms::owner_all);
+  EXPECT_FALSE(launcher.Start(folder_.HostPath("page.txt"), folder_.HostPath()));
+  EXPECT_FALSE(launcher.Start(folder_.HostPath("missing"), folder_.HostPath()));
+  EXPECT_FALSE(HasChildren());
+  EXPECT_EQ(handed, 0);
+}
+
+TEST_F(LauncherTest, AHandlerOfItsOwnSaysWhetherThereIsSomebody) {
+  MakeProgram("main.exe");
+  std::string asked;
+  bool isThere = false;
+  launch::Launcher launcher([&](const std::string& file, const std::string& folder) {
+    asked += file.substr(folder.size()) + ";";
+    return isThere;
+  });
+  EXPECT_FALSE(launcher.HandOver(folder_.HostPath("main.exe"), folder_.HostPath()));
+  EXPECT_FALSE(launcher.Open(folder_.HostPath("book.pdf"), folder_.HostPath()));
+  isThere = true;
+  EXPECT_TRUE(launcher.Open(folder_.HostPath("book.pdf"), folder_.HostPath()));
+  EXPECT_EQ(asked, "/main.exe;/book.pdf;/book.pdf;");
   EXPECT_FALSE(HasChildren());
 }
 
