@@ -31,12 +31,13 @@ class Surroundings {
     ::posix_spawn_file_actions_destroy(&actions_);
   }
 
-  // 0, or the error number. The arguments end with a null; the first is the program, looked for in
-  // PATH if it has no slash.
-  [[nodiscard]] int Start(const std::vector<const char*>& arguments, pid_t& process) const {
-    // The list isn't changed by the call, whatever its type says.
-    const auto list = const_cast<char* const*>(arguments.data());
-    return ::posix_spawnp(&process, arguments.front(), &actions_, &attributes_, list, environ);
+  // 0, or the error number. The first of the arguments is the program, looked for in PATH if it has
+  // no slash.
+  [[nodiscard]] int Start(std::vector<std::string> arguments, pid_t& process) const {
+    std::vector<char*> list;
+    for (std::string& argument : arguments) list.push_back(argument.data());
+    list.push_back(nullptr);
+    return ::posix_spawnp(&process, list.front(), &actions_, &attributes_, list.data(), environ);
   }
 
  private:
@@ -57,23 +58,23 @@ bool IsProgram(const std::string& file) {
 }
 
 bool Launcher::Start(const std::string& file, const std::string& folder) {
-  return Run({file.c_str(), nullptr}, folder) == 0;
+  return Run({file}, folder) == 0;
 }
 
 bool Launcher::HandOver(const std::string& file, const std::string& folder) {
   if (handler_) return handler_(file, folder);
-  return Run({"xdg-open", file.c_str(), nullptr}, folder) == 0;
+  return Run({"xdg-open", file}, folder) == 0;
 }
 
 bool Launcher::Open(const std::string& file, const std::string& folder) {
-  const int error = IsProgram(file) ? Run({file.c_str(), nullptr}, folder) : ENOEXEC;
+  const int error = IsProgram(file) ? Run({file}, folder) : ENOEXEC;
   return error == ENOEXEC ? HandOver(file, folder) : error == 0;
 }
 
-int Launcher::Run(const std::vector<const char*>& arguments, const std::string& folder) {
+int Launcher::Run(std::vector<std::string> arguments, const std::string& folder) {
   BuryTheDead();
   pid_t process = 0;
-  const int error = Surroundings(folder.c_str()).Start(arguments, process);
+  const int error = Surroundings(folder.c_str()).Start(std::move(arguments), process);
   if (error == 0) started_.push_back(process);
   return error;
 }

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace launch {
@@ -33,7 +34,7 @@ class Launcher {
 
  private:
   // The host's error number, 0 where it runs.
-  [[nodiscard]] int Run(const std::vector<const char*>& arguments, const std::string& folder);
+  [[nodiscard]] int Run(std::vector<std::string> arguments, const std::string& folder);
   void BuryTheDead();
 
   Handler handler_;
