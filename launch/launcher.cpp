@@ -35,6 +35,7 @@ class Surroundings {
   // no slash.
   [[nodiscard]] int Start(std::vector<std::string> arguments, pid_t& process) const {
     std::vector<char*> list;
+    list.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) list.push_back(argument.data());
     list.push_back(nullptr);
     return ::posix_spawnp(&process, list.front(), &actions_, &attributes_, list.data(), environ);

@@ -3,7 +3,7 @@
 # are filed and built, and each window is opened 200 times. Prints time and memory for each step and a
 # verdict; the exit status is 0 if nothing grows. Takes some twenty minutes on a quiet machine.
 #
-#     tools/soak.sh                                  # as told
+#     tools/soak.sh                                  # as above
 #     tools/soak.sh COLLECTIONS ENTRIES OPENINGS     # 6 100 50 is a quick look
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/setup.sh"

@@ -1,6 +1,6 @@
-// Text as the whole tool holds it: UTF-16 code units. Positions count from 1, as the callers' rules
-// do; 0 means "not found". Every operation is linear in its text (what is sought counts as short)
-// and none depends on the locale.
+// Text as the whole tool holds it: UTF-16 code units. Positions count from 1; 0 means
+// "not found". Every operation is linear in its text (what is sought counts as short) and none
+// depends on the locale.
 #pragma once
 
 #include <cstdint>

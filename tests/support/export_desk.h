@@ -9,7 +9,7 @@
 
 namespace testing_support {
 
-// What an export script looks like as it is meant: CR LF, and one empty line after each section.
+// What an export script in good order holds: CR LF, and one empty line after each section.
 struct ScriptSections {
   std::vector<std::string> makeFolder;
   std::vector<std::string> copyFolder;

@@ -15,7 +15,7 @@ using platform::Replace;
 using platform::Text;
 using platform::TextView;
 
-// The ten replacements one after the other, as they are described.
+// The ten replacements one after the other, a pass each.
 Text TenReplacements(Text text) {
   text = Replace(text, u"&nbsp;", u" ");
   text = Replace(text, u"<ircMAIN>", u" ");

@@ -1,5 +1,5 @@
-// The rebuilding of paragraphs against its steps as they are described, on random texts made of
-// what the steps look at.
+// The rebuilding of paragraphs against its steps taken one by one, on random texts made of what the
+// steps look at.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -1,5 +1,5 @@
-// The six windows, control by control, against a table of the design that was written down on its
-// own: data/catalogue.txt beside this file.
+// The six windows, control by control, against a table that names each of them once more:
+// data/catalogue.txt beside this file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
