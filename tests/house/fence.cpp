@@ -1,7 +1,6 @@
 #include "tests/house/fence.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <string>
 

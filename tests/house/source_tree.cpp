@@ -9,6 +9,8 @@
 #include <sstream>
 #include <utility>
 
+#include "tests/house/functions.h"
+
 namespace house {
 namespace {
 
@@ -143,7 +145,8 @@ void ReadWords(int line, std::string_view code, std::vector<Word>& words) {
 SourceFile ReadSource(const std::string& text) {
   SourceFile source;
   std::istringstream written(text);
-  std::istringstream bare(BareCode(text));
+  const std::string code = BareCode(text);
+  std::istringstream bare(code);
   std::string writtenLine;
   std::string bareLine;
   for (int line = 1; std::getline(written, writtenLine) && std::getline(bare, bareLine); ++line) {
@@ -154,7 +157,9 @@ SourceFile ReadSource(const std::string& text) {
     } else {
       ReadWords(line, bareLine, source.words);
     }
+    source.lines = line;
   }
+  source.functions = FunctionsOf(code);
   return source;
 }
 

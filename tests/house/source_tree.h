@@ -21,7 +21,15 @@ struct Word {
   std::string text;
 };
 
+// A function that is written out outside of any other; those inside it count with it.
+struct Function {
+  int firstLine = 0;
+  int lastLine = 0;
+};
+
 struct SourceFile {
+  int lines = 0;
+  std::vector<Function> functions;
   std::vector<Include> includes;
   std::vector<Word> words;  // identifiers and keywords, outside comments, literals and includes
 };

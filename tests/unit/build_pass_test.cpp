@@ -3,20 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
+#include <filesystem>
 #include <string>
-#include <vector>
 
-#include "core/book_places.h"
 #include "platform/failure.h"
-#include "platform/files/paths.h"
-#include "platform/text/encoding.h"
-#include "tests/support/faulty_file_system.h"
-#include "tests/support/fixed_clock.h"
 #include "tests/support/known_texts.h"
-#include "tests/support/temporary_folder.h"
-#include "workbench/inline_images.h"
+#include "tests/unit/build_pass_desk.h"
 #include "workbench/stems.h"
 
 namespace workbench {
@@ -29,177 +21,6 @@ using platform::TextView;
 using testing::ElementsAre;
 using testing_support::FaultyFileSystem;
 using testing_support::FixedClock;
-using testing_support::TemporaryFolder;
-
-// The window, as far as the pass can see it. Rich text is plain text here.
-class Desk : public BuildDesk {
- public:
-  Desk(Text root, const EntryTable& entries, platform::FileSystem& files)
-      : projectFolder(std::move(root)), table_(entries), files_(files) {}
-
-  void LogMe(TextView text) override { Note("log " + platform::ToUtf8(text)); }
-  void bepayam(std::int16_t number) override { Note("message " + std::to_string(number)); }
-  void ShowNotice(TextView prompt) override { Note("notice " + platform::ToUtf8(prompt)); }
-  bool AskYesNo(TextView prompt) override {
-    question = prompt;
-    return answer;
-  }
-
-  Text ProjectFolder() override { return projectFolder; }
-  Text CollectionTitle() override { return title; }
-  void SetCollectionTitle(TextView text) override { title = text; }
-  Text BookLabelCaption() override { return u"عنوان مجموعه اول در رديف اول:"; }
-
-  Text ToTXT(const Text& richText) override { return richText; }
-  Text ToIMG(Text body) override {
-    Caught(68, [&] {
-      const bool images =
-          workbench::PutImageTags(body, table_.inlineImage, [&](const Text& source, TextView name) {
-            CopyIfMissing(files_, source,
-                          core::InlineImage(platform::DoSlash(projectFolder), name));
-          });
-      body += AddEntr(images ? kTailWithImages : kTailWithoutImages, u"pgMain");
-    });
-    return body;
-  }
-  Text sndBin(TextView path) override {
-    Text result;
-    Caught(85, [&] { result = workbench::sndBin(path); });
-    return result;
-  }
-  Text PasBin(TextView path, TextView stem) override {
-    Text result;
-    Caught(84, [&] { result = workbench::PasBin(path, stem); });
-    return result;
-  }
-
-  void MakeCombo() override { Note("MakeCombo"); }
-  void NameNevis() override { Note("NameNevis"); }
-  void HideWorkbench() override { Note("hide"); }
-  void FocusSelector() override { Note("focus"); }
-  void ResetA() override { Note("ResetA"); }
-
-  Text projectFolder;
-  Text title = u"Title";
-  bool answer = true;
-  Text question;
-  std::vector<std::string> events;
-
- private:
-  void Note(std::string event) { events.push_back(std::move(event)); }
-  void Caught(int number, const std::function<void()>& body) {
-    platform::CatchingFailure(body,
-                              [&](const Text&) { Note("failure " + std::to_string(number)); });
-  }
-
-  const EntryTable& table_;
-  platform::FileSystem& files_;
-};
-
-bool IsOfStem(char16_t c) { return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Y'); }
-
-class BuildPassTest : public testing::Test {
- protected:
-  BuildPassTest()
-      : faulty_(platform::HostFileSystem()), files_(faulty_), desk_(Root(), table_, faulty_) {
-    for (const TextView folder : {u"TXT", u"_xml", u"IMG", u"source"}) folder_.MakeFolder(folder);
-  }
-
-  Text Root() const { return folder_.Path(); }
-  Text Source(TextView name, std::string_view bytes) {
-    folder_.Write(Text(u"source\\").append(name), bytes);
-    return folder_.Path(Text(u"source\\").append(name));
-  }
-  void AddEntry(TextView title, TextView text) {
-    table_.entryTitle.Set(rows_, Text(title));
-    table_.entryText.Set(rows_, Text(text));
-    ++rows_;
-  }
-
-  void Build() {
-    const BuildOrder order{.work = work_,
-                           .words = words_,
-                           .rowLetter = letter_,
-                           .rowDigit = digit_,
-                           .mainMark = mainMark_,
-                           .mainEndMark = mainEndMark_,
-                           .identityWord = identityWord_};
-    BuildPass(desk_, order, files_, clock_, random_).Run();
-  }
-
-  // A file of the book without its mark; each random name as "S" and a number, in the order in
-  // which the test sees them.
-  std::string Book(TextView name) {
-    const std::string bytes = folder_.Read(name);
-    EXPECT_TRUE(bytes.starts_with(platform::kUtf16Mark));
-    return platform::ToUtf8(Renamed(
-        platform::DecodeUtf16(std::string_view(bytes).substr(platform::kUtf16Mark.size()))));
-  }
-  // The real name behind "S1".
-  Text Stem(TextView shown) const {
-    for (const auto& [stem, name] : stems_) {
-      if (name == shown) return stem;
-    }
-    return {};
-  }
-  std::string Page(TextView shown) { return Book(u"TXT\\" + Stem(shown) + u".htm"); }
-  std::string Index() { return Book(u"_xml\\Index.xml"); }
-  std::string Collection() { return Book(u"_xml\\aTitle1.xml"); }
-  std::vector<Text> Names(TextView folder) {
-    std::vector<Text> names = platform::HostFileSystem().FileNames(folder_.Path(folder));
-    for (Text& name : names) name = Renamed(name);
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
-  Text Renamed(const Text& text) {
-    Text renamed;
-    for (std::size_t at = 0; at < text.size();) {
-      std::size_t end = at;
-      while (end < text.size() && IsOfStem(text[end])) ++end;
-      if (end - at == 14) {
-        const Text next = u"S" + platform::FromNumber(static_cast<int>(stems_.size()) + 1);
-        renamed += stems_.emplace(text.substr(at, 14), next).first->second;
-        at = end;
-      } else {
-        end = std::max(end, at + 1);
-        renamed += text.substr(at, end - at);
-        at = end;
-      }
-    }
-    return renamed;
-  }
-
-  TemporaryFolder folder_;
-  FaultyFileSystem faulty_;
-  platform::FileSystemObject files_;
-  FiledWork work_;
-  EntryTable& table_ = work_.table;
-  Desk desk_;
-  FixedClock clock_;
-  Random random_;
-  Vocabulary words_{
-      u"TXT", u"_xml", u"Index.xml", u"pgTitle", u"pgMain", u"pgMain", u"<aTitle0>credit</aTitle0>",
-      u"htm"};
-  Text letter_ = u"a";
-  Text digit_ = u"1";
-  Text mainMark_ = u">>> تيتر اصلي";
-  Text mainEndMark_ = u">>> پايان تيتر";
-  Text identityWord_ = u"شناسنامه";
-  std::ptrdiff_t rows_ = 0;
-  std::map<Text, Text> stems_;
-};
-
-const std::string kTreeHead = "<?xml version=\"1.0\"?>\r\n<Tree>\r\n";
-const std::string kGalleryHead = "<?xml version=\"1.0\"?>\r\n<gallery>\r\n";
-const std::string kIndexHead = "<strings>\r\n\t<aTitle0>credit</aTitle0>\r\n";
-const std::string kBlank = "<pgMain>&nbsp;</pgMain>\r\n";
-
-std::string Times(int count, const std::string& text) {
-  std::string result;
-  for (int i = 0; i < count; ++i) result += text;
-  return result;
-}
 
 TEST_F(BuildPassTest, EmptyTableMakesHeadAndEndLines) {
   Build();
@@ -366,79 +187,6 @@ TEST_F(BuildPassTest, EmptyTitleIsMadeFromTheBookLabel) {
   EXPECT_EQ(Index(), kIndexHead + "\t<aTitle1 vol=\"txt\">مجموعه اول در رديف اول</aTitle1>\r\n");
 }
 
-TEST_F(BuildPassTest, CollectionTitleBecomesOneLine) {
-  desk_.title = u" A\r\nB   C ";
-  Build();
-  EXPECT_EQ(Index(), kIndexHead + "\t<aTitle1 vol=\"txt\">A B  C</aTitle1>\r\n");
-  EXPECT_EQ(desk_.title, u" A\r\nB   C ");
-}
-
-TEST_F(BuildPassTest, SecondCollectionAddsItsLine) {
-  Build();
-  digit_ = u"10";
-  work_.galleryMode = true;
-  Build();
-  EXPECT_EQ(Index(), kIndexHead +
-                         "\t<aTitle1 vol=\"txt\">Title</aTitle1>\r\n"
-                         "\t<aTitle10 vol=\"pic1\">Title</aTitle10>\r\n");
-  EXPECT_EQ(Book(u"_xml\\aTitle10.xml"), kGalleryHead + "</gallery>\r\n");
-}
-
-TEST_F(BuildPassTest, RebuildLeavesOneEmptyLineWhereTheOldLineStood) {
-  Build();
-  desk_.title = u"New";
-  AddEntry(u"T", u"text");
-  Build();
-  const Text& known = testing_support::KnownText("question");
-  EXPECT_EQ(desk_.question, platform::Replace(known, u"cTitle1.xml", u"aTitle1.xml"));
-  EXPECT_EQ(Index(), kIndexHead + "\r\n\t<aTitle1 vol=\"txt\">New</aTitle1>\r\n");
-  EXPECT_THAT(Collection(), testing::HasSubstr("label=\"T\""));
-}
-
-TEST_F(BuildPassTest, NoLeavesASecondLineAndEverythingElseAsItIs) {
-  Build();
-  desk_.events.clear();
-  desk_.answer = false;
-  AddEntry(u"T", u"text");
-  Build();
-  const std::string line = "\t<aTitle1 vol=\"txt\">Title</aTitle1>\r\n";
-  EXPECT_EQ(Index(), kIndexHead + line + line);
-  EXPECT_EQ(Collection(), kTreeHead + "</Tree>\r\n");
-  EXPECT_THAT(desk_.events, ElementsAre("log Making Title..."));
-}
-
-TEST_F(BuildPassTest, OneNoAndOneYesLeaveTwoLines) {
-  Build();
-  desk_.answer = false;
-  Build();
-  desk_.answer = true;
-  Build();
-  const std::string line = "\t<aTitle1 vol=\"txt\">Title</aTitle1>\r\n";
-  EXPECT_EQ(Index(), kIndexHead + "\r\n" + line + line);
-}
-
-TEST_F(BuildPassTest, YesWithoutAnOlderLineCutsTheNewOne) {
-  folder_.Write(u"_xml\\aTitle1.xml", "of another book");
-  Build();
-  EXPECT_EQ(Index(), kIndexHead + "\r\n");
-  EXPECT_EQ(Collection(), kTreeHead + "</Tree>\r\n");
-}
-
-TEST_F(BuildPassTest, NeitherFolderIsANotice) {
-  desk_.projectFolder = folder_.Path(u"nowhere");
-  Build();
-  EXPECT_THAT(desk_.events,
-              ElementsAre("log Making Title...",
-                          "notice " + platform::ToUtf8(testing_support::KnownText("notice", 1))));
-}
-
-TEST_F(BuildPassTest, OneOfTheFoldersIsEnoughToGoOn) {
-  folder_.MakeFolder(u"other\\_xml");
-  desk_.projectFolder = folder_.Path(u"other\\");
-  Build();
-  EXPECT_TRUE(folder_.Has(u"other\\_xml\\aTitle1.xml"));
-}
-
 TEST_F(BuildPassTest, PictureGallery) {
   work_.galleryMode = true;
   table_.galleryPic.Set(0, 0, Source(u"p.jpg", "p"));
@@ -515,53 +263,8 @@ TEST_F(BuildPassTest, NameThatIsTakenIsDrawnAnew) {
   EXPECT_EQ(Names(u"TXT").size(), 2U);
 }
 
-TEST_F(BuildPassTest, ProjectFolderIsReadAnewAtEachUse) {
-  class Moving : public Desk {
-   public:
-    using Desk::Desk;
-    Text moveTo;
-    Text CollectionTitle() override {
-      projectFolder = moveTo;
-      return u"Title";
-    }
-  };
-  folder_.MakeFolder(u"moved\\_xml");
-  folder_.Write(u"moved\\_xml\\Index.xml", platform::kUtf16Mark);
-  Moving desk(Root(), table_, faulty_);
-  desk.moveTo = folder_.Path(u"moved");
-  const BuildOrder order{work_, words_, letter_, digit_, mainMark_, mainEndMark_, identityWord_};
-  BuildPass(desk, order, files_, clock_, random_).Run();
-  EXPECT_TRUE(folder_.Has(u"moved\\_xml\\aTitle1.xml"));
-  EXPECT_FALSE(folder_.Has(u"_xml\\aTitle1.xml"));
-}
-
-// Emptied, too: then its paths start at the current folder.
-TEST_F(BuildPassTest, ProjectFolderThatIsEmptiedMeanwhileIsNoFailure) {
-  class Emptied : public Desk {
-   public:
-    using Desk::Desk;
-    Text emptyAt;
-    Text ToTXT(const Text& richText) override {
-      if (richText == emptyAt) projectFolder = u"";
-      return richText;
-    }
-  };
-  const std::filesystem::path before = std::filesystem::current_path();
-  std::filesystem::current_path(folder_.HostPath());
-  AddEntry(u"T", u"text");
-  AddEntry(u"U", u"the second");
-  Emptied desk(Root(), table_, faulty_);
-  desk.emptyAt = u"the second";
-  const BuildOrder order{work_, words_, letter_, digit_, mainMark_, mainEndMark_, identityWord_};
-  BuildPass(desk, order, files_, clock_, random_).Run();
-  std::filesystem::current_path(before);
-  EXPECT_THAT(desk.events, testing::Contains("message 4"));
-  EXPECT_THAT(faulty_.Names(), testing::Contains("Flush " + platform::ToUtf8(Root()) + "\\"));
-  EXPECT_THAT(faulty_.Names(), testing::Contains("Flush "));
-}
-
 // What a text entry asks of the disk, one line an operation, with the paths inside the book.
-TEST_F(BuildPassTest, FileOperationsAreThoseToldAndInThatOrder) {
+TEST_F(BuildPassTest, AsksTheDiskForTheseOperationsInThisOrder) {
   AddEntry(u"T", u"text");
   table_.entryAttach.Set(0, Source(u"a.pdf", "a"));
   table_.entryBack.Set(0, Source(u"b.jpg", "b"));

@@ -90,48 +90,51 @@ TEST_P(PlatformCatalogue, TabGoesThroughTheControlsInTheOrderOfTheRows) {
 }
 
 // By the label that an editor who sees reads for it; a button beside a field fills that field.
-TEST(PlatformCatalogueNames, FieldsBearTheirLabels) {
+std::map<std::string, std::map<const char*, std::string>> LabelsOfFields() {
   const std::string words =
       "حذف تمامي پاراگراف\u200Cها و ايجاد پاراگراف بر اساس           كلمه در هر سطر";
-  const std::map<std::string, std::map<const char*, std::string>> expected = {
-      {"Recovery", {}},
-      {"Form1",
-       {{"title", "رديف اول:\u200F"},
-        {"matn", "رديف دوم:\u200F"},
-        {"shenas", "رديف سوم:\u200F"},
-        {"Text1", "مسير متون ورودي:\u200F"},
-        {"Command9", "مسير متون ورودي:\u200F"},
-        {"idir", "مسير ساخت خروجي:\u200F"},
-        {"Command2", "مسير ساخت خروجي:\u200F"},
-        {"dataName", "انتخاب:\u200F"},
-        {"index", "تصوير مجموعه:\u200F"},
-        {"Command5", "تصوير مجموعه:\u200F"},
-        {"Mus1", "موزيك اول:\u200F"},
-        {"Command6", "موزيك اول:\u200F"},
-        {"Mus2", "موزيك دوم:\u200F"},
-        {"Command7", "موزيك دوم:\u200F"},
-        {"Back", "تصوير پيش\u200Cزمينه:\u200F"},
-        {"Command8", "تصوير پيش\u200Cزمينه:\u200F"},
-        {"ExBox", "مسير ايجاد نرم\u200Cافزار:\u200F"},
-        {"Command1", "مسير ايجاد نرم\u200Cافزار:\u200F"}}},
-      {"Form2", {{"Dir1", "Select folder"}}},
-      {"Form3",
-       {{"books", "متن\u200Cهاي ورودي:\u200F"},
-        {"bname", "عنوان مجموعه:"},
-        {"bindex", "عناوين فهرست:\u200F"},
-        {"matn", "Format data"},
-        {"chnd", words},
-        {"IMN(3)", "عنوان تصوير:\u200F"}}},
-      {"Form4", {{"Box1", "Help"}}},
-      {"Form5", {{"File1", "فهرست فايل\u200Cهاي قابل انتخاب:\u200F"}, {"Dir1", "Select file"}}},
-      {"Form6",
-       {{"bname", "عنوان فهرست:\u200F"},
-        {"matn", "Edit paragraph"},
-        {"picB", "فايل ضميمه پاراگراف:\u200F"},
-        {"soutB", "صوت متصل به پاراگراف:\u200F"},
-        {"filmB", "فيلم متصل به پاراگراف:\u200F"},
-        {"Command2", "فيلم متصل به پاراگراف:\u200F"},
-        {"IMN(0)", "عنوان تصوير:\u200F"}}}};
+  return {{"Recovery", {}},
+          {"Form1",
+           {{"title", "رديف اول:\u200F"},
+            {"matn", "رديف دوم:\u200F"},
+            {"shenas", "رديف سوم:\u200F"},
+            {"Text1", "مسير متون ورودي:\u200F"},
+            {"Command9", "مسير متون ورودي:\u200F"},
+            {"idir", "مسير ساخت خروجي:\u200F"},
+            {"Command2", "مسير ساخت خروجي:\u200F"},
+            {"dataName", "انتخاب:\u200F"},
+            {"index", "تصوير مجموعه:\u200F"},
+            {"Command5", "تصوير مجموعه:\u200F"},
+            {"Mus1", "موزيك اول:\u200F"},
+            {"Command6", "موزيك اول:\u200F"},
+            {"Mus2", "موزيك دوم:\u200F"},
+            {"Command7", "موزيك دوم:\u200F"},
+            {"Back", "تصوير پيش\u200Cزمينه:\u200F"},
+            {"Command8", "تصوير پيش\u200Cزمينه:\u200F"},
+            {"ExBox", "مسير ايجاد نرم\u200Cافزار:\u200F"},
+            {"Command1", "مسير ايجاد نرم\u200Cافزار:\u200F"}}},
+          {"Form2", {{"Dir1", "Select folder"}}},
+          {"Form3",
+           {{"books", "متن\u200Cهاي ورودي:\u200F"},
+            {"bname", "عنوان مجموعه:"},
+            {"bindex", "عناوين فهرست:\u200F"},
+            {"matn", "Format data"},
+            {"chnd", words},
+            {"IMN(3)", "عنوان تصوير:\u200F"}}},
+          {"Form4", {{"Box1", "Help"}}},
+          {"Form5", {{"File1", "فهرست فايل\u200Cهاي قابل انتخاب:\u200F"}, {"Dir1", "Select file"}}},
+          {"Form6",
+           {{"bname", "عنوان فهرست:\u200F"},
+            {"matn", "Edit paragraph"},
+            {"picB", "فايل ضميمه پاراگراف:\u200F"},
+            {"soutB", "صوت متصل به پاراگراف:\u200F"},
+            {"filmB", "فيلم متصل به پاراگراف:\u200F"},
+            {"Command2", "فيلم متصل به پاراگراف:\u200F"},
+            {"IMN(0)", "عنوان تصوير:\u200F"}}}};
+}
+
+TEST(PlatformCatalogueNames, FieldsBearTheirLabels) {
+  const auto expected = LabelsOfFields();
   for (const WindowDefinition* definition : AllWindows()) {
     SmallWindow window(*definition);
     window.Load();
