@@ -8,8 +8,9 @@ PATH is a source or a folder of sources, COUNT how many faults are tried (20). T
 seed, and the same seed draws the same ones from the same code. Each is planted in a copy of the tree
 (build/mutate) and built; what can't be built is stillborn and not counted. Then the tests run,
 the likeliest first: those named after the file (name), those that include its header (header), those
-of its room (room), those in the same folders of tests (folder), all of them (all); --tests says where
-to stop. A fault is seen when one fails, crashes or doesn't end.
+of its room (room), the sample session with its pictures (pictures), those in the same folders of tests
+(folder), all of them (all); --tests says where to stop. A program that the fault isn't in doesn't run. A
+fault is seen when one fails, crashes or doesn't end.
 
 The status is 0 if all were seen, 1 if some were not, 2 if the command can't be understood.
 Faults that change nothing one could see are named in tools/mutate/equivalent.txt.
@@ -153,11 +154,15 @@ class Run:
     def try_on(self, fault, tests):
         """Whether a test sees the fault; None if it can't be built."""
         started = time.monotonic()
+        before = self.runs.made(tests)
         try:
             self.tree.plant(fault.path, fault.text)
             if not self.tree.builds([test.target for test in tests]):
                 return None
-            failure = self.runs.first_failure(tests)
+            made = self.runs.made(tests)
+            failure = self.runs.first_failure(
+                [test for test in tests
+                 if test.reads_sources or made[test.target] != before[test.target]])
         finally:
             self.tree.restore(fault.path)
         if failure:

@@ -203,13 +203,20 @@ class LikelyTests(unittest.TestCase):
                  FakeTest("book", "stems_test", "workbench/stems.h")]
         self.assertEqual(self.levels(tests, "workbench/marking.cpp"),
                          [("name", ["marking_test"]), ("header", ["guide_test"]),
-                          ("room", ["stems_test"]), ("folder", ["text_test"]),
+                          ("room", ["stems_test"]), ("pictures", ["sample_session"]),
+                          ("folder", ["text_test"]),
                           ("all", ["boxes_test"])])
 
     def test_a_file_without_a_test_of_its_name_takes_those_of_its_window(self):
         tests = [FakeTest("windows", "format_window_keys_test"), FakeTest("unit", "text_test")]
         self.assertEqual(self.levels(tests, "workbench/format_window_entries.cpp"),
-                         [("name", ["format_window_keys_test"]), ("all", ["text_test"])])
+                         [("name", ["format_window_keys_test"]), ("pictures", ["sample_session"]),
+                          ("all", ["text_test"])])
+
+    def test_what_no_window_shows_is_in_no_picture(self):
+        tests = [FakeTest("unit", "text_test"), FakeTest("windows", "boxes_test")]
+        self.assertEqual(self.levels(tests, "platform/text/text.cpp"),
+                         [("name", ["text_test"]), ("all", ["boxes_test"])])
 
 
 class TheCopy(unittest.TestCase):

@@ -38,6 +38,12 @@ class TestRuns:
             self.seconds[target] = None
         return failed
 
+    def made(self, tests):
+        """When each program was linked last."""
+        programs = {test.target: test.program(self.build_folder) for test in tests}
+        return {target: program.stat().st_mtime_ns if program.exists() else None
+                for target, program in programs.items()}
+
     def first_failure(self, tests):
         """What failed first, as (program, what it says); None if all of them pass."""
         fit = [test for test in tests if self.seconds.get(test.target) is not None]
@@ -93,14 +99,13 @@ class TestRuns:
 
     def _run_one(self, test, longest, environment):
         """What a failed program says; None if it passes."""
-        program = self.build_folder / "tests" / test.target
         started = time.monotonic()
         with self.lock:
             if self.stopped:
                 return None
             process = subprocess.Popen(
-                [program, "--gtest_brief=1", "--gtest_fail_fast"], env=environment,
-                cwd=program.parent, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                test.command(self.build_folder), env=environment,
+                cwd=test.program(self.build_folder).parent, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                 stderr=subprocess.STDOUT, start_new_session=True, preexec_fn=bounded)
             self.running.add(process)
         try:

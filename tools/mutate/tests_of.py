@@ -6,7 +6,8 @@ from pathlib import Path
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 
 # How far from the file a test may be.
-LEVELS = ("name", "header", "room", "folder", "all")
+LEVELS = ("name", "header", "room", "pictures", "folder", "all")
+WITH_WINDOWS = {"windows", "viewer"}
 
 
 class Test:
@@ -16,6 +17,29 @@ class Test:
         self.folder, self.name = path.parent.name, path.stem
         self.target = f"{self.folder}_{self.name}"
         self.includes = set(INCLUDE.findall(path.read_text("utf-8")))
+        self.reads_sources = self.folder == "house"
+
+    def program(self, build_folder):
+        return build_folder / "tests" / self.target
+
+    def command(self, build_folder):
+        return [self.program(build_folder), "--gtest_brief=1", "--gtest_fail_fast"]
+
+
+class SampleSession:
+    """The session whose pictures of all windows are compared; only ctest knows how to start it."""
+
+    folder, name, target = "tools", "sample_session", "sample_session"
+    reads_sources = False
+
+    def program(self, build_folder):
+        return build_folder / "tools" / "sample_session" / self.target
+
+    def command(self, build_folder):
+        return ["ctest", "--test-dir", build_folder, "--no-tests=error", "-R", f"^{self.name}$"]
+
+
+SAMPLE_SESSION = SampleSession()
 
 
 def all_tests(root):
@@ -57,12 +81,15 @@ def levels_of(root, tests, path):
         "header": [test for test in tests if header in test.includes],
         "room": tests_of_room(root, tests, path),
     }
+    likely = [test for group in groups.values() for test in group]
+    if any(test.folder in WITH_WINDOWS for test in likely):
+        groups["pictures"] = [SAMPLE_SESSION]
     folders = next(({test.folder for test in group} for group in groups.values() if group), set())
     groups["folder"] = [test for test in tests if test.folder in folders]
     groups["all"] = tests
     taken, levels = set(), []
     for level in LEVELS:
-        new = [test for test in groups[level] if test.target not in taken]
+        new = [test for test in groups.get(level, []) if test.target not in taken]
         taken |= {test.target for test in new}
         if new:
             levels.append((level, new))
