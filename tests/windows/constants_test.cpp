@@ -51,6 +51,7 @@ class Day {
  public:
   Seen Run() {
     StartProgram();
+    HearTheToolkit();
     LookAtTheProjectWindow();
     ShowMessages();
     FindTheSpecialInputFolder();
@@ -96,6 +97,17 @@ class Day {
     desk_.AddText("Two.txt", u"p#0#q");
     std::filesystem::remove(desk_.HostPath("Resources/Help.rtf"));
     desk_.Start();
+  }
+
+  // Its own words: in the menus of fields and bars, on buttons, to a screen reader.
+  void HearTheToolkit() {
+    for (const auto& [name, texts] : testing_support::KnownTexts()) {
+      if (name != "Toolkit") continue;
+      for (const auto& [place, text] : texts) {
+        const std::string source = place.substr(place.find(' ') + 1);
+        Saw(place, QCoreApplication::translate("QScrollBar", source.c_str()).toStdString());
+      }
+    }
   }
 
   // What a chooser's pattern must be, by what the program folder holds and the chooser offers.
