@@ -236,6 +236,7 @@ TEST(ToNumber, TooSmallIsNothingHoweverItIsWritten) {
   EXPECT_EQ(ToNumber(u"0." + zeros + u"1"), 0);
   EXPECT_EQ(ToNumber(zeros + u"." + zeros + u"1e+2"), 0);
   EXPECT_EQ(ToNumber(u"1" + zeros + u"e-800"), 0);
+  EXPECT_EQ(ToNumber(u"-1e-999"), 0);
   EXPECT_TRUE(std::signbit(ToNumber(u"-1e-999")));
   EXPECT_EQ(ToNumber(u"5e-324"), std::numeric_limits<double>::denorm_min());
 }

@@ -99,6 +99,29 @@ TEST_F(RichTextPictures, APictureWithoutASizeTakesTheRoomThatItMeasures) {
   EXPECT_NEAR(Edit().document()->size().height(), 1500, 60);
 }
 
+// The rectangle around all that is red.
+QRect RedOf(const QImage& drawn) {
+  QRect red;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      if (drawn.pixel(x, y) == qRgb(255, 0, 0)) red |= QRect(x, y, 1, 1);
+    }
+  }
+  return red;
+}
+
+TEST_F(RichTextPictures, WhereOneMeasureIsMissingThePictureKeepsItsShape) {
+  constexpr int kTwips = 15;  // of a pixel
+  const std::string bytes = PictureOf("PNG", Qt::red, {40, 30});
+  const auto sizeOf = [&](int width, int height) {
+    matn.SetTextRTF(RtfWith({{PictureKind::kPng, bytes, width * kTwips, height * kTwips}}));
+    matn.SetSelStart(1);  // the caret stands behind it
+    return RedOf(Drawn()).size();
+  };
+  EXPECT_EQ(sizeOf(80, 0), QSize(80, 60));
+  EXPECT_EQ(sizeOf(0, 90), QSize(120, 90));
+}
+
 constexpr platform::ControlRow BoxAt(platform::TextView name, int left) {
   return {.name = name,
           .kind = platform::ControlKind::kRichTextBox,
