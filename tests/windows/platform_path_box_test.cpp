@@ -166,6 +166,14 @@ TEST_F(PlatformPathBox, ATipShowsTheWholeOfAPathThatIsTooLong) {
   EXPECT_EQ(Tip(), ToQString(path.Text()));
 }
 
+TEST_F(PlatformPathBox, NoTipOfWhatLiesAroundStandsInItsPlace) {
+  Robot::FindWindow("Paths")->setToolTip(QStringLiteral("around"));
+  path.SetText(u"C:\\home");
+  EXPECT_EQ(Tip(), QString());
+  path.SetText(u"C:\\home\\ali\\a\\very\\long\\path\\to\\the\\texts");
+  EXPECT_EQ(Tip(), ToQString(path.Text()));
+}
+
 TEST_F(PlatformPathBox, ATipShowsANameThatLooksLikeMarkupAsItIs) {
   path.SetText(u"C:\\home\\ali\\<b>a long name of a folder</b>");
   EXPECT_THAT(Tip().toStdString(), testing::HasSubstr("&lt;b&gt;"));
