@@ -150,7 +150,7 @@ QString Tip() {
   auto& edit = Robot::Find("Paths", "path");
   QHelpEvent rests(QEvent::ToolTip, QPoint(5, 5), edit.mapToGlobal(QPoint(5, 5)));
   QApplication::sendEvent(&edit, &rests);
-  const QString tip = QToolTip::isVisible() ? QToolTip::text() : QString();
+  QString tip = QToolTip::isVisible() ? QToolTip::text() : QString();
   QToolTip::hideText();
   Robot::WaitUntil([] { return !QToolTip::isVisible(); });
   return tip;
