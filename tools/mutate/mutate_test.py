@@ -213,6 +213,12 @@ class LikelyTests(unittest.TestCase):
                          [("name", ["format_window_keys_test"]), ("pictures", ["sample_session"]),
                           ("all", ["text_test"])])
 
+    def test_the_first_word_alone_is_no_name(self):
+        tests = [FakeTest("viewer", "text_file_test"),
+                 FakeTest("unit", "rtf_read_test", "platform/rtf/text_reader.h")]
+        self.assertEqual(self.levels(tests, "platform/rtf/text_reader.h"),
+                         [("header", ["rtf_read_test"]), ("all", ["text_file_test"])])
+
     def test_what_no_window_shows_is_in_no_picture(self):
         tests = [FakeTest("unit", "text_test"), FakeTest("windows", "boxes_test")]
         self.assertEqual(self.levels(tests, "platform/text/text.cpp"),

@@ -54,14 +54,13 @@ def names_in(test_name, stem):
 
 def tests_by_name(tests, path):
     """Those named after the file, or else after what its name starts with: a window's class may lie
-    in several files."""
+    in several files. A single word of several says nothing."""
     words = Path(path).stem.split("_")
-    while words:
-        found = [test for test in tests if names_in(test.name, "_".join(words))]
-        if found:
-            return found
+    found = [test for test in tests if names_in(test.name, "_".join(words))]
+    while not found and len(words) > 2:
         words.pop()
-    return []
+        found = [test for test in tests if names_in(test.name, "_".join(words))]
+    return found
 
 
 def tests_of_room(root, tests, path):
