@@ -91,7 +91,7 @@ constexpr std::array<std::uint8_t, kFirstFolded> kHexValues = [] {
   std::array<std::uint8_t, kFirstFolded> values{};
   values.fill(kNoDigit);
   for (std::size_t i = 0; i < kHexDigits.size(); ++i) {
-    values[static_cast<std::size_t>(kHexDigits[i])] = static_cast<std::uint8_t>(i);
+    values[static_cast<unsigned char>(kHexDigits[i])] = static_cast<std::uint8_t>(i);
   }
   return values;
 }();
@@ -194,7 +194,7 @@ bool UnfoldRun(Text& text, std::string_view& bytes) {
 // Takes off the bytes what a run doesn't.
 void UnfoldOther(Text& text, std::string_view& bytes) {
   if (bytes.front() == kOther) return UnfoldUnit(text, TakeUnit(bytes));
-  const auto word = static_cast<std::size_t>(bytes.front()) - 1;
+  const auto word = std::size_t{static_cast<unsigned char>(bytes.front())} - 1;
   if (word >= kWords.size()) throw platform::Failure(u"A rich text folds an unknown word");
   text += kWords[word];
   bytes.remove_prefix(1);

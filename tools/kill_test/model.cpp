@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/text/text.h"
+#include "tools/kill_test/screen.h"
 #include "workbench/clean_up.h"
 #include "workbench/paragraphs.h"
 
@@ -46,14 +47,6 @@ bool IsOfPassage(Deed deed) {
 
 }  // namespace
 
-std::string Bare(const std::string& text) {
-  std::string bare;
-  for (const char c : text) {
-    if (c != ' ' && c != '\r' && c != '\n') bare += c;
-  }
-  return bare;
-}
-
 std::string Describe(const Shown& shown) {
   std::string all = "title " + shown.title + "\ncount " + std::to_string(shown.count) + ", open " +
                     std::to_string(shown.mainOpen) + ", images " + std::to_string(shown.images) +
@@ -86,6 +79,15 @@ std::string Model::Described() const {
                    .isGallery = isGallery_,
                    .gallery = gallery_,
                    .chosen = chosen_});
+}
+
+std::string Model::OnScreen() const {
+  ScreenState state{.title = title_,
+                    .mainOpen = mainOpen_,
+                    .isGallery = galleryMode_,
+                    .rest = platform::ToUtf8(rest_)};
+  for (const ModelRow& row : rows_) state.titles.push_back(row.title);
+  return Describe(state);
 }
 
 Operation Model::Next() {

@@ -1,5 +1,5 @@
-// What a random editor does in the workbench, and what must stand there afterwards: worked out from
-// the operations alone, without a window.
+// What must stand in the workbench after what a random editor has done there: worked out from the
+// operations alone, without a window.
 #pragma once
 
 #include <cstddef>
@@ -10,39 +10,9 @@
 #include <vector>
 
 #include "platform/text/text.h"
+#include "tools/kill_test/operation.h"
 
 namespace kill_test {
-
-enum class Deed {
-  kOpenText,
-  kTitle,
-  kTitleInBrackets,
-  kIdentity,
-  kHeading,
-  kHeadingText,
-  kMainTitle,
-  kMainTitleEnd,
-  kDelete,
-  kTypeTitle,
-  kTypeText,
-  kRebuild,
-  kEditTitle,
-  kAttach,
-  kDeleteRow,
-  kPictureInText,
-  kEntryPicture,
-  kGalleryMode,
-  kGalleryPicture,
-};
-inline constexpr int kDeeds = 19;
-
-struct Operation {
-  Deed deed = Deed::kOpenText;
-  int row = 0;            // of the list, or of the picture browser
-  int from = 0;           // of a passage in the text, or where is typed
-  int length = 0;         // of a passage
-  std::string word = {};  // what is typed
-};
 
 struct ModelRow {
   std::string title;
@@ -60,6 +30,8 @@ class Model {
   Operation Next();
 
   std::string Described() const;
+  // So much of it as the workbench shows; see ScreenState.
+  std::string OnScreen() const;
 
  private:
   Operation Choose();
@@ -103,8 +75,5 @@ struct Shown {
   std::vector<std::string> chosen = {};
 };
 std::string Describe(const Shown& shown);
-
-// Without blanks and line ends, which the way through rich text may move.
-std::string Bare(const std::string& text);
 
 }  // namespace kill_test

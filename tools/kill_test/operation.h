@@ -1,0 +1,40 @@
+// What a random editor does in the workbench.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kill_test {
+
+enum class Deed : std::uint8_t {
+  kOpenText,
+  kTitle,
+  kTitleInBrackets,
+  kIdentity,
+  kHeading,
+  kHeadingText,
+  kMainTitle,
+  kMainTitleEnd,
+  kDelete,
+  kTypeTitle,
+  kTypeText,
+  kRebuild,
+  kEditTitle,
+  kAttach,
+  kDeleteRow,
+  kPictureInText,
+  kEntryPicture,
+  kGalleryMode,
+  kGalleryPicture,
+};
+inline constexpr int kDeeds = 19;
+
+struct Operation {
+  Deed deed = Deed::kOpenText;
+  int row = 0;            // of the list, or of the picture browser
+  int from = 0;           // of a passage in the text, or where is typed
+  int length = 0;         // of a passage
+  std::string word = {};  // what is typed
+};
+
+}  // namespace kill_test
