@@ -8,7 +8,8 @@
 //
 //   kill_test --program FOLDER PLUGINS WORK OPERATIONS [SEED]
 //
-// The same at the program in FOLDER, with a robot out of PLUGINS in it.
+// The same at the program in FOLDER, with a robot out of PLUGINS in it. With --two-programs in
+// place of that, two of them at once, after so many operations each.
 #include <unistd.h>
 
 #include <QApplication>
@@ -26,6 +27,7 @@
 #include "tools/kill_test/plan.h"
 #include "tools/kill_test/process.h"
 #include "tools/kill_test/program_chain.h"
+#include "tools/kill_test/two_programs.h"
 
 namespace kill_test {
 namespace {
@@ -127,10 +129,11 @@ static void DropWords(QtMsgType type, const QMessageLogContext&, const QString& 
 
 int main(int argc, char** argv) {
   const std::vector<std::string> words(argv + 1, argv + argc);
-  const bool isProgram = !words.empty() && words.front() == "--program";
+  const bool isTwo = !words.empty() && words.front() == "--two-programs";
+  const bool isProgram = isTwo || (!words.empty() && words.front() == "--program");
   const std::size_t first = isProgram ? 3 : 0;
   if (words.size() < first + 2) {
-    std::cout << "kill_test [--program FOLDER PLUGINS] WORK OPERATIONS [SEED]\n";
+    std::cout << "kill_test [--program|--two-programs FOLDER PLUGINS] WORK OPERATIONS [SEED]\n";
     return 2;
   }
   kill_test::Plan plan{.work = words[first], .operations = std::stoi(words[first + 1])};
@@ -138,7 +141,7 @@ int main(int argc, char** argv) {
   if (isProgram) {
     plan.program = words[1];
     plan.plugIns = words[2];
-    return kill_test::DriveProgram(plan);
+    return isTwo ? kill_test::DriveTwoPrograms(plan) : kill_test::DriveProgram(plan);
   }
   if (words.size() == 2 || words.size() == 3) return kill_test::Drive(plan);
   const std::string& role = words.back();

@@ -38,12 +38,21 @@ int Child::WaitForEnd() {
   return status;
 }
 
-std::string Child::SayAndKill() {
+std::string Child::Say() {
   std::string said;
   char byte = 0;
   while (!said.ends_with(kDone) && ::read(output_, &byte, 1) == 1) said += byte;
+  return said;
+}
+
+void Child::Kill() {
   ::kill(process_, SIGKILL);
   WaitForEnd();
+}
+
+std::string Child::SayAndKill() {
+  std::string said = Say();
+  Kill();
   return said;
 }
 

@@ -18,7 +18,9 @@ class Child {
   Child& operator=(const Child&) = delete;
   ~Child();
 
-  // What it says up to its end, or until it says DONE; then it is killed.
+  // What it says up to its end, or until it says DONE and waits.
+  std::string Say();
+  void Kill();
   std::string SayAndKill();
   // What it says up to its end, with FAILED behind it unless its status is 0.
   std::string SayToTheEnd();

@@ -51,7 +51,9 @@ class Steps : public QObject {
  public:
   Steps() {
     Then([] { OpenWorkbench(); });
-    Then([] { Screen::BringBack(); });
+    Then([] {
+      if (Screen::BringBack()) std::cout << "BROUGHT BACK\n";
+    });
     Then([] { Say("BEFORE"); });
     for (const Operation& each : WantedOperations()) Then([this, each] { screen_.Do(each); });
     Then([] { Say("AFTER"); });
