@@ -35,9 +35,11 @@ void Try(std::string_view file) {
                           .fields = work->fields,
                           .collection = work->collection,
                           .restEdit = {},
-                          .rest = [&] { return work->rest; }};
+                          .rest = testing_support::PartsOf(work->rest),
+                          .restLength = static_cast<platform::Position>(work->rest.size())};
   recovery::Recorded recorded;
-  std::optional<recovery::Work> again = recovery::ReadRecord(WholeRecord(live, recorded));
+  std::optional<recovery::Work> again =
+      recovery::ReadRecord(testing_support::WholeRecord(live, recorded));
   if (!again) std::abort();
   if (testing_support::Described(*again) != testing_support::Described(*work)) std::abort();
 }

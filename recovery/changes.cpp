@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
 #include <utility>
 
 #include "platform/column.h"
@@ -11,6 +12,7 @@
 namespace recovery {
 
 using platform::Column;
+using platform::Position;
 using platform::RowRange;
 using platform::Text;
 using platform::TextView;
@@ -21,9 +23,14 @@ using Grid = Column<Column<Text>>;
 
 // After so many bytes a whole record begins its next piece.
 constexpr std::size_t kPieceBytes = std::size_t{64} * 1024;
+// So many characters of a text are one part.
+constexpr Position kPartLength = Position{64} * 1024;
 
+// Gathers what a piece tells.
 class Writer {
  public:
+  explicit Writer(const RecordSink& sink) : sink_(sink) {}
+
   template <typename... Numbers>
   void Tell(Change change, Numbers... numbers) {
     AppendNumber(content_, static_cast<std::uint64_t>(change));
@@ -37,10 +44,20 @@ class Writer {
         sign == 0 ? static_cast<std::uint64_t>(value) : ~static_cast<std::uint64_t>(value);
     Tell(Change::kNumber, number, size << 1 | sign);
   }
-  std::string& Content() { return content_; }
+  std::size_t Size() const { return content_.size(); }
+  // What was told since the last piece is one, unless that is nothing.
+  void EndPiece() {
+    if (content_.empty()) return;
+    piece_.clear();
+    AppendPiece(piece_, content_);
+    content_.clear();
+    sink_(piece_);
+  }
 
  private:
+  const RecordSink& sink_;
   std::string content_;
+  std::string piece_;
 };
 
 TextView AsText(const Text& value) { return value; }
@@ -97,9 +114,17 @@ void TellMoves(Writer& writer, filed::FiledWork& filed) {
   }
 }
 
-void TellRest(Writer& writer, std::ptrdiff_t start, std::ptrdiff_t removed, TextView added) {
-  writer.Tell(Change::kRest, start, removed);
-  writer.Add(added);
+// Begins no change of its own before the last part: nothing but parts may stand in the writer.
+void TellRest(Writer& writer, const RestPart& rest, platform::TextEdit edit) {
+  Position at = edit.start;
+  const Position end = edit.start + edit.added;
+  for (; end - at > kPartLength; at += kPartLength) {
+    writer.Tell(Change::kRestPart);
+    writer.Add(rest(at, kPartLength));
+    writer.EndPiece();
+  }
+  writer.Tell(Change::kRest, edit.start, edit.removed);
+  writer.Add(rest(at, end - at));
 }
 
 void TellTexts(Writer& writer, const LiveWork& work, Recorded& recorded,
@@ -162,42 +187,37 @@ std::ptrdiff_t LongestColumn(filed::FiledWork& filed) {
 
 }  // namespace
 
-std::string ChangesOf(LiveWork& work, Recorded& recorded) {
-  Writer writer;
+void TellChanges(LiveWork& work, Recorded& recorded, const RecordSink& sink) {
+  Writer writer(sink);
+  if (work.restEdit) TellRest(writer, work.rest, *work.restEdit);
   TellMoves(writer, work.filed);
   ForEachColumn(work.filed, [&](int number, auto& column) { TellTouched(writer, number, column); });
   work.filed.lines.Settle();
-  if (const auto& edit = work.restEdit) TellRest(writer, edit->start, edit->removed, edit->added);
   TellTexts(writer, work, recorded);
   TellNumbers(writer, work.filed, recorded);
-  return std::move(writer.Content());
+  writer.EndPiece();
 }
 
-std::string WholeRecord(LiveWork& work, Recorded& recorded) {
+void TellWhole(LiveWork& work, Recorded& recorded, const RecordSink& sink) {
   Settle(work.filed);
   recorded = {};
-  std::string file = HeadBytes();
-  Writer writer;
-  const auto endPiece = [&] {
-    AppendPiece(file, writer.Content());
-    writer.Content().clear();
-  };
+  sink(HeadBytes());
+  Writer writer(sink);
   TellTexts(writer, work, recorded, kCollectionTexts);
-  endPiece();
+  writer.EndPiece();
   TellTexts(writer, work, recorded);
-  endPiece();
-  TellRest(writer, 0, 0, work.rest());
-  endPiece();
+  writer.EndPiece();
+  TellRest(writer, work.rest, {.added = work.restLength});
+  writer.EndPiece();
   const std::ptrdiff_t rows = LongestColumn(work.filed);
   for (std::ptrdiff_t row = 0; row < rows; ++row) {
     ForEachColumn(work.filed, RowTeller(writer, row));
-    if (writer.Content().size() < kPieceBytes) continue;
+    if (writer.Size() < kPieceBytes) continue;
     writer.TellNumber(kEntryCountNumber, std::min(row + 1, work.filed.entryCount));
-    endPiece();
+    writer.EndPiece();
   }
   TellNumbers(writer, work.filed, recorded);
-  endPiece();
-  return file;
+  writer.EndPiece();
 }
 
 }  // namespace recovery

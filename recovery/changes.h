@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
+#include <cstdint>
+#include <functional>
+#include <string_view>
 
 #include "platform/text/text.h"
 #include "recovery/work.h"
@@ -21,7 +23,8 @@ enum class Change : std::uint8_t {
   kGap = 7,         // row that went, last row that stayed
   kLineCame = 8,    // row
   kLineWent = 9,    // row
-  kRest = 10,       // start, how much went, what came
+  kRest = 10,       // start, how much went, what came: after what kRestPart has told
+  kRestPart = 11,   // the next part of what comes, no change yet
 };
 
 // The small things of the work as the record has them.
@@ -30,12 +33,16 @@ struct Recorded {
   std::array<std::ptrdiff_t, kNumberFields> numbers{};
 };
 
-// The content of the piece that tells what has changed since the last call; empty if nothing has.
-// Costs what has changed, whatever is filed already.
-std::string ChangesOf(LiveWork& work, Recorded& recorded);
+// Gets bytes for the end of the record, in their order.
+using RecordSink = std::function<void(std::string_view bytes)>;
+
+// The pieces that tell what has changed since the last call; none if nothing has. The last of them
+// makes the change, those before it hold parts of a text that is too long for one. Costs what has
+// changed, whatever is filed already, and no more memory than a piece.
+void TellChanges(LiveWork& work, Recorded& recorded, const RecordSink& sink);
 
 // The file that tells all of it, head and pieces; it counts as told from then on. A part of that
 // file, cut after any piece, is the work with fewer rows.
-std::string WholeRecord(LiveWork& work, Recorded& recorded);
+void TellWhole(LiveWork& work, Recorded& recorded, const RecordSink& sink);
 
 }  // namespace recovery

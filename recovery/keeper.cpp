@@ -38,7 +38,7 @@ void Keeper::Try(const std::function<void()>& act) {
 void Keeper::Off(const Text& reason) {
   needsSync_ = false;
   if (std::exchange(isOff_, true)) return;
-  if (file_ != nullptr && file_->Size() == 0) {
+  if (file_ != nullptr && !isWhole_) {
     platform::Ignoring([&] { file_->Remove(); });
     file_.reset();
   }
@@ -55,32 +55,41 @@ void Keeper::Start(LiveWork work) {
   file_.reset();
   needsSync_ = false;
   isStarted_ = true;
-  ChangesOf(work, recorded_);
+  Settle(work);
+}
+
+// What there is counts as told.
+void Keeper::Settle(LiveWork& work) {
+  work.restEdit.reset();
+  TellChanges(work, recorded_, [](std::string_view) {});
 }
 
 void Keeper::Keep(LiveWork work) {
   Try([&] {
-    const std::string changes = ChangesOf(work, recorded_);
-    if (isOff_ || !isStarted_ || changes.empty()) return;
-    if (file_ == nullptr && HoldsNothing(work)) return;
-    if (file_ == nullptr || collection_ != work.collection) return WriteWhole(work);
-    std::string piece;
-    AppendPiece(piece, changes);
-    file_->Append(piece);
+    if (isOff_ || !isStarted_) return Settle(work);
+    const bool begins = file_ == nullptr || collection_ != work.collection;
+    bool changed = begins && std::exchange(work.restEdit, std::nullopt);
+    TellChanges(work, recorded_, [&](std::string_view piece) {
+      changed = true;
+      if (!begins) file_->Append(piece);
+    });
+    if (!changed || (file_ == nullptr && HoldsNothing(work))) return;
+    if (begins) WriteWhole(work);
     needsSync_ = true;
   });
 }
 
 void Keeper::WriteWhole(LiveWork& work) {
-  const std::string whole = WholeRecord(work, recorded_);
   if (file_ != nullptr) {
-    file_->Replace(whole);
+    file_->Replace([&](const RecordSink& sink) { TellWhole(work, recorded_, sink); });
   } else {
+    isWhole_ = false;
     file_ = folder_->Make(NameBeginning(work.collection));
-    file_->Append(whole);
+    TellWhole(work, recorded_, [this](std::string_view bytes) { file_->Append(bytes); });
   }
+  isWhole_ = true;
   collection_ = work.collection;
-  wholeBytes_ = whole.size();
+  wholeBytes_ = file_->Size();
   needsSync_ = true;
 }
 

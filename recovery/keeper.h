@@ -48,6 +48,7 @@ class Keeper {
 
  private:
   void Try(const std::function<void()>& act);
+  void Settle(LiveWork& work);
   void WriteWhole(LiveWork& work);
   void Off(const platform::Text& reason);
 
@@ -55,8 +56,9 @@ class Keeper {
   std::function<void(platform::TextView)> log_;
   std::unique_ptr<platform::RecordFile> file_;
   Recorded recorded_;
-  Collection collection_;       // that the file begins with
-  std::size_t wholeBytes_ = 0;  // of the record when it was written whole
+  Collection collection_;         // that the file begins with
+  std::uint64_t wholeBytes_ = 0;  // of the record when it was written whole
+  bool isWhole_ = false;          // all of the work was written to the file once
   bool isStarted_ = false;
   bool isOff_ = false;
   bool needsSync_ = false;

@@ -64,6 +64,9 @@ class Replay {
         return Lines().Remove(piece.Count(Lines().Count() - 1));
       case Change::kRest:
         return ReadRest(piece);
+      case Change::kRestPart:
+        restParts_ += piece.Text();
+        return;
     }
     throw Failure(u"A record tells of what isn't known");
   }
@@ -127,10 +130,12 @@ class Replay {
   void ReadRest(Reader& piece) {
     const std::ptrdiff_t start = piece.Count(rest_.Length());
     const std::ptrdiff_t removed = piece.Count(rest_.Length() - start);
-    rest_.Change(start, removed, piece.Text());
+    restParts_ += piece.Text();
+    rest_.Change(start, removed, std::exchange(restParts_, {}));
   }
 
   Work work_;
+  Text restParts_;  // of a text whose end is still to come
   RestText rest_;
 };
 

@@ -12,7 +12,7 @@ bool NothingFiled(const filed::FiledWork& filed, const Fields& fields) {
 }  // namespace
 
 bool HoldsNothing(const LiveWork& work) {
-  return NothingFiled(work.filed, work.fields) && work.rest().empty();
+  return NothingFiled(work.filed, work.fields) && work.restLength == 0;
 }
 
 bool HoldsNothing(const Work& work) {

@@ -37,13 +37,18 @@ struct Work {
   platform::Text rest;  // of the input text, not filed yet; "\n" at a paragraph's end
 };
 
+// What there is of so many characters of the rest from `start` on. The whole of a large text is
+// dear.
+using RestPart = std::function<platform::Text(platform::Position start, platform::Position count)>;
+
 // The same as the workbench has it.
 struct LiveWork {
   filed::FiledWork& filed;
   Fields fields;
   Collection collection;
   std::optional<platform::TextEdit> restEdit;  // since it was looked at last
-  std::function<platform::Text()> rest;        // the whole, which is dear for a large text
+  RestPart rest;
+  platform::Position restLength = 0;
 };
 
 // Whether there is nothing that an editor would want back. The text is looked at last.

@@ -11,6 +11,7 @@
 
 namespace workbench {
 
+using platform::Position;
 using platform::Text;
 
 namespace {
@@ -39,7 +40,9 @@ recovery::Collection Form3::CollectionInHand() {
 // whole.
 std::optional<platform::TextEdit> Form3::TakeTextEdit() {
   std::optional<platform::TextEdit> edit = matn.TakeEdit();
-  if (edit && !std::exchange(textIsWork_, true)) edit = platform::TextEdit{0, 0, matn.EditedText()};
+  if (edit && !std::exchange(textIsWork_, true)) {
+    edit = platform::TextEdit{0, 0, matn.TextLength()};
+  }
   return edit;
 }
 
@@ -51,7 +54,11 @@ recovery::LiveWork Form3::Live() {
                      .galleryFolder = pictures.galleryFolder},
           .collection = CollectionInHand(),
           .restEdit = TakeTextEdit(),
-          .rest = [this] { return textIsWork_ ? matn.EditedText() : Text(); }};
+          .rest =
+              [this](Position start, Position count) {
+                return textIsWork_ ? matn.EditedText(start, count) : Text();
+              },
+          .restLength = textIsWork_ ? matn.TextLength() : 0};
 }
 
 void Form3::KeepRecord() {

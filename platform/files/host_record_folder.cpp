@@ -57,7 +57,7 @@ class HostRecord : public RecordFile {
     size_ += static_cast<off_t>(written);
   }
 
-  void Replace(std::string_view bytes) override {
+  void Replace(const std::function<void(const Sink&)>& write) override {
     const std::string beside = BesidePath();
     Descriptor made = OpenHost(beside, O_RDWR | O_APPEND | O_CREAT | O_EXCL, kOwnerOnly);
     if (!made.IsOpen()) FailHost(kWriteDeed, path_, HostError(errno));
@@ -65,15 +65,20 @@ class HostRecord : public RecordFile {
     if (const HostError locked = LockAsOwner(made, beside); locked) {
       FailHost(u"lock", path_, locked);
     }
-    std::size_t written = 0;
-    HostError error = WriteWhole(made, bytes, written);
-    if (!error) error = made.Flush();
-    if (error) FailHost(kWriteDeed, path_, error);
+    off_t size = 0;
+    write([&](std::string_view bytes) {
+      std::size_t written = 0;
+      if (const HostError error = WriteWhole(made, bytes, written)) {
+        FailHost(kWriteDeed, path_, error);
+      }
+      size += static_cast<off_t>(written);
+    });
+    if (const HostError error = made.Flush()) FailHost(kWriteDeed, path_, error);
     if (std::rename(beside.c_str(), hostPath_.c_str()) != 0)
       FailHost(kWriteDeed, path_, HostError(errno));
     unfinished.Keep();
     file_ = std::make_unique<Descriptor>(std::move(made));
-    size_ = static_cast<off_t>(written);
+    size_ = size;
     nameIsNew_ = true;
   }
 

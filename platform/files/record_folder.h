@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,8 +28,10 @@ class RecordFile {
   virtual std::string Read(std::size_t most) = 0;
   // At the end. A failure leaves nothing of it behind.
   virtual void Append(std::string_view bytes) = 0;
-  // In place of all: on the disk before it takes the place, which a failure leaves as it was.
-  virtual void Replace(std::string_view bytes) = 0;
+  // In place of all comes what `write` gives to the sink: on the disk before it takes the place,
+  // which a failure, `write`'s own too, leaves as it was.
+  using Sink = std::function<void(std::string_view bytes)>;
+  virtual void Replace(const std::function<void(const Sink&)>& write) = 0;
   // Returns once all that was written is on the disk.
   virtual void Sync() = 0;
   virtual void Remove() = 0;

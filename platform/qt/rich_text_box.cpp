@@ -162,8 +162,7 @@ class RichTextEdit : public QTextEdit {
     const int before = std::min(std::exchange(sameBefore_, kAllSame), shorter);
     const int after = std::min(std::exchange(sameAfter_, kAllSame), shorter - before);
     if (before + after == former && former == length) return std::nullopt;
-    const QTextCursor added = Spanning(document(), before, length - after);
-    return TextEdit{before, former - before - after, EditedTextOf(added.selectedText())};
+    return TextEdit{before, former - before - after, length - before - after};
   }
 
  protected:
@@ -384,7 +383,14 @@ Position RichTextBox::TextLength() const { return EditOf(*this).document()->char
 
 std::optional<TextEdit> RichTextBox::TakeEdit() { return EditOf(*this).TakeEdit(); }
 
-Text RichTextBox::EditedText() const { return EditedTextOf(EditOf(*this).document()->toRawText()); }
+Text RichTextBox::EditedText(Position start, Position count) const {
+  QTextDocument* const document = EditOf(*this).document();
+  const Position length = document->characterCount() - 1;
+  const Position from = std::clamp<Position>(start, 0, length);
+  const Position to = from + std::clamp<Position>(count, 0, length - from);
+  const QTextCursor part = Spanning(document, static_cast<int>(from), static_cast<int>(to));
+  return EditedTextOf(part.selectedText());
+}
 
 Text RichTextBox::TextRTF() const {
   return rtf::WriteText(SelectedDocument(WholeDocument(EditOf(*this).document())));

@@ -5,12 +5,12 @@
 
 namespace platform {
 
-// From `start` on, `removed` characters went and `added` came. Paragraph ends are "\n" and count
-// one, as everywhere in a text box of many paragraphs.
+// From `start` on, so many characters went and so many came. Paragraph ends are "\n" and count one,
+// as everywhere in a text box of many paragraphs.
 struct TextEdit {
   Position start = 0;
   Position removed = 0;
-  Text added;
+  Position added = 0;
 };
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <optional>
 
 #include "platform/text/text.h"
@@ -28,8 +29,10 @@ class RichTextBox : public Control {
   // What of the text has changed since the last call, or since the window was loaded; nothing if
   // nothing has. Formatting that changes counts as text that does. Costs what has changed.
   [[nodiscard]] std::optional<TextEdit> TakeEdit();
-  // The text as edits count it, with "\n" at a paragraph's end.
-  platform::Text EditedText() const;
+  // The text as edits count it, with "\n" at a paragraph's end: what there is of so many characters
+  // from `start` on.
+  platform::Text EditedText(Position start = 0, Position count = kToEnd) const;
+  static constexpr Position kToEnd = std::numeric_limits<Position>::max();
   platform::Text TextRTF() const;
   void SetTextRTF(TextView rtf);  // Failure for what is no rich text
   void LoadFile(TextView path);   // rich text from a file; Failure if it can't be read

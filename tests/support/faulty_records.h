@@ -57,9 +57,9 @@ class FaultyRecords : public platform::RecordFolder {
       owner_.Count("Append");
       real_->Append(bytes);
     }
-    void Replace(std::string_view bytes) override {
+    void Replace(const std::function<void(const Sink&)>& write) override {
       owner_.Count("Replace");
-      real_->Replace(bytes);
+      real_->Replace(write);
     }
     void Sync() override {
       owner_.Count("Sync");

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/text/text.h"
+#include "recovery/changes.h"
 #include "recovery/work.h"
 
 namespace testing_support {
@@ -45,9 +46,29 @@ inline std::string Described(recovery::Work& work) {
   return all + "\nrest: " + platform::ToUtf8(work.rest);
 }
 
+inline recovery::RestPart PartsOf(const platform::Text& rest) {
+  return [&rest](platform::Position start, platform::Position count) {
+    return rest.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(count));
+  };
+}
+
+// The bytes of the pieces, and those of the whole file.
+inline std::string ChangesOf(recovery::LiveWork& work, recovery::Recorded& recorded) {
+  std::string pieces;
+  TellChanges(work, recorded, [&](std::string_view bytes) { pieces += bytes; });
+  return pieces;
+}
+inline std::string WholeRecord(recovery::LiveWork& work, recovery::Recorded& recorded) {
+  std::string file;
+  TellWhole(work, recorded, [&](std::string_view bytes) { file += bytes; });
+  return file;
+}
+
 // Work that is changed step by step as the workbench changes it.
 class RandomEditor {
  public:
+  using Position = platform::Position;
+
   explicit RandomEditor(unsigned seed) : random_(seed) {
     work_.collection = {u"C:\\book\\", u"a1"};
   }
@@ -59,7 +80,8 @@ class RandomEditor {
             .fields = work_.fields,
             .collection = work_.collection,
             .restEdit = std::exchange(edit_, std::nullopt),
-            .rest = [this] { return work_.rest; }};
+            .rest = PartsOf(work_.rest),
+            .restLength = static_cast<Position>(work_.rest.size())};
   }
 
   // Each changes what one event may change.
@@ -109,11 +131,9 @@ class RandomEditor {
   }
 
  private:
-  using Position = platform::Position;
-
   void ChangeRest(Position start, Position removed, const platform::Text& added) {
     work_.rest.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(removed), added);
-    edit_ = platform::TextEdit{start, removed, added};
+    edit_ = platform::TextEdit{start, removed, static_cast<Position>(added.size())};
   }
 
   void FileHeading() {

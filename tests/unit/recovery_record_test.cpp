@@ -24,8 +24,10 @@ namespace {
 using platform::Failure;
 using platform::Text;
 using platform::TextView;
+using testing_support::ChangesOf;
 using testing_support::Described;
 using testing_support::RandomEditor;
+using testing_support::WholeRecord;
 
 // Stands for a value of any type in braces.
 struct Anything {
@@ -118,7 +120,7 @@ TEST(RecoveryRecord, EveryStepIsToldByWhatItChanges) {
     for (int step = 0; step < 60; ++step) {
       editor.Step();
       LiveWork live = editor.Live();
-      AppendPiece(file, ChangesOf(live, recorded));
+      file += ChangesOf(live, recorded);
       ASSERT_EQ(ReadBack(file), Described(editor.Work())) << "seed " << seed << ", step " << step;
     }
     // And once more from the whole of it.
@@ -186,7 +188,9 @@ History SomeHistory() {
   for (int step = 0; step < 12; ++step) {
     editor.Step();
     LiveWork live = editor.Live();
-    AppendPiece(history.file, ChangesOf(live, recorded));
+    const std::string told = ChangesOf(live, recorded);
+    if (told.empty()) continue;
+    history.file += told;
     history.states.push_back(Described(editor.Work()));
   }
   return history;
@@ -198,6 +202,28 @@ const std::string& StateUpTo(const History& history, std::size_t whole) {
   std::size_t last = 0;
   while (last + 1 < ends.size() && ends[last + 1] <= whole) ++last;
   return history.states[last];
+}
+
+// A text that takes several pieces comes with the last of them.
+TEST(RecoveryRecord, ALongTextIsThereOnceAllOfItIs) {
+  RandomEditor editor(8);
+  editor.Work().rest = u"before";
+  LiveWork begun = editor.Live();
+  Recorded recorded;
+  std::string file = WholeRecord(begun, recorded);
+  const std::size_t pieces = PieceEnds(file).size();
+  const std::string before = Described(editor.Work());
+
+  for (int i = 0; i < 200'000; ++i) editor.Work().rest += static_cast<char16_t>(u'a' + i % 26);
+  LiveWork opened = editor.Live();
+  opened.restEdit = platform::TextEdit{6, 0, 200'000};
+  file += ChangesOf(opened, recorded);
+  const std::vector<std::size_t> ends = PieceEnds(file);
+  ASSERT_GT(ends.size(), pieces + 2);
+  for (std::size_t piece = pieces - 1; piece + 1 < ends.size(); ++piece) {
+    EXPECT_EQ(ReadBack(std::string_view(file).substr(0, ends[piece])), before) << piece;
+  }
+  EXPECT_EQ(ReadBack(file), Described(editor.Work()));
 }
 
 TEST(RecoveryRecord, CutAtAnyByteWhatStandsBeforeCounts) {

@@ -35,7 +35,7 @@ class RichTextEdits : public testing::Test {
     const std::optional<TextEdit> edit = matn.TakeEdit();
     if (!edit) return;
     told.replace(static_cast<std::size_t>(edit->start), static_cast<std::size_t>(edit->removed),
-                 edit->added);
+                 matn.EditedText(edit->start, edit->added));
   }
 
   SmallWindow window{kWindow};
@@ -63,15 +63,23 @@ TEST_F(RichTextEdits, ARemovalTellsNoTextAtAll) {
   ASSERT_TRUE(edit);
   EXPECT_EQ(edit->start, 10);
   EXPECT_EQ(edit->removed, 500);
-  EXPECT_EQ(edit->added, u"");
+  EXPECT_EQ(edit->added, 0);
 }
 
 TEST_F(RichTextEdits, CountAParagraphsEndAsOne) {
   matn.SetText(u"a\r\nb");
   const std::optional<TextEdit> edit = matn.TakeEdit();
   ASSERT_TRUE(edit);
-  EXPECT_EQ(edit->added, u"a\nb");
+  EXPECT_EQ(edit->added, 3);
   EXPECT_EQ(matn.EditedText(), u"a\nb");
+}
+
+TEST_F(RichTextEdits, APartOfTheTextIsWhatThereIsOfIt) {
+  matn.SetText(u"alpha\r\nbeta");
+  EXPECT_EQ(matn.EditedText(3, 4), u"ha\nb");
+  EXPECT_EQ(matn.EditedText(8, 100), u"ta");
+  EXPECT_EQ(matn.EditedText(10, 1), u"");
+  EXPECT_EQ(matn.EditedText(99, 1), u"");
 }
 
 TEST_F(RichTextEdits, FollowedTheyGiveTheText) {
