@@ -13,10 +13,9 @@ void AppendCoded(std::string& bytes, platform::TextView text);
 // Failure for bytes that no text has.
 platform::Text Decoded(std::string_view bytes);
 
-// The same for rich text: what the window writes for a letter ("\'d3", "\u1575?") takes the room of
-// that letter, and what it writes at a paragraph's end takes a byte. All else stays as it stands.
-// False, and nothing is added, for what is no rich text of 7 bits and for what would be unfolded to
-// more than eight times its bytes.
+// The same for rich text: what the window writes at a paragraph's end takes a byte. False, and
+// nothing is added, for what is no rich text and for what would be unfolded to more than eight
+// times its bytes.
 bool Fold(std::string& bytes, platform::TextView richText);
 platform::Text Unfolded(std::string_view bytes);
 

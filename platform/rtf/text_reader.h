@@ -145,10 +145,11 @@ class TextReader {
 
   static char16_t Letter(const CharacterTable& letters, Unit unit) {
     const char16_t code = Scanner<Unit>::Code(unit);
-    if constexpr (sizeof(Unit) > 1) {
-      if (code > 0xFF) return code == kLineSeparator || code == kParagraphSeparator ? u'\0' : code;
-    }
-    return letters[code];
+    if constexpr (sizeof(Unit) == 1) return letters[code];
+    // Blanks stand between the letters of other scripts: a branch would be guessed wrongly at each.
+    const char16_t itself = (code | 1) == kParagraphSeparator ? u'\0' : code;
+    const char16_t ofPage = letters[code & 0xFF];
+    return code > 0xFF ? itself : ofPage;
   }
 
   // Runs of "\'hh" are broken by blanks and marks all the time, so those go the same fast way.

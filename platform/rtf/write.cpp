@@ -37,7 +37,8 @@ constexpr std::array<std::array<char, 2>, 256> MakeHex() {
 
 constexpr auto kHex = MakeHex();
 
-// The RTF is 7-bit, so its bytes (Unit is char) and its text (char16_t) are made alike.
+// RTF is made as bytes of 7 bits (Unit is char) or as text (char16_t), in which what can't be taken
+// for a byte stands for itself.
 template <typename Unit>
 Unit* PutHex(Unit* to, char byte) {
   const std::array<char, 2>& digits = kHex[static_cast<unsigned char>(byte)];
@@ -87,8 +88,16 @@ Unit* PutSpelled(Unit* to, char16_t unit) {
 }
 
 template <typename Unit>
+bool StandsForItselfAs(char16_t unit) {
+  if constexpr (sizeof(Unit) > 1) {
+    if (unit > 0xFF) return unit != u'\u2028' && unit != u'\u2029';
+  }
+  return StandsForItself(unit);
+}
+
+template <typename Unit>
 Unit* PutUnit(Unit* to, const MachineByteTable& bytes, char16_t unit) {
-  if (StandsForItself(unit)) {
+  if (StandsForItselfAs<Unit>(unit)) {
     *to++ = static_cast<Unit>(unit);
     return to;
   }
@@ -157,8 +166,9 @@ class Writer {
   }
 
  private:
-  // Most letters take four units. A text that grows instead is copied again and again.
+  // As bytes most letters take four. A text that grows instead is copied again and again.
   static std::size_t LikelySize(const Document& document) {
+    constexpr std::size_t kPerLetter = sizeof(Unit) > 1 ? 1 : 4;
     constexpr std::size_t kPerParagraph = 64;
     std::size_t letters = 0;
     for (const Paragraph& paragraph : document.paragraphs) {
@@ -166,7 +176,7 @@ class Writer {
         if (const Text* const text = std::get_if<Text>(&run.content)) letters += text->size();
       }
     }
-    return 4 * letters + kPerParagraph * (document.paragraphs.size() + 1);
+    return kPerLetter * letters + kPerParagraph * (document.paragraphs.size() + 1);
   }
 
   void Add(std::string_view bytes) { out_.append(bytes.begin(), bytes.end()); }

@@ -43,8 +43,7 @@ struct RichTextBench {
 };
 
 inline platform::Text RtfOf(const platform::rtf::Document& document) {
-  const std::string rtf = platform::rtf::Write(document);
-  return {rtf.begin(), rtf.end()};
+  return platform::rtf::WriteText(document);
 }
 
 // A picture of 4 by 3 pixels as a file ("PNG", "JPG", "BMP").

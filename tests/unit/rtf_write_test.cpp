@@ -158,7 +158,17 @@ TEST(RtfWrite, ReadingGivesBackWhatWasWritten) {
     ASSERT_EQ(Read(rtf), document) << "seed " << seed << "\n" << rtf;
     ASSERT_EQ(Read(Widen(rtf)), document) << "seed " << seed;
     ASSERT_EQ(PlainText(rtf), TextOf(document)) << "seed " << seed << "\n" << rtf;
+    const Text text = WriteText(document);
+    ASSERT_EQ(Read(text), document) << "seed " << seed << "\n" << platform::ToUtf8(text);
+    ASSERT_EQ(PlainText(text), TextOf(document)) << "seed " << seed;
   }
+}
+
+// What can't be a byte is no riddle: only signs of lines and paragraphs are spelt.
+TEST(RtfWrite, InATextLettersStandForThemselves) {
+  const Text rtf = WriteText(OneParagraph(u"سلام \u060C 1 \u00E9\u2028ی"));
+  EXPECT_TRUE(rtf.ends_with(u"\\qr\u0633\u0644\u0627\u0645 \u060C 1 \\'e9\\line \u06CC\\par\r\n}"))
+      << platform::ToUtf8(rtf);
 }
 
 TEST(RtfWrite, WhatIsWrittenIsSevenBit) {
@@ -186,6 +196,7 @@ TEST(RtfWrite, AllLettersOfThePageComeBack) {
     if (unit != u'\u2029') text += unit;
   }
   EXPECT_EQ(Read(Write(OneParagraph(text))), OneParagraph(text));
+  EXPECT_EQ(Read(WriteText(OneParagraph(text))), OneParagraph(text));
 }
 
 }  // namespace
