@@ -212,12 +212,12 @@ void Unflushed::Flush(TextView path) {
   while (top.path.size() > 1 && top.path.ends_with('/')) top.path.pop_back();
   top.isThere = Found(top.path).has_value();
   HostPaths paths;
-  for (auto each = noted_.lower_bound(top.path);
-       each != noted_.end() && each->first.starts_with(top.path); ++each) {
-    const auto& [hostPath, noted] = *each;
-    if (!noted.isWritten || !IsOf(top, hostPath)) continue;
-    if (noted.error && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), noted.error);
-    paths.insert(paths.end(), hostPath);
+  for (const auto& [hostPath, noted] : noted_) {
+    if (noted.isWritten && IsOf(top, hostPath)) paths.insert(hostPath);
+  }
+  for (const std::string& hostPath : paths) {
+    const HostError error = noted_.at(hostPath).error;
+    if (error && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), error);
   }
   const Outcome outcome = FlushPaths(paths, top);
   if (outcome.error) {

@@ -8,8 +8,8 @@
 // which they were. A folder has no bytes of its own: its flush is tried again.
 #pragma once
 
-#include <map>
 #include <string>
+#include <unordered_map>
 
 #include "platform/files/host_error.h"
 #include "platform/text/text.h"
@@ -38,7 +38,7 @@ class Unflushed {
   void Flush(TextView path);
 
  private:
-  std::map<std::string, NotedPath> noted_;  // by host path
+  std::unordered_map<std::string, NotedPath> noted_;  // by host path
 };
 
 }  // namespace platform
