@@ -343,6 +343,9 @@ TEST(RtfPlainText, ASubstituteWithoutDigitsTakesNothingThatFollows) {
   const std::string rtf = Rich("{\\pict\\b\\u8\\'}\\{");
   EXPECT_EQ(PlainText(rtf), u" {");
   EXPECT_EQ(TextOf(Read(rtf)), u" {");
+  EXPECT_EQ(Plain("\\u1587\\'g12"), u"سg12");
+  EXPECT_EQ(Plain("\\u1587\\'1g2"), u"س1g2");
+  EXPECT_EQ(Plain("\\u1587\\'3fg"), u"سg");
 }
 
 TEST(RtfPlainText, ControlCharactersWrittenAsNumbersAreThatAndNoParagraphs) {
