@@ -7,8 +7,8 @@
 PATH is a source or a folder of sources, COUNT how many faults are tried (20). They are drawn by the
 seed, and the same seed draws the same ones from the same code. Each is planted in a copy of the tree
 (build/mutate) and built; what can't be built is stillborn and not counted. Then the tests run,
-the likeliest first: those named after the file (name), those that include its header (header), those
-of its room (room), the sample session with its pictures (pictures), those in the same folders of tests
+the likeliest first: those named after the file (name), those that include its header (header), the
+sample session with its pictures (pictures), those of its room (room), those in the same folders of tests
 (folder), all of them (all); --tests says where to stop. A program that the fault isn't in doesn't run. A
 fault is seen when one fails, crashes or doesn't end.
 

@@ -203,7 +203,7 @@ class LikelyTests(unittest.TestCase):
                  FakeTest("book", "stems_test", "workbench/stems.h")]
         self.assertEqual(self.levels(tests, "workbench/marking.cpp"),
                          [("name", ["marking_test"]), ("header", ["guide_test"]),
-                          ("room", ["stems_test"]), ("pictures", ["sample_session"]),
+                          ("pictures", ["sample_session"]), ("room", ["stems_test"]),
                           ("folder", ["text_test"]),
                           ("all", ["boxes_test"])])
 

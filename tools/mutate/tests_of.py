@@ -6,7 +6,7 @@ from pathlib import Path
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 
 # How far from the file a test may be.
-LEVELS = ("name", "header", "room", "pictures", "folder", "all")
+LEVELS = ("name", "header", "pictures", "room", "folder", "all")
 WITH_WINDOWS = {"windows", "viewer"}
 
 
