@@ -4,11 +4,9 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <stdexcept>
-#include <string_view>
 
 #include "bench/bare_book.h"
 #include "bench/desk.h"

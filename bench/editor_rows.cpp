@@ -6,7 +6,6 @@
 #include <QTextEdit>
 #include <QTimer>
 #include <functional>
-#include <memory>
 #include <stdexcept>
 
 #include "bench/bare_edit.h"

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "bench/desk.h"
 #include "bench/process.h"

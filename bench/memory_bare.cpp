@@ -2,7 +2,6 @@
 // of it is laid out.
 #include <QApplication>
 #include <QString>
-#include <iostream>
 
 #include "bench/bare_edit.h"
 #include "bench/peak_memory.h"

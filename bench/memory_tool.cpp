@@ -1,7 +1,6 @@
 // bench_memory_tool FOLDER INPUT FILE: opens the file of the input folder in the workbench, with
 // the program in the empty folder, and prints the highest memory once all of it is laid out.
 #include <filesystem>
-#include <iostream>
 #include <string>
 
 #include "bench/bare_edit.h"

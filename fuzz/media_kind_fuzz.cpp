@@ -1,5 +1,4 @@
 // What a sound or a film is. Whatever the bytes are, they are answered in few reads.
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 #include "platform/column.h"
 #include "platform/files/file_system_object.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "platform/failure.h"

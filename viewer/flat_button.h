@@ -3,7 +3,6 @@
 
 #include <QAbstractButton>
 #include <QString>
-#include <functional>
 
 #include "viewer/look.h"
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QListView>
-#include <functional>
 #include <vector>
 
 #include "viewer/book/folder.h"

@@ -4,7 +4,6 @@
 #include <QTextDocument>
 #include <QTextFragment>
 #include <QUrl>
-#include <algorithm>
 
 #include "viewer/book/media.h"
 #include "viewer/book/text_file.h"

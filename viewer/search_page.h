@@ -5,7 +5,6 @@
 #include <QListView>
 #include <QWidget>
 #include <functional>
-#include <vector>
 
 #include "viewer/look.h"
 #include "viewer/search_worker.h"

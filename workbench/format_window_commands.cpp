@@ -1,6 +1,5 @@
 // The marking commands: what is selected in the text goes into the title or into the entry table.
 // They ask the text box for its selection only, so that a command costs what the passage costs.
-#include <utility>
 
 #include "core/numbers.h"
 #include "platform/windows/application.h"

@@ -1,6 +1,5 @@
 // The bridge between the entry list and the paragraph window: a row goes out to be edited, comes
 // back, or is deleted.
-#include <utility>
 
 #include "core/numbers.h"
 #include "platform/failure.h"

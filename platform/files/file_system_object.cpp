@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "platform/failure.h"

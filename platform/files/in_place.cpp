@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
-#include <string_view>
 
 namespace platform {
 namespace {

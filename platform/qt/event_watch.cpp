@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QTimer>
-#include <algorithm>
 #include <utility>
 #include <vector>
 

@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QImageReader>
 #include <algorithm>
-#include <utility>
 
 #include "media/picture_plan.h"
 

@@ -6,7 +6,6 @@
 #include <QTextFormat>
 #include <QUrl>
 #include <QtEndian>
-#include <algorithm>
 #include <cstring>
 #include <memory>
 

@@ -1,8 +1,6 @@
 // One \pict at a time: its kind, its size, its bytes.
 #pragma once
 
-#include <string_view>
-
 #include "platform/rtf/document.h"
 #include "platform/rtf/words.h"
 

@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
-#include <utility>
 
 #include "platform/rtf/words.h"
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
-#include <vector>
 
 #include "platform/text/encoding.h"
 #include "platform/text/text.h"

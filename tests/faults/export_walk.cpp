@@ -1,6 +1,5 @@
 #include "tests/faults/export_walk.h"
 
-#include <filesystem>
 #include <stdexcept>
 
 #include "tests/faults/places.h"

@@ -6,7 +6,6 @@
 
 #include <QTest>
 #include <algorithm>
-#include <cerrno>
 #include <regex>
 
 #include "platform/text/encoding.h"

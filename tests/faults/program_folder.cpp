@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <map>
-#include <string_view>
 
 #include "platform/text/encoding.h"
 #include "tests/support/temporary_folder.h"

@@ -2,7 +2,6 @@
 
 #include <QTest>
 #include <filesystem>
-#include <utility>
 
 #include "platform/text/encoding.h"
 #include "tests/faults/program_folder.h"

@@ -1,7 +1,6 @@
 #include "tests/media/media_bytes.h"
 
 #include <fstream>
-#include <initializer_list>
 #include <iterator>
 #include <stdexcept>
 

@@ -1,6 +1,5 @@
 #include "tests/media/strace_log.h"
 
-#include <array>
 #include <optional>
 
 namespace media_tests {

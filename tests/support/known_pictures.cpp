@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
-#include <map>
 #include <set>
 #include <stdexcept>
 

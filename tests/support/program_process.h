@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QTimer>
-#include <cstdlib>
 #include <functional>
 #include <string>
 

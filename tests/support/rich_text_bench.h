@@ -8,7 +8,6 @@
 #include <array>
 #include <random>
 #include <string>
-#include <utility>
 
 #include "platform/rtf/document.h"
 #include "platform/rtf/rtf.h"

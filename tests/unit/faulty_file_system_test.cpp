@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <string>
 
 #include "platform/failure.h"
 #include "platform/files/file_system.h"

@@ -9,7 +9,6 @@
 
 #include <cerrno>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 

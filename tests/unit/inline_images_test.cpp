@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "platform/failure.h"
@@ -20,8 +18,7 @@ using platform::Text;
 using platform::TextView;
 using testing_support::TemporaryFolder;
 
-// The steps one after the other, as they are described: the whole text is searched and rewritten
-// anew for each mark.
+// The steps one after the other: the whole text is searched and rewritten anew for each mark.
 bool StepByStep(Text& text, const Column<Text>& inlineImage, const BringImage& bring) {
   const TextView opens = u"<pgMain> {";
   const TextView closes = u"}</pgMain>";

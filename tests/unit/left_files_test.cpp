@@ -7,7 +7,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <string>
 
 #include "platform/failure.h"

@@ -4,7 +4,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTextEdit>
-#include <filesystem>
 
 #include "tests/support/peak_memory.h"
 #include "tests/support/picture_files.h"

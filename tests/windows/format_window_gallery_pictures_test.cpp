@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QScrollBar>
-#include <algorithm>
 #include <filesystem>
 
 #include "tests/support/gallery_desk.h"

@@ -7,7 +7,6 @@
 #include <QMenu>
 #include <QTest>
 #include <QTextEdit>
-#include <set>
 
 #include "tests/support/gallery_desk.h"
 

@@ -11,7 +11,6 @@
 #include <QTimer>
 #include <array>
 #include <cstdio>
-#include <memory>
 
 #include "platform/windows/application.h"
 #include "platform/windows/clipboard.h"

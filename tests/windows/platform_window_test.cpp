@@ -9,7 +9,6 @@
 #include <QTest>
 #include <QTimer>
 #include <array>
-#include <optional>
 
 #include "platform/windows/controls.h"
 #include "tests/support/small_window.h"

@@ -2,11 +2,9 @@
 // operations alone, without a window.
 #pragma once
 
-#include <cstddef>
 #include <map>
 #include <random>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/text/text.h"

@@ -1,6 +1,5 @@
 #include "viewer/book/contents.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "viewer/book/text_file.h"

@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QtDebug>
 #include <algorithm>
-#include <string_view>
 
 #include "viewer/book/shown_name.h"
 

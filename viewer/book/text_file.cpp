@@ -6,7 +6,6 @@
 #include <QtDebug>
 #include <QtEndian>
 #include <algorithm>
-#include <functional>
 #include <memory>
 
 #include "viewer/book/shown_name.h"
