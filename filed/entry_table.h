@@ -97,7 +97,7 @@ struct EntryTable {
 
 // Calls `visit(number, column)` for every column of the table, a grid or flags among them. The
 // numbers stand in records on the disk: a column keeps its own for good, and a new one gets the
-// next.
+// next but for 12, which is that of the list's lines (recovery/work.h).
 template <typename Visit>
 void ForEachColumn(EntryTable& table, const Visit& visit) {
   visit(0, table.entryTitle);

@@ -3,7 +3,7 @@
 //
 // A record has whatever the three functions here and filed::ForEachColumn name, and nothing else.
 // The numbers that they give stand in records on the disk: each keeps its meaning for good, and
-// what is new gets the next.
+// what is new gets the next, and the records a new version (recovery/piece.h).
 #pragma once
 
 #include <functional>
