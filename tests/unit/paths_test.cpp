@@ -158,4 +158,10 @@ TEST(StateFolder, ThatCanNotBeMadeIsNamedAllTheSame) {
   EXPECT_EQ(SystemLogPath(), home.Path(u".local\\state\\zorvand\\ZVL.log"));
 }
 
+TEST(RecordsPath, LiesBesideThatLog) {
+  const TemporaryFolder home;
+  setenv("HOME", home.HostPath().c_str(), 1);
+  EXPECT_EQ(RecordsPath(), home.Path(u".local\\state\\zorvand\\recovery"));
+}
+
 }  // namespace
