@@ -16,6 +16,9 @@ namespace {
 // A short record isn't worth writing anew.
 constexpr std::size_t kAlwaysRoom = std::size_t{256} * 1024;
 
+// So long a power cut may take, and no longer.
+constexpr std::chrono::milliseconds kLate = std::chrono::seconds(1);
+
 // For whoever looks into the folder; the record itself says whose it is.
 Text NameBeginning(const Collection& collection) {
   const auto isPlain = [](char16_t unit) {
@@ -75,8 +78,16 @@ void Keeper::Keep(LiveWork work) {
     });
     if (!changed || (file_ == nullptr && HoldsNothing(work))) return;
     if (begins) WriteWhole(work);
-    needsSync_ = true;
+    SyncIfLate();
   });
+}
+
+void Keeper::SyncIfLate() {
+  const std::chrono::milliseconds now = folder_->Uptime();
+  if (!std::exchange(needsSync_, true)) unsyncedSince_ = now;
+  if (now - unsyncedSince_ < kLate) return;
+  file_->Sync();
+  needsSync_ = false;
 }
 
 void Keeper::WriteWhole(LiveWork& work) {
@@ -90,7 +101,6 @@ void Keeper::WriteWhole(LiveWork& work) {
   isWhole_ = true;
   collection_ = work.collection;
   wholeBytes_ = file_->Size();
-  needsSync_ = true;
 }
 
 void Keeper::Sync(LiveWork work) {
@@ -102,7 +112,6 @@ void Keeper::Sync(LiveWork work) {
     // What stands there already is as good, should the disk have no room for both.
     wholeBytes_ = file_->Size();
     platform::Ignoring([&] { WriteWhole(work); });
-    needsSync_ = false;
   });
 }
 

@@ -2,6 +2,7 @@
 // closed. A disk that says no ends the record and nothing else.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -31,7 +32,9 @@ class Keeper {
   // What there is now is where the next record begins; only a change after it makes one, and
   // only as long as there is something to be brought back.
   void Start(LiveWork work);
-  // What has changed since the last call goes to the end of the record.
+  // What has changed since the last call goes to the end of the record. What stands there unsynced
+  // for a second is synced then, too: where a handler has held up the call of Sync, only the time
+  // of that one handler comes to the second that a power cut can take.
   void Keep(LiveWork work);
   // Whether something isn't on the disk itself yet.
   bool NeedsSync() const { return needsSync_; }
@@ -49,6 +52,7 @@ class Keeper {
   void Try(const std::function<void()>& act);
   void Settle(LiveWork& work);
   void WriteWhole(LiveWork& work);
+  void SyncIfLate();
   void Off(const platform::Text& reason);
 
   platform::RecordFolder* folder_;
@@ -61,6 +65,7 @@ class Keeper {
   bool isStarted_ = false;
   bool isOff_ = false;
   bool needsSync_ = false;
+  std::chrono::milliseconds unsyncedSince_{0};  // if it needs a sync
 };
 
 }  // namespace recovery

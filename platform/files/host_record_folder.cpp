@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <utility>
@@ -20,6 +21,11 @@ namespace {
 constexpr std::string_view kRecordEnding = ".record";
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr TextView kWriteDeed = u"write";
+
+// Empty above the top.
+std::string FolderOf(const std::string& hostPath) {
+  return hostPath.substr(0, hostPath.rfind('/'));
+}
 
 class HostRecord : public RecordFile {
  public:
@@ -89,9 +95,13 @@ class HostRecord : public RecordFile {
     } while (result != 0 && errno == EINTR);
     if (result != 0) FailHost(kWriteDeed, path_, HostError(errno));
     if (!std::exchange(nameIsNew_, false)) return;
-    const Descriptor folder = OpenHost(hostPath_.substr(0, hostPath_.rfind('/')), O_RDONLY);
-    const HostError error = folder.IsOpen() ? folder.Flush() : HostError(errno);
-    if (error) FailHost(kWriteDeed, path_, error);
+    std::string folder = FolderOf(hostPath_);
+    FlushFolder(folder);
+    if (!std::exchange(foldersAreNew_, false)) return;
+    // What of these its user can't read was there before.
+    while (!(folder = FolderOf(folder)).empty()) {
+      if (::access(folder.c_str(), R_OK) == 0) FlushFolder(folder);
+    }
   }
 
   void Remove() override {
@@ -100,6 +110,12 @@ class HostRecord : public RecordFile {
   }
 
  private:
+  void FlushFolder(const std::string& hostFolder) const {
+    const Descriptor folder = OpenHost(hostFolder, O_RDONLY);
+    const HostError error = folder.IsOpen() ? folder.Flush() : HostError(errno);
+    if (error) FailHost(kWriteDeed, path_, error);
+  }
+
   std::string BesidePath() const {
     const std::size_t name = hostPath_.rfind('/') + 1;
     return hostPath_.substr(0, name).append(".").append(hostPath_, name).append(kBesideEnding);
@@ -110,6 +126,7 @@ class HostRecord : public RecordFile {
   std::unique_ptr<Descriptor> file_;
   off_t size_;
   bool nameIsNew_ = true;
+  bool foldersAreNew_ = true;  // those above it: one that a first start has made
 };
 
 class RecordsOfHost : public RecordFolder {
@@ -172,6 +189,10 @@ class RecordsOfHost : public RecordFolder {
   }
 
   std::int64_t Now() override { return std::time(nullptr); }
+  std::chrono::milliseconds Uptime() override {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+  }
 
  private:
   Text PathOf(TextView name) const { return Text(path_).append(u"\\").append(name); }

@@ -3,6 +3,7 @@
 // left is anybody's. Whatever fails throws Failure.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -59,6 +60,8 @@ class RecordFolder {
   [[nodiscard]] virtual std::unique_ptr<RecordFile> Make(TextView beginning) = 0;
   // Seconds since 1970.
   virtual std::int64_t Now() = 0;
+  // Since some moment, by a clock that nobody sets.
+  virtual std::chrono::milliseconds Uptime() = 0;
 };
 
 // The folder at that path of the host.

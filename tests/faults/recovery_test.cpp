@@ -274,4 +274,25 @@ TEST_F(RecoveryFaults, SyncsWhatWasWrittenOnce) {
   EXPECT_EQ(records.Names().back(), "Sync");
 }
 
+// Nobody has called for a sync meanwhile, as a handler took its time.
+TEST_F(RecoveryFaults, WhatStandsUnsyncedForASecondIsSyncedWithTheNextChange) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(6);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  const auto change = [&] {
+    editor.Work().fields.title += u"a";
+    keeper.Keep(editor.Live());
+  };
+  change();
+  change();
+  EXPECT_EQ(records.Names().back(), "Append");
+  records.waited = std::chrono::seconds(1);
+  change();
+  EXPECT_EQ(records.Names().back(), "Sync");
+  EXPECT_FALSE(keeper.NeedsSync());
+  change();
+  EXPECT_EQ(records.Names().back(), "Append") << "the second begins anew";
+}
+
 }  // namespace

@@ -91,6 +91,14 @@ void RecordWrite(int file, std::size_t length) {
   if (count == static_cast<ssize_t>(length)) Record(std::move(event));
 }
 
+// What is open under the old name goes on under the new one.
+void RecordRename(const std::string& from, const std::string& to) {
+  Record({.kind = Kind::kRename, .path = from, .target = to});
+  for (auto& [file, path] : TheRecording().opened) {
+    if (path == from) path = to;
+  }
+}
+
 void RecordFlush(int file) {
   const std::string* const path = OpenedAs(file);
   struct stat known {};
@@ -183,9 +191,7 @@ int rename(const char* from, const char* to) noexcept {
   static const auto library = Library<int(const char*, const char*)>("rename");
   const int result = library(from, to);
   if (result == 0 && testing_support::IsInside(from)) {
-    testing_support::Record({.kind = Kind::kRename,
-                             .path = testing_support::Below(from),
-                             .target = testing_support::Below(to)});
+    testing_support::RecordRename(testing_support::Below(from), testing_support::Below(to));
   }
   return result;
 }
@@ -206,6 +212,15 @@ int mkdir(const char* path, mode_t mode) noexcept {
 
 int fsync(int file) {
   static const auto library = Library<int(int)>("fsync");
+  if (testing_support::IsRefused(file, Kind::kLoseFile)) return -1;
+  const int result = library(file);
+  if (result == 0) testing_support::RecordFlush(file);
+  return result;
+}
+
+// The length of a file is among what it flushes.
+int fdatasync(int file) {
+  static const auto library = Library<int(int)>("fdatasync");
   if (testing_support::IsRefused(file, Kind::kLoseFile)) return -1;
   const int result = library(file);
   if (result == 0) testing_support::RecordFlush(file);

@@ -26,8 +26,7 @@ struct DiskEvent {
     kTold,  // the editor was told something: `path` says what
   };
   Kind kind;
-  std::string path =
-      {};  // from the folder on ("Data/TXT/x.htm"); of an open file, as it was opened
+  std::string path = {};  // from the folder on ("Data/TXT/x.htm"); of an open file, its name then
   std::string target = {};
   std::size_t at = 0;
   std::string bytes = {};

@@ -1,6 +1,7 @@
-// A folder of records whose k-th operation fails, and whose clock is the test's own.
+// A folder of records whose k-th operation fails, and whose clocks are the test's own.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -27,6 +28,8 @@ class FaultyRecords : public platform::RecordFolder {
   const std::vector<std::string>& Names() const { return names_; }
   // Seconds that the clock has been moved by.
   std::int64_t clockMoved = 0;
+  // That have passed besides those of the host.
+  std::chrono::milliseconds waited{0};
 
   std::vector<platform::FoundRecord> List() override {
     Count("List");
@@ -41,6 +44,7 @@ class FaultyRecords : public platform::RecordFolder {
     return Wrapped(real_.Make(beginning));
   }
   std::int64_t Now() override { return real_.Now() + clockMoved; }
+  std::chrono::milliseconds Uptime() override { return real_.Uptime() + waited; }
 
  private:
   class File : public platform::RecordFile {
