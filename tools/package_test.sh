@@ -46,7 +46,9 @@ try_here() {
   check_menu "$folder/$TOOL" zorvand "$TOOL_TITLE"
   check_menu "$folder/$VIEWER" zorvand-viewer "$VIEWER_TITLE"
   [ -s "$folder/$TOOL/ZVL.txt" ] || die "zorvand has written no ZVL.txt beside itself."
-  say "The packages are whole, and start from the menu."
+  QT_QPA_PLATFORM=offscreen "$BUILD/tools/kill_test/kill_test" --program "$folder/$TOOL" \
+    "$BUILD/tools/kill_test/plugins" "$WORK/killed" 5 || die "The packaged tool lost what was filed."
+  say "The packages are whole, start from the menu, and keep a record of what is filed."
 }
 
 usage() {
@@ -66,7 +68,7 @@ if [ "$mode" = --all ]; then need_bare_debian; fi
 if [ "$mode" != --built ]; then
   need_packages "${BUILD_PACKAGES[@]}" "${FONT_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
   take_turn
-  build_release zorvand viewer sample_session
+  build_release zorvand viewer sample_session kill_test
 fi
 WORK=$(mktemp -d)
 trap 'close_screen; rm -rf -- "$WORK"' EXIT
