@@ -141,6 +141,19 @@ class Replay {
 
 }  // namespace
 
+namespace {
+
+// The next free rows lie right after those that are there: whoever goes on makes no table up to a
+// number that is none of this work's.
+bool MakesSense(const filed::FiledWork& filed) {
+  constexpr std::ptrdiff_t kMostOpen = INT32_MAX;
+  return filed.entryCount <= filed.table.entryTitle.Count() &&
+         filed.imageCount <= filed.table.inlineImage.Count() && filed.mainOpen <= kMostOpen &&
+         filed.mainOpen >= -kMostOpen;
+}
+
+}  // namespace
+
 std::optional<Work> ReadRecord(std::string_view file) {
   if (HeadOf(file) != Head::kReadable) return std::nullopt;
   file.remove_prefix(kHeadLength);
@@ -148,7 +161,8 @@ std::optional<Work> ReadRecord(std::string_view file) {
   platform::Ignoring([&] {
     Replay replay;
     while (const auto content = TakePiece(file)) replay.Piece(*content);
-    work = replay.TakeWork();
+    Work told = replay.TakeWork();
+    if (MakesSense(told.filed)) work = std::move(told);
   });
   return work;
 }

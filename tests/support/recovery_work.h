@@ -19,9 +19,9 @@ void Describe(std::string& all, const platform::Column<T>& column) {
   for (std::ptrdiff_t row = 0; row < column.Count(); ++row) {
     const std::string at = " " + std::to_string(row) + "=";
     if constexpr (std::is_same_v<T, platform::Text>) {
-      if (!column(row).empty()) all += at + ToUtf8(column(row));
+      if (!column(row).empty()) all.append(at).append(ToUtf8(column(row)));
     } else if constexpr (std::is_same_v<T, char>) {
-      if (column(row) != 0) all += at + "yes";
+      if (column(row) != 0) all.append(at).append("yes");
     } else {
       std::string cells;
       Describe(cells, column(row));

@@ -297,6 +297,10 @@ TEST(RecoveryRecord, NoNumberInItMakesMoreThanItsBytes) {
   EXPECT_EQ(ReadBack(piece(Change::kRest, {0, 1, 0})), "refused");
   EXPECT_EQ(ReadBack(piece(static_cast<Change>(99), {})), "refused");
   EXPECT_NE(ReadBack(piece(Change::kGap, {0, kHuge})), "refused") << "of an empty table";
+  EXPECT_EQ(ReadBack(piece(Change::kNumber, {0, 2})), "refused") << "no such row";
+  EXPECT_EQ(ReadBack(piece(Change::kNumber, {1, kHuge})), "refused") << "too many main titles";
+  EXPECT_EQ(ReadBack(piece(Change::kNumber, {2, 2})), "refused") << "no such picture";
+  EXPECT_NE(ReadBack(piece(Change::kNumber, {0, 1})), "refused") << "a heading was deleted";
 }
 
 // `characters` letters and blanks in paragraphs of that length, as the window files them.
