@@ -219,6 +219,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   void ShowGalleryMode(bool on);
 
   core::CollectionKey KeyInHand();
+  const platform::Text& BookFolder();
   recovery::Collection CollectionInHand();
   [[nodiscard]] std::optional<platform::TextEdit> TakeTextEdit();
   recovery::LiveWork Live();
@@ -253,6 +254,8 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   bool recordBegins_ = false;  // the collection is built, and what follows has no record yet
   bool textIsWork_ = false;    // what stands in matn is no longer the design's
   bool syncIsDue_ = false;     // a call of the watch is under way
+  platform::Text bookNamed_;   // what idir said when the book's folder was looked for last
+  platform::Text bookFolder_;
   RecoveryWindow recoveryWindow_;
   platform::EventWatch watch_;
 };

@@ -31,9 +31,24 @@ core::CollectionKey Form3::KeyInHand() {
   return key;
 }
 
+// By its own name, so that it is the same by whichever path an editor comes to it. A field that is
+// just being typed into names no folder, and the work stays where it was. Costs nothing while the
+// field stays as it is.
+const Text& Form3::BookFolder() {
+  Text named = form1_.idir.Text();
+  if (named == bookNamed_) return bookFolder_;
+  bookNamed_ = std::move(named);
+  if (const auto real = platform::RealFolder(bookNamed_)) {
+    bookFolder_ = platform::DoSlash(*real);
+  } else if (bookFolder_.empty()) {
+    bookFolder_ = platform::DoSlash(bookNamed_);
+  }
+  return bookFolder_;
+}
+
 recovery::Collection Form3::CollectionInHand() {
   const core::CollectionKey key = KeyInHand();
-  return {platform::DoSlash(form1_.idir.Text()), key.letter + key.digit};
+  return {BookFolder(), key.letter + key.digit};
 }
 
 // The text that the box is designed with is nobody's work: the first edit after it tells the
@@ -84,18 +99,27 @@ void Form3::BeginRecord() {
 
 void Form3::OfferRecords() {
   if (!isOpen_) return;
+  bookNamed_.clear();
   report_.Catching(core::failure::kBringBack,
                    [&] { recoveryWindow_.Offer(keeper_.FindLeft(CollectionInHand()), *this); });
 }
 
-bool Form3::BringBack(recovery::Work& work) {
+// Where this run can keep no record, the one that was brought back is the work's still.
+bool Form3::BringBack(recovery::LeftRecord& record, recovery::Work& work) {
   bool brought = false;
   report_.Catching(core::failure::kBringBack, [&] {
     TakeOver(work);
     brought = true;
   });
   ShowGalleryAgain();
-  return keeper_.KeepWhole(Live()) && brought;
+  const bool isKept = keeper_.KeepWhole(Live());
+  if (!brought) return false;
+  if (isKept) {
+    platform::Ignoring([&] { record.file->Remove(); });
+  } else {
+    keeper_.Hold(std::move(record.file));
+  }
+  return true;
 }
 
 void Form3::TakeOver(recovery::Work& work) {

@@ -184,6 +184,17 @@ Text DoSlash(TextView path, std::size_t shortest) {
   return result;
 }
 
+std::optional<Text> RealFolder(TextView path) {
+  std::optional<Text> found;
+  Ignoring([&] {
+    char real[PATH_MAX];
+    struct stat known {};
+    if (::realpath(HostPath(path).c_str(), real) == nullptr) return;
+    if (::stat(real, &known) == 0 && S_ISDIR(known.st_mode)) found = ToolPath(real);
+  });
+  return found;
+}
+
 Text ProgramFolder() {
   Text folder = ToolPath(ProgramFile());
   folder.erase(folder.rfind(u'\\'));

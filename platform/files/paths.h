@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,11 @@ Text TypedPath(TextView typed);
 // A final "\" for a text of `shortest` or more characters that has none; shorter texts stay as they
 // are.
 Text DoSlash(TextView path, std::size_t shortest = 2);
+
+// The folder that a path leads to, by its own name: without links, "." and "..", and without a
+// final
+// "\". Nothing where no folder is.
+std::optional<Text> RealFolder(TextView path);
 
 // The folder of the running program, without a final "\".
 Text ProgramFolder();

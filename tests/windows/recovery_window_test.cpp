@@ -260,13 +260,47 @@ TEST_F(RecoveryWindow, OffersNothingOfAnotherCollectionOrBook) {
   EXPECT_TRUE(IsShown());
 }
 
-// A build whose question is answered by No leaves the work, and so its record.
+TEST_F(RecoveryWindow, OffersItByWhicheverPathTheBookIsReached) {
+  FileFive();
+  Robot::CloseWindow("Form3");
+  fs::create_symlink(desk.HostPath("Data"), desk.HostPath("Link"));
+  for (const char16_t* path : {u"Link", u"Data\\", u"Data\\..\\.\\Data"}) {
+    desk.form1.idir.SetText(desk.Path(path));
+    desk.PressNext();
+    EXPECT_TRUE(IsShown()) << platform::ToUtf8(path);
+    Robot::CloseWindow("Form3");
+  }
+}
+
+// Each letter that is typed into the field names another folder.
+TEST_F(RecoveryWindow, TheWorkStaysWithItsBookUntilAnotherFolderIsNamed) {
+  FileFive();
+  desk.form1.idir.SetText(desk.Path(u"Dat"));
+  Robot::Settle();
+  FormatDesk::Command(0, "what is");
+  EXPECT_EQ(std::ranges::count(desk.records.Names(), "Replace"), 0);
+  Robot::CloseWindow("Form3");
+  desk.form1.idir.SetText(desk.Path(u"Data"));
+  desk.PressNext();
+  EXPECT_TRUE(IsShown());
+}
+
+// A build whose question is answered by No leaves the work, and so its record; so does one that
+// failed.
 TEST_F(RecoveryWindow, OnlyABuildThatWentThroughTakesTheRecord) {
   FileFive();
   desk.Write("Data/_xml/aTitle1.xml", "stands already");
   desk.robot.AnswerNo();
   Robot::PressKey("Form3", "matn", Qt::Key_F12);
   EXPECT_THAT(Records(), SizeIs(1));
+  for (const char* operation : {"Write", "Flush"}) {
+    desk.files.FailWhere(operation, "aTitle1.xml");
+    desk.robot.AnswerYes();
+    Robot::PressKey("Form3", "matn", Qt::Key_F12);
+    EXPECT_TRUE(desk.files.HasFailed());
+    EXPECT_THAT(Records(), SizeIs(1)) << operation;
+  }
+  desk.files.FailAt(0);
   desk.robot.AnswerYes();
   Robot::PressKey("Form3", "matn", Qt::Key_F12);
   EXPECT_THAT(Records(), IsEmpty());
