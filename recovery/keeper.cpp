@@ -78,8 +78,16 @@ void Keeper::Keep(LiveWork work) {
     });
     if (!changed || (file_ == nullptr && HoldsNothing(work))) return;
     if (begins) WriteWhole(work);
+    CheckLength();
     SyncIfLate();
   });
+}
+
+// Before it is so long that nobody would read it.
+void Keeper::CheckLength() const {
+  if (file_->Size() > kLongestRecord / 2) {
+    throw platform::Failure(u"There is too much for a record");
+  }
 }
 
 void Keeper::SyncIfLate() {
@@ -118,8 +126,10 @@ void Keeper::Sync(LiveWork work) {
 void Keeper::Drop() {
   isStarted_ = false;
   needsSync_ = false;
-  const std::unique_ptr<platform::RecordFile> built = std::move(file_);
-  if (built != nullptr) Try([&] { built->Remove(); });
+  for (auto* const record : {&file_, &held_}) {
+    const std::unique_ptr<platform::RecordFile> built = std::move(*record);
+    if (built != nullptr) Try([&] { built->Remove(); });
+  }
 }
 
 void Keeper::Close() {
@@ -128,6 +138,7 @@ void Keeper::Close() {
   });
   isStarted_ = false;
   file_.reset();
+  held_.reset();
 }
 
 bool Keeper::KeepWhole(LiveWork work) {

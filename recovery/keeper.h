@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/files/record_folder.h"
@@ -47,17 +49,21 @@ class Keeper {
   void Close();
   // All of the work goes into a record of this run at once, onto the disk. False where that failed.
   [[nodiscard]] bool KeepWhole(LiveWork work);
+  // An earlier run's record of this work, where this run has none: it goes or stays in its place.
+  void Hold(std::unique_ptr<platform::RecordFile> record) { held_ = std::move(record); }
 
  private:
   void Try(const std::function<void()>& act);
   void Settle(LiveWork& work);
   void WriteWhole(LiveWork& work);
   void SyncIfLate();
+  void CheckLength() const;
   void Off(const platform::Text& reason);
 
   platform::RecordFolder* folder_;
   std::function<void(platform::TextView)> log_;
   std::unique_ptr<platform::RecordFile> file_;
+  std::unique_ptr<platform::RecordFile> held_;
   Recorded recorded_;
   Collection collection_;         // that the file begins with
   std::uint64_t wholeBytes_ = 0;  // of the record when it was written whole

@@ -13,8 +13,11 @@ namespace recovery {
 
 namespace {
 
-// A tool that was ended as it made the file got no further.
-bool IsStillborn(platform::RecordFile& file) { return file.Size() < kHeadLength; }
+// A tool that was ended as it made the file got no further than its head.
+bool IsStillborn(platform::RecordFile& file) {
+  return file.Size() < kHeadLength ||
+         (file.Size() == kHeadLength && HeadOf(file.Read(kHeadLength)) == Head::kReadable);
+}
 
 std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::FoundRecord& found,
                                const Collection& wanted) {
@@ -31,16 +34,18 @@ std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::F
     file->Remove();
     return std::nullopt;
   }
-  std::optional<Work> work = ReadRecord(file->Read(static_cast<std::size_t>(file->Size())));
-  if (!work) return std::nullopt;
-  if (HoldsNothing(*work)) {
-    file->Remove();
-    return std::nullopt;
-  }
-  return LeftRecord{std::move(file), found, std::move(*work)};
+  return LeftRecord{std::move(file), found};
 }
 
 }  // namespace
+
+std::optional<Work> ReadLeft(LeftRecord& record) {
+  const auto size = static_cast<std::size_t>(record.file->Size());
+  std::optional<Work> work = ReadRecord(record.file->Read(size));
+  if (!work || !HoldsNothing(*work)) return work;
+  record.file->Remove();
+  return std::nullopt;
+}
 
 std::vector<LeftRecord> FindLeftRecords(platform::RecordFolder& folder,
                                         const Collection& collection) {

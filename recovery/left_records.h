@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/files/record_folder.h"
@@ -15,18 +16,21 @@ namespace recovery {
 struct LeftRecord {
   std::unique_ptr<platform::RecordFile> file;
   platform::FoundRecord found;
-  Work work;
 };
 
-// Of that collection alone, those last changed first. What was last changed so long ago that nobody
-// asks for it any more goes away; so does what has nothing in it. Failure if the folder can't be
-// read; a single record that can't be read is passed over and stays.
+// What it tells. Nothing for one that can't be read, which stays, and for one with nothing in it,
+// which goes. Failure where the disk says no.
+std::optional<Work> ReadLeft(LeftRecord& record);
+
+// Of that collection alone, those last changed first; looks at no more of them than whose they are.
+// What was last changed so long ago that nobody asks for it any more goes away. Failure if the
+// folder can't be read; a single record that can't be read is passed over and stays.
 std::vector<LeftRecord> FindLeftRecords(platform::RecordFolder& folder,
                                         const Collection& collection);
 
 // How long a record is kept, in seconds.
 inline constexpr std::int64_t kKeptFor = std::int64_t{90} * 24 * 60 * 60;
 // A longer one is neither read nor removed.
-inline constexpr std::uint64_t kLongestRecord = std::uint64_t{1} << 30;
+inline constexpr std::uint64_t kLongestRecord = std::uint64_t{512} * 1024 * 1024;
 
 }  // namespace recovery

@@ -19,7 +19,8 @@ Form3::Form3(core::Form1& form1)
       report_(form1),
       keeper_(form1.TheMachine().records, [this](TextView line) { report_.LogMe(line); }),
       recoveryWindow_({.isTableEmpty = [this] { return filed::IsEmpty(*this); },
-                       .bring = [this](recovery::Work& work) { return BringBack(work); }}),
+                       .bring = [this](recovery::LeftRecord& record,
+                                       recovery::Work& work) { return BringBack(record, work); }}),
       watch_([this] { KeepRecord(); }) {
   WireHandlers();
 }

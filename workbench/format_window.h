@@ -132,7 +132,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   void BeginRecord();
   // What an earlier run left of the collection in hand. 86.
   void OfferRecords();
-  [[nodiscard]] bool BringBack(recovery::Work& work);
+  [[nodiscard]] bool BringBack(recovery::LeftRecord& record, recovery::Work& work);
 
   core::Form1& TheForm1() { return form1_; }
 

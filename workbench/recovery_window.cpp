@@ -44,7 +44,7 @@ void RecoveryWindow::Offer(std::vector<recovery::LeftRecord> records,
                            const platform::Window& workbench) {
   Dismiss();
   records_ = std::move(records);
-  if (records_.empty()) return;
+  if (!ReadFirst()) return;
   Load();
   ShowFirst();
   ShowBeside(workbench);
@@ -52,15 +52,25 @@ void RecoveryWindow::Offer(std::vector<recovery::LeftRecord> records,
 
 void RecoveryWindow::Dismiss() {
   records_.clear();
+  shown_.reset();
   Unload();
 }
 
+// Passes over what can't be read. One at a time, as each may be as large as a book.
+bool RecoveryWindow::ReadFirst() {
+  shown_.reset();
+  for (; !records_.empty(); records_.erase(records_.begin())) {
+    platform::Ignoring([&] { shown_ = recovery::ReadLeft(records_.front()); });
+    if (shown_) return true;
+  }
+  return false;
+}
+
 void RecoveryWindow::ShowFirst() {
-  const recovery::LeftRecord& first = records_.front();
-  const filed::FiledWork& filed = first.work.filed;
-  recoverWhose.SetCaption(NameOf(first.work.collection));
+  const filed::FiledWork& filed = shown_->filed;
+  recoverWhose.SetCaption(NameOf(shown_->collection));
   recoverCount.SetCaption(platform::FromNumber(filed.entryCount));
-  recoverWhen.SetCaption(platform::GeneralDateOf(first.found.changed));
+  recoverWhen.SetCaption(platform::GeneralDateOf(records_.front().found.changed));
   recoverFirst.SetCaption(TitleOf(filed, 0));
   recoverLast.SetCaption(TitleOf(filed, filed.entryCount - 1));
   Refresh();
@@ -68,7 +78,7 @@ void RecoveryWindow::ShowFirst() {
 
 void RecoveryWindow::ShowNext() {
   records_.erase(records_.begin());
-  if (records_.empty()) return Unload();
+  if (!ReadFirst()) return Unload();
   ShowFirst();
 }
 
@@ -79,9 +89,7 @@ void RecoveryWindow::Refresh() {
 // The others stay for another opening, as the table is no longer empty.
 void RecoveryWindow::Bring() {
   if (records_.empty() || !desk_.isTableEmpty()) return;
-  if (!desk_.bring(records_.front().work)) return;
-  platform::Ignoring([&] { records_.front().file->Remove(); });
-  Dismiss();
+  if (desk_.bring(records_.front(), *shown_)) Dismiss();
 }
 
 void RecoveryWindow::Later() {

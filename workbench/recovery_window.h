@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/windows/controls.h"
@@ -14,8 +15,9 @@ namespace workbench {
 // What it asks of the workbench.
 struct RecoveryDesk {
   std::function<bool()> isTableEmpty;
-  // Puts all of it in its place; false where it didn't get there.
-  std::function<bool(recovery::Work&)> bring;
+  // Puts all of the work in its place, and does with its record what is right then; false where it
+  // didn't get there.
+  std::function<bool(recovery::LeftRecord&, recovery::Work&)> bring;
 };
 
 class RecoveryWindow : public platform::Window {
@@ -45,11 +47,13 @@ class RecoveryWindow : public platform::Window {
   void Bring();
   void Later();
   void Drop();
+  bool ReadFirst();
   void ShowFirst();
   void ShowNext();
 
   RecoveryDesk desk_;
-  std::vector<recovery::LeftRecord> records_;  // the first is shown
+  std::vector<recovery::LeftRecord> records_;
+  std::optional<recovery::Work> shown_;  // what the first of them tells
 };
 
 }  // namespace workbench

@@ -24,7 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using recovery::Keeper;
-using recovery::LeftRecord;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -38,10 +37,19 @@ constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60;
 
 class RecoveryFaults : public testing::Test {
  protected:
-  // What a later tool finds.
-  std::vector<LeftRecord> Find() { return Find(*host_); }
-  static std::vector<LeftRecord> Find(platform::RecordFolder& records) {
-    return recovery::FindLeftRecords(records, {u"C:\\book\\", u"a1"});
+  struct Left {
+    recovery::LeftRecord record;
+    recovery::Work work;
+  };
+  // What a later tool finds and can read.
+  std::vector<Left> Find() { return Find(*host_); }
+  static std::vector<Left> Find(platform::RecordFolder& records) {
+    std::vector<Left> found;
+    for (auto& record : recovery::FindLeftRecords(records, {u"C:\\book\\", u"a1"})) {
+      std::optional<recovery::Work> work = recovery::ReadLeft(record);
+      if (work) found.push_back({std::move(record), std::move(*work)});
+    }
+    return found;
   }
   std::function<void(platform::TextView)> Log() {
     return [this](platform::TextView line) { log_.push_back(platform::ToUtf8(line)); };
@@ -97,7 +105,7 @@ TEST_F(RecoveryFaults, EachOperationFailsInTurn) {
     ASSERT_LE(log_.size(), 1U) << k;
     for (const std::string& line : log_)
       ASSERT_THAT(line, testing::StartsWith("Recovery is off: "));
-    for (LeftRecord& left : Find()) {
+    for (Left& left : Find()) {
       left.work.collection = {u"C:\\book\\", u"a1"};
       ASSERT_TRUE(states.contains(Described(left.work))) << "operation " << k;
     }
@@ -194,7 +202,7 @@ TEST_F(RecoveryFaults, ARunningToolsRecordIsNeitherOfferedNorTouched) {
 
 TEST_F(RecoveryFaults, WhatOneToolOffersNoOtherDoes) {
   LeaveOne();
-  const std::vector<LeftRecord> offered = Find();
+  const std::vector<Left> offered = Find();
   ASSERT_THAT(offered, SizeIs(1));
   EXPECT_THAT(Find(), IsEmpty());
 }
@@ -257,6 +265,44 @@ TEST_F(RecoveryFaults, ARecordThatHasOutgrownTwiceWhatItHoldsIsWrittenAnew) {
   keeper.Close();
   ASSERT_THAT(Find(), SizeIs(1));
   EXPECT_EQ(Described(Find().front().work), Described(editor.Work()));
+}
+
+// Each may be as large as a book, and there may be many.
+TEST_F(RecoveryFaults, OfManyRecordsNoneIsReadBeforeItIsAskedFor) {
+  for (unsigned seed = 1; seed < 5; ++seed) LeaveOne(seed);
+  FaultyRecords records(*host_);
+  auto left = recovery::FindLeftRecords(records, {u"C:\\book\\", u"a1"});
+  ASSERT_THAT(left, SizeIs(4));
+  EXPECT_LE(records.MostRead(), recovery::kBeginning);
+}
+
+// A tool that was ended behind the head of its file.
+TEST_F(RecoveryFaults, AHeadAloneGoes) {
+  LeaveOne();
+  std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << recovery::HeadBytes();
+  std::string newer = recovery::HeadBytes();
+  ++newer[8];
+  std::ofstream(HostPath() / "a1-1-2.record", std::ios::binary) << newer;
+  EXPECT_THAT(Find(), SizeIs(1));
+  EXPECT_THAT(Files(), SizeIs(2)) << "a newer tool's stays";
+}
+
+// What nobody would read isn't written.
+TEST_F(RecoveryFaults, ARecordEndsBeforeItIsTooLongToBeRead) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(7);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  editor.Step();
+  keeper.Keep(editor.Live());
+  EXPECT_THAT(log_, IsEmpty());
+  records.sizeAdded = recovery::kLongestRecord / 2;
+  editor.Work().fields.title += u"more";
+  keeper.Keep(editor.Live());
+  EXPECT_THAT(log_, ElementsAre("Recovery is off: There is too much for a record"));
+  keeper.Close();
+  records.sizeAdded = 0;
+  EXPECT_THAT(Find(records), SizeIs(1));
 }
 
 // A running tool syncs what it wrote, and says when there is nothing to sync.

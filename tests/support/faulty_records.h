@@ -1,6 +1,7 @@
 // A folder of records whose k-th operation fails, and whose clocks are the test's own.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <memory>
@@ -30,6 +31,10 @@ class FaultyRecords : public platform::RecordFolder {
   std::int64_t clockMoved = 0;
   // That have passed besides those of the host.
   std::chrono::milliseconds waited{0};
+  // That each record is longer than it is.
+  std::uint64_t sizeAdded = 0;
+  // The most that was asked for at a time.
+  std::size_t MostRead() const { return mostRead_; }
 
   std::vector<platform::FoundRecord> List() override {
     Count("List");
@@ -52,9 +57,10 @@ class FaultyRecords : public platform::RecordFolder {
     File(FaultyRecords& owner, std::unique_ptr<platform::RecordFile> real)
         : owner_(owner), real_(std::move(real)) {}
 
-    std::uint64_t Size() override { return real_->Size(); }
+    std::uint64_t Size() override { return real_->Size() + owner_.sizeAdded; }
     std::string Read(std::size_t most) override {
       owner_.Count("Read");
+      owner_.mostRead_ = std::max(owner_.mostRead_, most);
       return real_->Read(most);
     }
     void Append(std::string_view bytes) override {
@@ -93,6 +99,7 @@ class FaultyRecords : public platform::RecordFolder {
 
   platform::RecordFolder& real_;
   std::size_t failing_ = 0;
+  std::size_t mostRead_ = 0;
   std::vector<std::string> names_;
 };
 

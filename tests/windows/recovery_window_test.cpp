@@ -285,6 +285,23 @@ TEST_F(RecoveryWindow, TheWorkStaysWithItsBookUntilAnotherFolderIsNamed) {
   EXPECT_TRUE(IsShown());
 }
 
+// The disk is full, say: the old record is all that there is of the work, until that is built.
+TEST_F(RecoveryWindow, WhatCameBackWithoutARecordOfItsOwnGoesWithItsBuild) {
+  FileFive();
+  const std::string held = Held();
+  OpenAnew();
+  desk.records.FailAt(1);
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), SizeIs(1));
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
 // A build whose question is answered by No leaves the work, and so its record; so does one that
 // failed.
 TEST_F(RecoveryWindow, OnlyABuildThatWentThroughTakesTheRecord) {
