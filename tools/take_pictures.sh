@@ -21,6 +21,7 @@ KEPT=(
   Form5-choose-picture Form5
   Form6-entry-with-media Form6
   Form6-entry-gallery Form6-gallery
+  Recovery-left Recovery
   viewer-first-layout-index viewer-first
   viewer-second-layout-index viewer-second
 )

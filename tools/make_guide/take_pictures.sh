@@ -48,6 +48,7 @@ keep rebuilt 32 "$(picture_of_step Form3-paragraphs-rebuilt)" -crop 638x230+189+
 keep selected 48 "$(picture_of_step Form3-passage-selected)" -crop 638x482+189+6
 keep list 48 "$edited" -crop 638x146+3+6
 keep entry 96 "$(picture_of_step Form6-entry-with-media)" -filter Lanczos -resize 560x
+keep recovery 32 "$(picture_of_step Recovery-left)"
 keep menu 32 "$(picture_of_step popM-menu)"
 keep entry-gallery 128 "$(picture_of_step Form6-entry-gallery)" -filter Lanczos -resize 560x
 keep collection-gallery 128 "$(picture_of_step Form3-gallery-chosen)" "${page[@]}"

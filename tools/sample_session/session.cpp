@@ -89,8 +89,14 @@ QString ShownText() {
 
 Session::Session(const fs::path& resources, fs::path output)
     : output_(std::move(output)),
-      machine_{platform::HostFileSystem(), clock_, random_, MakeProgramFolder(resources, output_),
-               platform::ToolPath(fs::absolute(output_ / "ZVL.log").string())},
+      records_(platform::HostRecordFolder(
+          platform::ToolPath(fs::absolute(output_ / "recovery").string()))),
+      machine_{platform::HostFileSystem(),
+               clock_,
+               random_,
+               MakeProgramFolder(resources, output_),
+               platform::ToolPath(fs::absolute(output_ / "ZVL.log").string()),
+               records_.get()},
       form1_(machine_),
       form3_(form1_),
       form6_(form3_),
@@ -165,6 +171,7 @@ void Session::MakeCollection(int number, const QString& book) {
   Require(reading.passages.size() > 3, "the text has headings");
   FileTitle(reading);
   FilePassages(reading);
+  if (IsFirst()) CloseAndBringBack();
   if (IsFirst()) EditEntries();
   Build([] { Robot::PressKey("Form3", "matn", Qt::Key_F12); });
 }

@@ -4,12 +4,14 @@
 #include <QString>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "core/machine.h"
 #include "core/project_window.h"
 #include "editor/paragraph_window.h"
 #include "export/export_pass.h"
+#include "platform/files/record_folder.h"
 #include "platform/random.h"
 #include "support/help_window.h"
 #include "tests/support/fixed_clock.h"
@@ -50,6 +52,7 @@ class Session {
   void FilePassage(const Passage& passage);
   void FilePassages(const Reading& reading);
   void TryRebuilding(const QString& book);
+  void CloseAndBringBack();
   void EditEntries();
   void EditEntry(int row, const std::function<void()>& work);
   void PlacePicture(const QString& picture);
@@ -72,6 +75,7 @@ class Session {
   testing_support::Robot robot_;
   testing_support::FixedClock clock_;
   platform::Random random_;
+  std::unique_ptr<platform::RecordFolder> records_;
   core::Machine machine_;
   core::Form1 form1_;
   workbench::Form3 form3_;

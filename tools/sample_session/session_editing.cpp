@@ -21,6 +21,17 @@ void Session::TryRebuilding(const QString& book) {
   Robot::ClickLine("Form3", "books", book);
 }
 
+// The workbench is closed before its collection is built, as by mistake.
+void Session::CloseAndBringBack() {
+  const auto filed = Robot::Lines("Form3", "bindex");
+  Robot::CloseWindow("Form3");
+  Robot::Click("Form1", "Command3");
+  Require(robot_.TakeBoxes().empty(), "Next finds everything in place once more");
+  TakePicture("Recovery", QStringLiteral("left"));
+  Robot::Click("Recovery", "recoverBring");
+  Require(Robot::Lines("Form3", "bindex") == filed, "what was filed is back");
+}
+
 void Session::EditEntries() {
   EditEntry(0, [this] {
     TakePicture("Form6", QStringLiteral("entry-opened"));
