@@ -1,6 +1,6 @@
 // The power goes while a record is kept, at each call to the disk in turn, and takes along what
 // nobody had synced: all of it, or whatever a seed says. What is left is the work as it was at the
-// last sync or behind one of the events since.
+// last sync or after one of the events since.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -31,11 +31,11 @@ constexpr int kSteps = 24;
 constexpr std::size_t kOutgrown = 60'000;
 
 // An editor at work, and what the disk was asked for meanwhile. It is told the number of the states
-// that were written, behind "synced " where they are on the disk.
+// that were written, with "synced " before it where they are on the disk.
 struct Course {
   DiskTree before;
   std::vector<DiskEvent> events;
-  std::vector<std::string> states;  // behind each event of the tool
+  std::vector<std::string> states;  // after each event of the tool
 };
 
 const std::string kSynced = "synced ";

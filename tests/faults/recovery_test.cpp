@@ -276,7 +276,7 @@ TEST_F(RecoveryFaults, OfManyRecordsNoneIsReadBeforeItIsAskedFor) {
   EXPECT_LE(records.MostRead(), recovery::kBeginning);
 }
 
-// A tool that was ended behind the head of its file.
+// A tool that was ended after the head of its file.
 TEST_F(RecoveryFaults, AHeadAloneGoes) {
   LeaveOne();
   std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << recovery::HeadBytes();

@@ -25,7 +25,7 @@ void Describe(std::string& all, const platform::Column<T>& column) {
     } else {
       std::string cells;
       Describe(cells, column(row));
-      if (!cells.empty()) all += at + "(" + cells + ")";
+      if (!cells.empty()) all.append(at).append("(").append(cells).append(")");
     }
   }
 }

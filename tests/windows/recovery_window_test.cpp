@@ -44,7 +44,7 @@ class RecoveryWindow : public testing::Test {
 
   // Everything of the work that the workbench holds.
   std::string Held() {
-    recovery::Work work{.filed = desk.form3,
+    recovery::Work work{.filed = static_cast<const filed::FiledWork&>(desk.form3),
                         .fields = {.title = desk.form3.bname.Text(),
                                    .restFile = desk.form3.currentBook,
                                    .chosenImage = desk.form3.chosenImage,
