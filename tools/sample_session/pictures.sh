@@ -23,7 +23,7 @@ run_session() {
   for name in QT_SCALE_FACTOR ASAN_OPTIONS LSAN_OPTIONS UBSAN_OPTIONS GCOV_PREFIX; do
     if [ -n "${!name:-}" ]; then kept+=("$name=${!name}"); fi
   done
-  env -i PATH="$PATH" HOME="$SESSION_HOME" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen \
+  env -i PATH="$PATH" HOME="$SESSION_HOME" LC_ALL=C.UTF-8 TZ=UTC QT_QPA_PLATFORM=offscreen \
     FONTCONFIG_FILE="$SESSION_FONTS" ${kept[@]+"${kept[@]}"} \
     "$program" "$@" "$SESSION_FOLDER" >"$log" 2>&1 </dev/null 8>&-
 }

@@ -96,7 +96,7 @@ Session::Session(const fs::path& resources, fs::path output)
                random_,
                MakeProgramFolder(resources, output_),
                platform::ToolPath(fs::absolute(output_ / "ZVL.log").string()),
-               records_.get()},
+               &records_},
       form1_(machine_),
       form3_(form1_),
       form6_(form3_),

@@ -4,20 +4,19 @@
 #include <QString>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "core/machine.h"
 #include "core/project_window.h"
 #include "editor/paragraph_window.h"
 #include "export/export_pass.h"
-#include "platform/files/record_folder.h"
 #include "platform/random.h"
 #include "support/help_window.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/recorded_launcher.h"
 #include "tests/support/robot.h"
 #include "tools/sample_session/passages.h"
+#include "tools/sample_session/standing_records.h"
 #include "workbench/format_window.h"
 
 namespace sample {
@@ -75,7 +74,7 @@ class Session {
   testing_support::Robot robot_;
   testing_support::FixedClock clock_;
   platform::Random random_;
-  std::unique_ptr<platform::RecordFolder> records_;
+  StandingRecords records_;
   core::Machine machine_;
   core::Form1 form1_;
   workbench::Form3 form3_;
