@@ -1,5 +1,4 @@
 // Bitmaps as files: the header of 14 bytes, and after it one of the information headers.
-
 #include "media/bytes.h"
 #include "media/picture_readers.h"
 

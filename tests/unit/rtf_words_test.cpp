@@ -61,7 +61,7 @@ TEST(RtfWords, ADestinationThatIsNoneOfTheBodyHidesItsText) {
   }
 }
 
-TEST(RtfWords, NoFormatBehindAStarHidesItsGroup) {
+TEST(RtfWords, NoFormatAfterAStarHidesItsGroup) {
   for (const std::string& word : WordsIn(kFormats)) {
     EXPECT_EQ(Plain("a{\\*\\" + word + " x}b"), u"axb") << word;
   }

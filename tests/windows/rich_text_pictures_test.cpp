@@ -115,7 +115,7 @@ TEST_F(RichTextPictures, WhereOneMeasureIsMissingThePictureKeepsItsShape) {
   const std::string bytes = PictureOf("PNG", Qt::red, {40, 30});
   const auto sizeOf = [&](int width, int height) {
     matn.SetTextRTF(RtfWith({{PictureKind::kPng, bytes, width * kTwips, height * kTwips}}));
-    matn.SetSelStart(1);  // the caret stands behind it
+    matn.SetSelStart(1);  // the caret stands after it
     return RedOf(Drawn()).size();
   };
   EXPECT_EQ(sizeOf(80, 0), QSize(80, 60));

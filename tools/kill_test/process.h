@@ -22,7 +22,7 @@ class Child {
   std::string Say();
   void Kill();
   std::string SayAndKill();
-  // What it says up to its end, with FAILED behind it unless its status is 0.
+  // What it says up to its end, with FAILED after it unless its status is 0.
   std::string SayToTheEnd();
 
  private:

@@ -19,7 +19,7 @@ std::string Differing(const std::string& what, const std::string& wanted,
 }
 
 // Nothing where the program showed what it should: before its operation all that stood there when
-// the one before it was killed, behind it what the model says.
+// the one before it was killed, after it what the model says.
 std::string WhatIsWrong(const Model& model, const std::string& saidBefore,
                         const std::string& said) {
   const std::string left = saidBefore.empty() ? "" : Between(saidBefore, "AFTER", "DONE");

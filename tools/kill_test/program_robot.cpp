@@ -45,7 +45,7 @@ void Say(const char* when) {
             << Screen::ListAndCaptions() << "\n";
 }
 
-// Each step is an event of the program's own loop; what belongs behind an event is done before the
+// Each step is an event of the program's own loop; what belongs after an event is done before the
 // next.
 class Steps : public QObject {
  public:

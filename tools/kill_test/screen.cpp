@@ -40,7 +40,7 @@ void PickFromPictures(const QString& file) {
   Robot::Click("Form5", "btn(0)");
 }
 
-// A line of the list begins with the marks of what hangs on the entry, a blank behind each.
+// A line of the list begins with the marks of what hangs on the entry, a blank after each.
 std::string TitleIn(QString line) {
   while (line.size() > 1 && QStringLiteral("§~#^").contains(line.front()) && line[1] == u' ') {
     line.remove(0, 2);

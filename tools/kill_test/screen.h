@@ -36,7 +36,7 @@ class Screen {
   // Whether something is offered; presses the button that brings it back.
   static bool BringBack();
   static ScreenState State();
-  // The list as it stands there, behind what the buttons for main titles and galleries say.
+  // The list as it stands there, after what the buttons for main titles and galleries say.
   static std::string ListAndCaptions();
   // F12; false where the collection wasn't built.
   bool Build();
