@@ -103,7 +103,7 @@ class PowerCutRecord : public testing::TestWithParam<unsigned> {
 
 INSTANTIATE_TEST_SUITE_P(Orders, PowerCutRecord, testing::Range(0U, 6U));
 
-TEST_P(PowerCutRecord, LeavesWhatWasSyncedAndWholeEventsBehindIt) {
+TEST_P(PowerCutRecord, LeavesWhatWasSyncedAndWholeEventsAfterIt) {
   const WriteBack order = GetParam() == 0 ? WriteBack{} : WriteBack{GetParam()};
   VolatileDisk disk(TheCourse().before);
   std::size_t written = 0;
