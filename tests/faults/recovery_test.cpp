@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <set>
 
 #include "recovery/keeper.h"
@@ -181,6 +182,44 @@ TEST_F(RecoveryFaults, AMissingStateFolderIsToldOnce) {
   host_ = platform::HostRecordFolder(folder_.Path(u"not there\\recovery"));
   LeaveOne();
   EXPECT_THAT(log_, ElementsAre(testing::HasSubstr("No such file or directory")));
+}
+
+// Whatever stands where the folder should.
+TEST_F(RecoveryFaults, WhatIsNoFolderIsToldOnceAndStays) {
+  const std::vector<std::function<void()>> made = {
+      [&] { std::ofstream(HostPath()) << "a file"; },
+      [&] { fs::create_symlink(folder_.HostPath("nowhere"), HostPath()); },
+      [&] { ASSERT_EQ(::mkfifo(HostPath().c_str(), 0600), 0); }};
+  for (const auto& make : made) {
+    log_.clear();
+    make();
+    LeaveOne();
+    EXPECT_THAT(log_, ElementsAre(testing::StartsWith("Recovery is off: ")));
+    EXPECT_FALSE(fs::is_directory(HostPath()));
+    EXPECT_TRUE(fs::remove(HostPath()));
+  }
+}
+
+// An editor's own disk for such things, say.
+TEST_F(RecoveryFaults, ALinkToAFolderIsAFolder) {
+  fs::create_directory(folder_.HostPath("elsewhere"));
+  fs::create_directory_symlink(folder_.HostPath("elsewhere"), HostPath());
+  LeaveOne();
+  EXPECT_THAT(log_, IsEmpty());
+  EXPECT_THAT(Find(), SizeIs(1));
+}
+
+TEST_F(RecoveryFaults, WhatIsNoOrdinaryFileIsNoRecord) {
+  LeaveOne();
+  fs::rename(Files().front(), folder_.HostPath("a1.record"));
+  fs::create_symlink(folder_.HostPath("a1.record"), HostPath() / "a1-1-1.record");
+  fs::create_directory(HostPath() / "a1-1-2.record");
+  ASSERT_EQ(::mkfifo((HostPath() / "a1-1-3.record").c_str(), 0600), 0);
+  FaultyRecords records(*host_);
+  records.clockMoved = 1000 * kDay;
+  EXPECT_THAT(Find(records), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(3));
+  EXPECT_TRUE(fs::exists(folder_.HostPath("a1.record")));
 }
 
 TEST_F(RecoveryFaults, ARunningToolsRecordIsNeitherOfferedNorTouched) {
