@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 // The bytes of each record by its name.
 std::map<std::string, std::string> Records(const Plan& plan) {
   std::map<std::string, std::string> records;
+  if (!fs::exists(RecordFolder(plan))) return records;
   for (const auto& entry : fs::directory_iterator(RecordFolder(plan))) {
     std::ifstream file(entry.path(), std::ios::binary);
     records[entry.path().filename().string()] = {std::istreambuf_iterator<char>(file), {}};
