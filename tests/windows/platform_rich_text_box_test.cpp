@@ -194,6 +194,21 @@ TEST_F(PlatformRichTextBox, WhatCodeSelectsIsSelectedOnTheScreenToo) {
   EXPECT_EQ(matn.Text(), u"one three");
 }
 
+TEST_F(PlatformRichTextBox, SoItIsFarIntoALargeText) {
+  constexpr int kLines = 30'000;
+  constexpr int kLength = 5;
+  Text text;
+  for (int i = 0; i < kLines; ++i) text += u"line\r\n";
+  window.ShowActive();
+  matn.SetText(text + u"one two");
+  Select(kLines * kLength, 3);
+  QTest::keyClick(&Edit(), Qt::Key_X);
+  EXPECT_TRUE(matn.Text() == text + u"x two");
+  Select(kLines * kLength + 2, 3);
+  Robot::Settle();
+  EXPECT_EQ(Edit().textCursor().selectedText(), "two");
+}
+
 // Else a passage of nothing but paragraph ends would be filed unseen.
 TEST_F(PlatformRichTextBox, AnEmptyLineOfASelectionIsHighlighted) {
   window.ShowActive();
