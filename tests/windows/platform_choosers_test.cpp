@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QImage>
 #include <QListWidget>
@@ -12,6 +13,7 @@
 #include <filesystem>
 
 #include "platform/windows/controls.h"
+#include "support/window_catalogue.h"
 #include "tests/support/rich_text_bench.h"
 #include "tests/support/small_window.h"
 #include "tests/support/temporary_folder.h"
@@ -326,6 +328,23 @@ TEST_F(PlatformChoosers, AnImageBoxHasATagAndIsClicked) {
   QTest::mouseRelease(&widget, Qt::LeftButton, Qt::NoModifier, {-5, -5});
   QTest::mouseClick(&widget, Qt::RightButton);
   EXPECT_EQ(clicks, 1);
+}
+
+TEST(PlatformImage, ThatTakesTheFocusIsAButtonToAScreenReaderAndAnyOtherAPicture) {
+  SmallWindow window(support::Form6Definition());
+  ImageBox background(window, u"Image1");
+  int clicks = 0;
+  background.onClick = [&] { ++clicks; };
+  window.Load();
+  const QString press = QAccessibleActionInterface::pressAction();
+  auto* button = QAccessible::queryAccessibleInterface(&Robot::Find("Form6", "Image1"));
+  EXPECT_EQ(button->role(), QAccessible::Button);
+  EXPECT_TRUE(button->actionInterface()->actionNames().contains(press));
+  button->actionInterface()->doAction(press);
+  EXPECT_EQ(clicks, 1);
+  auto* picture = QAccessible::queryAccessibleInterface(&Robot::Find("Form6", "IMG(0)"));
+  EXPECT_EQ(picture->role(), QAccessible::Graphic);
+  EXPECT_FALSE(picture->actionInterface()->actionNames().contains(press));
 }
 
 }  // namespace
