@@ -154,6 +154,9 @@ class RichTextEdit : public QTextEdit {
     sameAfter_ = 0;
   }
 
+  // A document that is being emptied has no end of its own for a while.
+  int Length() const { return std::max(0, document()->characterCount() - 1); }
+
   // What lies between what is the same before and after.
   std::optional<TextEdit> TakeEdit() {
     const int length = Length();
@@ -241,8 +244,6 @@ class RichTextEdit : public QTextEdit {
   static constexpr int kLaidOutAtOnce = 100'000;  // characters: some hundredths of a second
 
   static constexpr int kAllSame = std::numeric_limits<int>::max();
-
-  int Length() const { return document()->characterCount() - 1; }
 
   // The toolkit sometimes counts the document's own end as added.
   void NoteEdit(int position, int added) {
@@ -379,13 +380,13 @@ void RichTextBox::SetText(TextView text) {
   });
 }
 
-Position RichTextBox::TextLength() const { return EditOf(*this).document()->characterCount() - 1; }
+Position RichTextBox::TextLength() const { return EditOf(*this).Length(); }
 
 std::optional<TextEdit> RichTextBox::TakeEdit() { return EditOf(*this).TakeEdit(); }
 
 Text RichTextBox::EditedText(Position start, Position count) const {
   QTextDocument* const document = EditOf(*this).document();
-  const Position length = document->characterCount() - 1;
+  const Position length = TextLength();
   const Position from = std::clamp<Position>(start, 0, length);
   const Position to = from + std::clamp<Position>(count, 0, length - from);
   const QTextCursor part = Spanning(document, static_cast<int>(from), static_cast<int>(to));

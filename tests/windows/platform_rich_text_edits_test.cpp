@@ -34,6 +34,8 @@ class RichTextEdits : public testing::Test {
   void Follow() {
     const std::optional<TextEdit> edit = matn.TakeEdit();
     if (!edit) return;
+    ASSERT_GE(edit->start, 0);
+    ASSERT_LE(edit->start + edit->removed, static_cast<platform::Position>(told.size()));
     told.replace(static_cast<std::size_t>(edit->start), static_cast<std::size_t>(edit->removed),
                  matn.EditedText(edit->start, edit->added));
   }
@@ -80,6 +82,27 @@ TEST_F(RichTextEdits, APartOfTheTextIsWhatThereIsOfIt) {
   EXPECT_EQ(matn.EditedText(8, 100), u"ta");
   EXPECT_EQ(matn.EditedText(10, 1), u"");
   EXPECT_EQ(matn.EditedText(99, 1), u"");
+}
+
+// The toolkit sends events while it takes one text for another, when there is none at all.
+TEST_F(RichTextEdits, AskedForInBetweenTheyBeginInTheText) {
+  class : public QObject {
+   public:
+    std::function<void()> act;
+    bool eventFilter(QObject* /*watched*/, QEvent* /*event*/) override {
+      act();
+      return false;
+    }
+  } watch;
+  watch.act = [&] { Follow(); };
+  QCoreApplication::instance()->installEventFilter(&watch);
+  for (const Text& text : {Text(4000, u'x'), Text(), Text(u"a\r\nb"), Text()}) {
+    matn.SetText(text);
+    matn.SetSelStart(0);
+    matn.SetSelLength(matn.TextLength());
+    Follow();
+    ASSERT_EQ(told, matn.EditedText());
+  }
 }
 
 TEST_F(RichTextEdits, FollowedTheyGiveTheText) {
