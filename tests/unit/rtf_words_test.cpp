@@ -69,7 +69,8 @@ TEST(RtfWords, NoFormatAfterAStarHidesItsGroup) {
 
 TEST(RtfWords, EveryUnderlineUnderlines) {
   for (const std::string& word : WordsIn(kUnderlines)) {
-    const Document document = Read(Rich("\\" + word + " x\\" + word + "0 y"));
+    const std::string control = "\\" + word;
+    const Document document = Read(Rich(control + " x" + control + "0 y"));
     const auto& runs = document.paragraphs.at(0).runs;
     ASSERT_EQ(runs.size(), 2U) << word;
     EXPECT_TRUE(runs[0].format.underline) << word;

@@ -59,6 +59,7 @@ class PlatformChoosers : public testing::Test {
   static std::vector<std::string> Lines(const char* name) {
     std::vector<std::string> all;
     const auto& list = Robot::FindAs<QListWidget>("Pick", name);
+    all.reserve(static_cast<std::size_t>(list.count()));
     for (int i = 0; i < list.count(); ++i)
       all.push_back(list.item(i)->text().trimmed().toStdString());
     return all;

@@ -195,10 +195,10 @@ TEST_F(PlatformRichTextBox, WhatCodeSelectsIsSelectedOnTheScreenToo) {
 }
 
 TEST_F(PlatformRichTextBox, SoItIsFarIntoALargeText) {
-  constexpr int kLines = 30'000;
-  constexpr int kLength = 5;
+  constexpr platform::Position kLines = 30'000;
+  constexpr platform::Position kLength = 5;
   Text text;
-  for (int i = 0; i < kLines; ++i) text += u"line\r\n";
+  for (platform::Position i = 0; i < kLines; ++i) text += u"line\r\n";
   window.ShowActive();
   matn.SetText(text + u"one two");
   Select(kLines * kLength, 3);
