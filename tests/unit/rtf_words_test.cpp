@@ -69,8 +69,9 @@ TEST(RtfWords, NoFormatAfterAStarHidesItsGroup) {
 
 TEST(RtfWords, EveryUnderlineUnderlines) {
   for (const std::string& word : WordsIn(kUnderlines)) {
-    const std::string control = "\\" + word;
-    const Document document = Read(Rich(control + " x" + control + "0 y"));
+    std::string body = "\\" + word;
+    body.append(" x\\").append(word).append("0 y");
+    const Document document = Read(Rich(body));
     const auto& runs = document.paragraphs.at(0).runs;
     ASSERT_EQ(runs.size(), 2U) << word;
     EXPECT_TRUE(runs[0].format.underline) << word;
