@@ -61,9 +61,9 @@ struct FiledWork {
   bool galleryMode = false;
 };
 
-// Whether nothing is filed.
+// Whether nothing is filed. A heading that was deleted before it got its text leaves a count of -1.
 inline bool IsEmpty(const FiledWork& work) {
-  return work.entryCount == 0 && work.lines.Rows().Count() == 0 &&
+  return work.entryCount <= 0 && work.lines.Rows().Count() == 0 &&
          work.table.entryTitle(0).empty() && work.table.galleryPic(0, 0).empty();
 }
 

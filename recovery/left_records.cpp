@@ -41,9 +41,11 @@ std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::F
 
 std::optional<Work> ReadLeft(LeftRecord& record) {
   const auto size = static_cast<std::size_t>(record.file->Size());
-  std::optional<Work> work = ReadRecord(record.file->Read(size));
+  const std::string bytes = record.file->Read(size);
+  std::optional<Work> work = ReadRecord(bytes);
   if (!work || !HoldsNothing(*work)) return work;
-  record.file->Remove();
+  // What comes after damage can't be offered, but it may be all of the work.
+  if (IsWhole(bytes)) record.file->Remove();
   return std::nullopt;
 }
 

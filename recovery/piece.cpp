@@ -67,4 +67,12 @@ std::optional<std::string_view> TakePiece(std::string_view& file) {
   return content;
 }
 
+bool IsWhole(std::string_view file) {
+  if (HeadOf(file) != Head::kReadable) return false;
+  file.remove_prefix(kHeadLength);
+  while (TakePiece(file)) {
+  }
+  return file.empty();
+}
+
 }  // namespace recovery

@@ -31,5 +31,7 @@ void AppendPiece(std::string& file, std::string_view content);
 // Takes the first piece off what is left of a file; gives its content. Nothing where none stands
 // there whole: what follows was torn off or damaged.
 [[nodiscard]] std::optional<std::string_view> TakePiece(std::string_view& file);
+// Whether whole pieces are all that stands after the head, up to the file's end.
+bool IsWhole(std::string_view file);
 
 }  // namespace recovery

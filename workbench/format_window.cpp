@@ -19,6 +19,7 @@ Form3::Form3(core::Form1& form1)
       report_(form1),
       keeper_(form1.TheMachine().records, [this](TextView line) { report_.LogMe(line); }),
       recoveryWindow_({.isTableEmpty = [this] { return filed::IsEmpty(*this); },
+                       .collectionInHand = [this] { return CollectionInHand(); },
                        .bring = [this](recovery::LeftRecord& record,
                                        recovery::Work& work) { return BringBack(record, work); }}),
       watch_([this] { KeepRecord(); }) {

@@ -83,12 +83,16 @@ void RecoveryWindow::ShowNext() {
 }
 
 void RecoveryWindow::Refresh() {
-  if (IsLoaded()) recoverBring.SetEnabled(desk_.isTableEmpty());
+  if (IsLoaded()) recoverBring.SetEnabled(CanBring());
+}
+
+bool RecoveryWindow::CanBring() {
+  return shown_ && desk_.isTableEmpty() && shown_->collection == desk_.collectionInHand();
 }
 
 // The others stay for another opening, as the table is no longer empty.
 void RecoveryWindow::Bring() {
-  if (records_.empty() || !desk_.isTableEmpty()) return;
+  if (records_.empty() || !CanBring()) return;
   if (desk_.bring(records_.front(), *shown_)) Dismiss();
 }
 

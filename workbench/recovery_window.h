@@ -15,6 +15,7 @@ namespace workbench {
 // What it asks of the workbench.
 struct RecoveryDesk {
   std::function<bool()> isTableEmpty;
+  std::function<recovery::Collection()> collectionInHand;
   // Puts all of the work in its place, and does with its record what is right then; false where it
   // didn't get there.
   std::function<bool(recovery::LeftRecord&, recovery::Work&)> bring;
@@ -28,7 +29,8 @@ class RecoveryWindow : public platform::Window {
   void Offer(std::vector<recovery::LeftRecord> records, const platform::Window& workbench);
   // Leaves all that is still offered for another opening.
   void Dismiss();
-  // Whether the first button can be pressed: only as long as nothing would be lost by it.
+  // Whether the first button can be pressed: only as long as nothing would be lost by it, and only
+  // while the collection that the work is of is in hand.
   void Refresh();
 
   platform::Label recoverWhose{*this, u"recoverWhose"};
@@ -48,6 +50,7 @@ class RecoveryWindow : public platform::Window {
   void Later();
   void Drop();
   bool ReadFirst();
+  bool CanBring();
   void ShowFirst();
   void ShowNext();
 

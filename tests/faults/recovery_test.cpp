@@ -344,6 +344,24 @@ TEST_F(RecoveryFaults, ARecordEndsBeforeItIsTooLongToBeRead) {
   EXPECT_THAT(Find(records), SizeIs(1));
 }
 
+// What comes after damage may be all of the work.
+TEST_F(RecoveryFaults, OnlyAWholeRecordOfNothingGoes) {
+  LeaveOne();
+  RandomEditor editor(8);
+  recovery::LiveWork nothing = editor.Live();
+  recovery::Recorded recorded;
+  const std::string whole = testing_support::WholeRecord(nothing, recorded);
+  const auto write = [&](const std::string& bytes) {
+    std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << bytes;
+  };
+  write(whole + std::string(20, '\1'));
+  EXPECT_THAT(Find(), SizeIs(1));
+  EXPECT_THAT(Files(), SizeIs(2));
+  write(whole);
+  EXPECT_THAT(Find(), SizeIs(1));
+  EXPECT_THAT(Files(), SizeIs(1));
+}
+
 // A running tool syncs what it wrote, and says when there is nothing to sync.
 TEST_F(RecoveryFaults, SyncsWhatWasWrittenOnce) {
   FaultyRecords records(*host_);

@@ -114,6 +114,26 @@ TEST(RecoveryRecord, EachColumnComesBackWithItsOwnValues) {
   EXPECT_EQ(back->collection, (Collection{u"C:\\book\\", u"a1"}));
 }
 
+// A heading that another takes the place of leaves a row with a text alone.
+TEST(RecoveryRecord, RowsWithoutATitleComeBack) {
+  RandomEditor editor(9);
+  filed::FiledWork& filed = editor.Work().filed;
+  filed.table.entryTitle.Set(0, u"title");
+  filed.table.entryText.Set(0, u"text");
+  filed.table.entryText.Set(1, u"another");
+  filed.entryCount = 2;
+  EXPECT_EQ(ReadBack(RecordOf(editor)), Described(editor.Work()));
+}
+
+// One that was deleted before it had its text has taken one off the count.
+TEST(RecoveryRecord, LessThanNoRowIsNothingFiled) {
+  filed::FiledWork filed;
+  filed.entryCount = -1;
+  EXPECT_TRUE(filed::IsEmpty(filed));
+  filed.entryCount = 1;
+  EXPECT_FALSE(filed::IsEmpty(filed));
+}
+
 TEST(RecoveryRecord, EveryStepIsToldByWhatItChanges) {
   for (unsigned seed = 1; seed <= 60; ++seed) {
     RandomEditor editor(seed);

@@ -260,6 +260,36 @@ TEST_F(RecoveryWindow, OffersNothingOfAnotherCollectionOrBook) {
   EXPECT_TRUE(IsShown());
 }
 
+TEST_F(RecoveryWindow, IsBroughtBackToItsOwnCollectionOnly) {
+  FileFive();
+  OpenAnew();
+  ASSERT_TRUE(CanBring());
+  Robot::Choose("Form1", "dataName", 1);
+  EXPECT_FALSE(CanBring());
+  Robot::Choose("Form1", "dataName", 0);
+  EXPECT_TRUE(CanBring());
+  desk.MakeFolders("Other");
+  desk.form1.idir.SetText(desk.Path(u"Other"));
+  Robot::Settle();
+  EXPECT_FALSE(CanBring());
+  EXPECT_THAT(Records(), SizeIs(1));
+}
+
+// A heading that another takes the place of before it has its text leaves a row without a title.
+TEST_F(RecoveryWindow, BringsBackARowWithoutATitle) {
+  desk.OpenOn(u"Head\r\nOther\r\nText\r\nMore\r\nleft");
+  FormatDesk::Mark(Qt::Key_F2, "Head");
+  FormatDesk::Mark(Qt::Key_F2, "Other");
+  FormatDesk::Mark(Qt::Key_F3, "Text");
+  FormatDesk::Mark(Qt::Key_F3, "More");
+  ASSERT_EQ(desk.form3.entryCount, 2);
+  const std::string before = Held();
+  OpenAnew();
+  ASSERT_TRUE(IsShown());
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), before);
+}
+
 TEST_F(RecoveryWindow, OffersItByWhicheverPathTheBookIsReached) {
   FileFive();
   Robot::CloseWindow("Form3");
