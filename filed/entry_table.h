@@ -1,6 +1,6 @@
 // What the workbench has filed so far: the entry table, whose row i is line i of the list, and the
 // pictures of a picture-gallery collection. The columns have no end (platform/column.h); a row
-// exists when its entryTitle is not empty. How many rows are filed is the window's entryCount.
+// exists when its entryTitle is not empty. How many rows are filed is FiledWork's entryCount.
 #pragma once
 
 #include <array>

@@ -16,7 +16,7 @@ platform::Text Decoded(std::string_view bytes);
 // The same for rich text: what the window writes at a paragraph's end takes a byte. False, and
 // nothing is added, for what is no rich text and for what would be unfolded to more than eight
 // times its bytes.
-bool Fold(std::string& bytes, platform::TextView richText);
+[[nodiscard]] bool Fold(std::string& bytes, platform::TextView richText);
 platform::Text Unfolded(std::string_view bytes);
 
 }  // namespace recovery

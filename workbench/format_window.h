@@ -1,6 +1,7 @@
 // Form3, the format window or workbench: raw texts are cleaned here, filed passage by passage into
 // the entry table, and built into one collection of the book after the other. It is made once and
-// can be loaded and unloaded any number of times; what it has filed lives in it and nowhere else.
+// can be loaded and unloaded any number of times; what it has filed lives in it, and in a record
+// that only the editor's press brings back.
 //
 // Failures end where they arise, under the number that stands at each operation (see
 // core::Reporter::Catching); an operation that returns something then returns what it had so far.

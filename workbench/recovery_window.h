@@ -49,7 +49,7 @@ class RecoveryWindow : public platform::Window {
   void Bring();
   void Later();
   void Drop();
-  bool ReadFirst();
+  [[nodiscard]] bool ReadFirst();
   bool CanBring();
   void ShowFirst();
   void ShowNext();

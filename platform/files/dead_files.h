@@ -28,9 +28,9 @@ HostError LockAsOwner(const Descriptor& file, const std::string& hostPath);
 // still there; errno says why.
 [[nodiscard]] bool TakeDead(const std::string& hostPath);
 // Takes away all of them in a folder (a path with its final "/") whose tools are seen to be dead. A
-// host without locks shows neither, and there they stay. A folder is
-// listed again only when there were as many calls for it as it has thousands of names, so that
-// replacing many files in a large one isn't dearer than the replacing.
+// host without locks shows neither, and there they stay. A folder is listed again only when there
+// were as many calls for it as it has thousands of names, so that replacing many files in a large
+// one isn't dearer than the replacing.
 void SweepDead(const std::string& hostFolder);
 
 }  // namespace platform

@@ -17,7 +17,7 @@
 namespace platform {
 namespace {
 
-// The toolkit's own captions follow the desktop's language, which need not be the editor's.
+// The words of these boxes, whatever those of the toolkit are.
 void NameButtons(QMessageBox& box) {
   const std::pair<QMessageBox::StandardButton, QString> captions[] = {
       {QMessageBox::Ok, QStringLiteral("تأييد")},

@@ -336,7 +336,7 @@ class Parser {
   TextReader<Unit, Sink> text_;
   PictureReader picture_;
   std::size_t pictureDepth_ = 0;      // of its group
-  bool pictureShown_ = false;         // \\shppict has been read, its \\nonshppict not yet
+  bool pictureShown_ = false;         // \shppict has been read, its \nonshppict not yet
   const Unit* groupStart_ = nullptr;  // after the brace that was opened last
   bool optional_ = false;             // "\*" stands in front
 };
