@@ -88,7 +88,7 @@ class Steps : public QObject {
 }  // namespace
 }  // namespace kill_test
 
-QObject* KillTestRobot::create(const QString& /*name*/, const QString& /*specification*/) {
+QObject* KillTestRobot::create(const QString& /*name*/, const QString& /*options*/) {
   QTimer::singleShot(0, qApp, [] { new kill_test::Steps; });
   return new QObject;
 }

@@ -13,5 +13,5 @@ class KillTestRobot : public QGenericPlugin {
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "program_robot.json")
 
  public:
-  QObject* create(const QString& name, const QString& specification) override;
+  QObject* create(const QString& name, const QString& options) override;
 };
