@@ -97,6 +97,15 @@ TEST_F(FormatWindowGalleryPictures, TheRowsInFrontOfADamagedPictureAreShown) {
   EXPECT_EQ(desk.LoggedFailures(44), 1);
 }
 
+TEST_F(FormatWindowGalleryPictures, TheRowsBehindADamagedPictureHaveNoName) {
+  desk.AddPictures(4);
+  OpenPictures();
+  desk.Write(Picture(2), "no picture");
+  desk.OpenFolder("Form3");
+  EXPECT_THAT(Names(), ElementsAre("p1.jpg", "p2.jpg", "", ""));
+  EXPECT_EQ(desk.LoggedFailures(44), 1);
+}
+
 TEST_F(FormatWindowGalleryPictures, APictureWithoutRightsFailsInTheChoice) {
   desk.AddPictures(2);
   fs::permissions(desk.HostPath(Picture(2)), fs::perms::none);
