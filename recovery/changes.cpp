@@ -114,7 +114,8 @@ void TellMoves(Writer& writer, filed::FiledWork& filed) {
   }
 }
 
-// Begins no change of its own before the last part: nothing but parts may stand in the writer.
+// Of a long text all parts but the last end pieces of their own, so nothing may stand in the writer
+// yet.
 void TellRest(Writer& writer, const RestPart& rest, platform::TextEdit edit) {
   Position at = edit.start;
   const Position end = edit.start + edit.added;
@@ -178,12 +179,6 @@ class RowTeller {
   Writer& writer_;
   std::ptrdiff_t row_;
 };
-
-std::ptrdiff_t LongestColumn(filed::FiledWork& filed) {
-  std::ptrdiff_t longest = 0;
-  ForEachColumn(filed, [&](int, auto& column) { longest = std::max(longest, column.Count()); });
-  return longest;
-}
 
 }  // namespace
 

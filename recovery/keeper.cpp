@@ -39,7 +39,7 @@ void Keeper::Try(const std::function<void()>& act) {
 
 // What the file tells so far stays as it is.
 void Keeper::Off(const Text& reason) {
-  needsSync_ = false;
+  unsyncedSince_.reset();
   if (std::exchange(isOff_, true)) return;
   if (file_ != nullptr && !isWhole_) {
     platform::Ignoring([&] { file_->Remove(); });
@@ -56,7 +56,7 @@ std::vector<LeftRecord> Keeper::FindLeft(const Collection& collection) {
 
 void Keeper::Start(LiveWork work) {
   file_.reset();
-  needsSync_ = false;
+  unsyncedSince_.reset();
   isStarted_ = true;
   Settle(work);
 }
@@ -92,10 +92,10 @@ void Keeper::CheckLength() const {
 
 void Keeper::SyncIfLate() {
   const std::chrono::milliseconds now = folder_->Uptime();
-  if (!std::exchange(needsSync_, true)) unsyncedSince_ = now;
-  if (now - unsyncedSince_ < kLate) return;
+  if (!unsyncedSince_) unsyncedSince_ = now;
+  if (now - *unsyncedSince_ < kLate) return;
   file_->Sync();
-  needsSync_ = false;
+  unsyncedSince_.reset();
 }
 
 void Keeper::WriteWhole(LiveWork& work) {
@@ -114,7 +114,7 @@ void Keeper::WriteWhole(LiveWork& work) {
 void Keeper::Sync(LiveWork work) {
   Keep(work);
   Try([&] {
-    if (isOff_ || file_ == nullptr || !std::exchange(needsSync_, false)) return;
+    if (isOff_ || file_ == nullptr || !std::exchange(unsyncedSince_, std::nullopt)) return;
     file_->Sync();
     if (file_->Size() < 2 * wholeBytes_ + kAlwaysRoom) return;
     // What stands there already is as good, should the disk have no room for both.
@@ -125,7 +125,7 @@ void Keeper::Sync(LiveWork work) {
 
 void Keeper::Drop() {
   isStarted_ = false;
-  needsSync_ = false;
+  unsyncedSince_.reset();
   for (auto* const record : {&file_, &held_}) {
     const std::unique_ptr<platform::RecordFile> built = std::move(*record);
     if (built != nullptr) Try([&] { built->Remove(); });
@@ -134,7 +134,7 @@ void Keeper::Drop() {
 
 void Keeper::Close() {
   Try([&] {
-    if (file_ != nullptr && std::exchange(needsSync_, false)) file_->Sync();
+    if (file_ != nullptr && std::exchange(unsyncedSince_, std::nullopt)) file_->Sync();
   });
   isStarted_ = false;
   file_.reset();
@@ -147,7 +147,7 @@ bool Keeper::KeepWhole(LiveWork work) {
     if (isOff_ || !isStarted_) return;
     WriteWhole(work);
     file_->Sync();
-    needsSync_ = false;
+    unsyncedSince_.reset();
     kept = true;
   });
   return kept;

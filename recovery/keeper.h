@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,7 +40,7 @@ class Keeper {
   // of that one handler comes to the second that a power cut can take.
   void Keep(LiveWork work);
   // Whether something isn't on the disk itself yet.
-  bool NeedsSync() const { return needsSync_; }
+  bool NeedsSync() const { return unsyncedSince_.has_value(); }
   // Puts it there, and makes the record short again where it has outgrown twice what it tells.
   void Sync(LiveWork work);
 
@@ -70,8 +71,7 @@ class Keeper {
   bool isWhole_ = false;          // all of the work was written to the file once
   bool isStarted_ = false;
   bool isOff_ = false;
-  bool needsSync_ = false;
-  std::chrono::milliseconds unsyncedSince_{0};  // if it needs a sync
+  std::optional<std::chrono::milliseconds> unsyncedSince_;  // if something is
 };
 
 }  // namespace recovery

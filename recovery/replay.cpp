@@ -140,20 +140,14 @@ class Replay {
   RestText rest_;
 };
 
-// A row may have a text and no title: a heading that another command has overwritten before it got
-// its text.
-std::ptrdiff_t RowsOf(filed::FiledWork& filed) {
-  std::ptrdiff_t rows = 0;
-  ForEachColumn(filed, [&](int, auto& column) { rows = std::max(rows, column.Count()); });
-  return rows;
-}
-
 // The next free rows lie right after those that are there: whoever goes on makes no table up to a
-// number that is none of this work's.
+// number that is none of this work's. A row may have a text and no title: a heading that another
+// command has overwritten before it got its text.
 bool MakesSense(filed::FiledWork& filed) {
   constexpr std::ptrdiff_t kMostOpen = INT32_MAX;
-  return filed.entryCount <= RowsOf(filed) && filed.imageCount <= filed.table.inlineImage.Count() &&
-         filed.mainOpen <= kMostOpen && filed.mainOpen >= -kMostOpen;
+  return filed.entryCount <= LongestColumn(filed) &&
+         filed.imageCount <= filed.table.inlineImage.Count() && filed.mainOpen <= kMostOpen &&
+         filed.mainOpen >= -kMostOpen;
 }
 
 }  // namespace

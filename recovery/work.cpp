@@ -1,5 +1,7 @@
 #include "recovery/work.h"
 
+#include <algorithm>
+
 namespace recovery {
 
 namespace {
@@ -17,6 +19,12 @@ bool HoldsNothing(const LiveWork& work) {
 
 bool HoldsNothing(const Work& work) {
   return NothingFiled(work.filed, work.fields) && work.rest.empty();
+}
+
+std::ptrdiff_t LongestColumn(filed::FiledWork& filed) {
+  std::ptrdiff_t longest = 0;
+  ForEachColumn(filed, [&](int, auto& column) { longest = std::max(longest, column.Count()); });
+  return longest;
 }
 
 }  // namespace recovery

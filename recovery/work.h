@@ -88,4 +88,7 @@ void ForEachColumn(filed::FiledWork& filed, const Visit& visit) {
   visit(kLinesColumn, filed.lines.Rows());
 }
 
+// How many rows the longest of them has.
+std::ptrdiff_t LongestColumn(filed::FiledWork& filed);
+
 }  // namespace recovery

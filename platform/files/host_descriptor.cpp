@@ -56,6 +56,12 @@ MadeFile::~MadeFile() {
   if (!isKept_) ::unlink(hostPath_.c_str());
 }
 
+std::string HostFolderOf(const std::string& hostPath) {
+  const std::size_t end = hostPath.rfind('/');
+  if (end == std::string::npos) return ".";
+  return hostPath.substr(0, end == 0 ? 1 : end);
+}
+
 Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode) {
   int number = -1;
   do {

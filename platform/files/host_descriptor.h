@@ -38,6 +38,9 @@ class [[nodiscard]] Descriptor {
   int number_;
 };
 
+// The folder that holds a host path: "/" at the top, "." for a name alone.
+std::string HostFolderOf(const std::string& hostPath);
+
 // Never waits for the other end of a pipe and never takes a terminal over. Not open where it
 // failed; errno says why.
 Descriptor OpenHost(const std::string& hostPath, int flags, mode_t mode = 0);

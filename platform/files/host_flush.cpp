@@ -22,12 +22,6 @@ constexpr std::size_t kFew = 100;
 
 using HostPaths = std::set<std::string>;
 
-std::string FolderOf(const std::string& hostPath) {
-  const std::size_t end = hostPath.rfind('/');
-  if (end == std::string::npos) return ".";
-  return hostPath.substr(0, end == 0 ? 1 : end);
-}
-
 // Where a link leads, another disk maybe; the path itself if it is none.
 std::string WithLinkFollowed(const std::string& hostPath) {
   struct stat known {};
@@ -68,12 +62,12 @@ bool IsOf(const Top& top, const std::string& hostPath) {
 HostPaths FoldersOf(const HostPaths& paths, const Top& top) {
   HostPaths folders;
   HostPaths behindLinks;
-  const std::size_t shortest = top.isThere ? FolderOf(top.path).size() : std::string::npos;
+  const std::size_t shortest = top.isThere ? HostFolderOf(top.path).size() : std::string::npos;
   for (const std::string& path : paths) {
-    behindLinks.insert(FolderOf(WithLinkFollowed(path)));
-    std::string folder = FolderOf(path);
+    behindLinks.insert(HostFolderOf(WithLinkFollowed(path)));
+    std::string folder = HostFolderOf(path);
     while (folders.insert(folder).second && folder.size() > std::max<std::size_t>(shortest, 1)) {
-      folder = FolderOf(folder);
+      folder = HostFolderOf(folder);
     }
   }
   folders.merge(behindLinks);
@@ -167,7 +161,7 @@ Outcome FlushDisksOf(const Flushed& all) {
 
 // A disk that was pulled out has not got what was written to it.
 bool IsPulledOut(const HostPaths& paths, const Top& top) {
-  const auto isHomeless = [](const std::string& path) { return !Found(FolderOf(path)); };
+  const auto isHomeless = [](const std::string& path) { return !Found(HostFolderOf(path)); };
   return !top.isThere && (paths.empty() || std::ranges::any_of(paths, isHomeless));
 }
 
@@ -185,8 +179,8 @@ bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
   const std::optional<struct stat> found = Found(hostPath);
   if (!found || S_ISDIR(found->st_mode)) return false;
   if (outcome.disk) return found->st_dev == outcome.disk;
-  return !outcome.lost.empty() &&
-         (IsBelow(hostPath, outcome.lost) || FolderOf(WithLinkFollowed(hostPath)) == outcome.lost);
+  return !outcome.lost.empty() && (IsBelow(hostPath, outcome.lost) ||
+                                   HostFolderOf(WithLinkFollowed(hostPath)) == outcome.lost);
 }
 
 }  // namespace

@@ -22,11 +22,6 @@ constexpr std::string_view kRecordEnding = ".record";
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr TextView kWriteDeed = u"write";
 
-// Empty above the top.
-std::string FolderOf(const std::string& hostPath) {
-  return hostPath.substr(0, hostPath.rfind('/'));
-}
-
 class HostRecord : public RecordFile {
  public:
   HostRecord(std::string hostPath, Text path, Descriptor file, off_t size)
@@ -95,11 +90,11 @@ class HostRecord : public RecordFile {
     } while (result != 0 && errno == EINTR);
     if (result != 0) FailHost(kWriteDeed, path_, HostError(errno));
     if (!std::exchange(nameIsNew_, false)) return;
-    std::string folder = FolderOf(hostPath_);
+    std::string folder = HostFolderOf(hostPath_);
     FlushFolder(folder);
     if (!std::exchange(foldersAreNew_, false)) return;
     // What of these its user can't read was there before.
-    while (!(folder = FolderOf(folder)).empty()) {
+    while ((folder = HostFolderOf(folder)).size() > 1) {
       if (::access(folder.c_str(), R_OK) == 0) FlushFolder(folder);
     }
   }

@@ -27,7 +27,7 @@ enum class Deed : std::uint8_t {
   kGalleryMode,
   kGalleryPicture,
 };
-inline constexpr int kDeeds = 19;
+inline constexpr int kDeeds = static_cast<int>(Deed::kGalleryPicture) + 1;
 
 struct Operation {
   Deed deed = Deed::kOpenText;

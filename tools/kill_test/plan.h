@@ -1,3 +1,4 @@
+// What a run of the kill test is to do, and what its two ways of driving the windows share.
 #pragma once
 
 #include <string>
