@@ -15,8 +15,8 @@
 #include "bench/process.h"
 #include "bench/texts.h"
 #include "bench/timing.h"
+#include "book/search.h"
 #include "platform/text/encoding.h"
-#include "viewer/book/search.h"
 #include "workbench/book_formats.h"
 
 namespace bench {
@@ -134,11 +134,11 @@ bool GoCold(const std::string& folder) {
 
 int HitsOf(const std::string& book) {
   int hits = 0;
-  viewer::SearchBook(viewer::BookFolder(QString::fromStdString(book)),
-                     QString::fromStdU16String(kWord), [&](viewer::Hit&&) {
-                       ++hits;
-                       return true;
-                     });
+  book::SearchBook(book::Folder(QString::fromStdString(book)), QString::fromStdU16String(kWord),
+                   [&](book::Hit&&) {
+                     ++hits;
+                     return true;
+                   });
   return hits;
 }
 

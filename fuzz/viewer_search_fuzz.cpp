@@ -8,17 +8,17 @@
 #include <cstdlib>
 #include <optional>
 
-#include "viewer/book/fold.h"
-#include "viewer/book/marks.h"
-#include "viewer/book/page.h"
-#include "viewer/book/page_search.h"
-#include "viewer/book/text_file.h"
+#include "book/fold.h"
+#include "book/marks.h"
+#include "book/page.h"
+#include "book/page_search.h"
+#include "book/text_file.h"
 
 namespace {
 
-using viewer::Folded;
-using viewer::Match;
-using viewer::Page;
+using book::Folded;
+using book::Match;
+using book::Page;
 
 void Require(bool holds) {
   if (!holds) std::abort();
@@ -26,8 +26,8 @@ void Require(bool holds) {
 
 QStringList TextsOf(const Page& page) {
   QStringList texts = {page.title};
-  for (const viewer::PagePart& part : page.parts) {
-    texts += part.kind == viewer::PagePart::Kind::kParagraph ? part.text : QString();
+  for (const book::PagePart& part : page.parts) {
+    texts += part.kind == book::PagePart::Kind::kParagraph ? part.text : QString();
   }
   return texts;
 }
@@ -59,9 +59,9 @@ void CheckMatch(const Match& match, const QStringList& texts, const QStringList&
 }
 
 void CheckMarks(const QString& text, const QStringList& words) {
-  const std::vector<viewer::Mark> marks = viewer::MarksIn(text, words);
+  const std::vector<book::Mark> marks = book::MarksIn(text, words);
   qsizetype after = 0;
-  for (const viewer::Mark& mark : marks) {
+  for (const book::Mark& mark : marks) {
     Require(mark.start >= after && mark.length > 0);
     after = mark.start + mark.length;
     Require(after <= text.size());
@@ -83,14 +83,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QByteArrayView bytes(reinterpret_cast<const char*>(data) + 1,
                              static_cast<qsizetype>(size) - 1);
   const qsizetype wordBytes = std::min(qsizetype{data[0]} * 2, bytes.size());
-  const QString typed = viewer::DecodeText(bytes.first(wordBytes));
+  const QString typed = book::DecodeText(bytes.first(wordBytes));
   const QByteArrayView file = bytes.sliced(wordBytes);
 
-  const QStringList words = viewer::WordsOf(typed);
+  const QStringList words = book::WordsOf(typed);
   CheckWords(words);
-  const Page page = viewer::ParsePage(viewer::DecodeText(file));
+  const Page page = book::ParsePage(book::DecodeText(file));
   const QStringList texts = TextsOf(page);
-  viewer::PageSearch search(typed);
+  book::PageSearch search(typed);
   const std::optional<Match> match = search.Find(file);
   Require(match.has_value() == (!words.isEmpty() && HoldsAll(texts, words)));
   if (match) CheckMatch(*match, texts, words);

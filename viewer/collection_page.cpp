@@ -56,15 +56,15 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
   };
 }
 
-void CollectionPage::Load(const Collection& collection) {
+void CollectionPage::Load(const book::Collection& collection) {
   bar_.Silence();
   collection_ = collection;
-  picture_ = PictureOf(surroundings_.book, collection);
-  contents_.SetContents(ReadContents(surroundings_.book, collection));
+  picture_ = book::PictureOf(surroundings_.book, collection);
+  contents_.SetContents(book::ReadContents(surroundings_.book, collection));
   current_ = -1;
 }
 
-void CollectionPage::Open(const Collection& collection) {
+void CollectionPage::Open(const book::Collection& collection) {
   Load(collection);
   const int first = contents_.Model().NextEntry(-1, 1);
   if (first >= 0) {
@@ -79,7 +79,7 @@ void CollectionPage::Open(const Collection& collection) {
   contents_.setFocus();
 }
 
-void CollectionPage::OpenAt(const Hit& hit, const QString& words) {
+void CollectionPage::OpenAt(const book::Hit& hit, const QString& words) {
   Load(hit.collection);
   ShowEntry(hit.node, words);
   ShowText(true);
@@ -103,14 +103,14 @@ void CollectionPage::Step(int step) {
 void CollectionPage::Zoom(int pixels) { page_.SetTextPixels(page_.TextPixels() + pixels); }
 
 void CollectionPage::ShowEntry(int node, const QString& words) {
-  const std::vector<Node>& nodes = contents_.Model().Nodes();
+  const std::vector<book::Node>& nodes = contents_.Model().Nodes();
   if (node < 0 || static_cast<std::size_t>(node) >= nodes.size()) return;
   if (node == current_ && words.isEmpty()) return;
   current_ = node;
   contents_.Select(node);
-  const Node& entry = nodes[static_cast<std::size_t>(node)];
+  const book::Node& entry = nodes[static_cast<std::size_t>(node)];
   if (entry.isGallery) {
-    gallery_.ShowGallery(ReadGallery(surroundings_.book, entry.source));
+    gallery_.ShowGallery(book::ReadGallery(surroundings_.book, entry.source));
     sheets_.setCurrentWidget(&gallery_);
     sections_.hide();
   } else {
@@ -121,8 +121,8 @@ void CollectionPage::ShowEntry(int node, const QString& words) {
   bar_.AllowPrinting(!page_.IsNotice());
 }
 
-void CollectionPage::ShowPage(const Node& node, const QString& words) {
-  std::optional<Page> page = ReadPage(surroundings_.book, node.source);
+void CollectionPage::ShowPage(const book::Node& node, const QString& words) {
+  std::optional<book::Page> page = book::ReadPage(surroundings_.book, node.source);
   if (!page) page = ReadMadePage(surroundings_.book, node);
   sheets_.setCurrentWidget(&page_);
   if (!page) {
@@ -130,7 +130,7 @@ void CollectionPage::ShowPage(const Node& node, const QString& words) {
     return;
   }
   if (page->title.isEmpty()) page->title = node.label;
-  page_.ShowPage(std::move(*page), BackgroundOf(surroundings_.book, node), words);
+  page_.ShowPage(std::move(*page), book::BackgroundOf(surroundings_.book, node), words);
 }
 
 void CollectionPage::ShowText(bool text) {

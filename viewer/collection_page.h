@@ -4,8 +4,8 @@
 #include <QStackedWidget>
 #include <QWidget>
 
-#include "viewer/book/index.h"
-#include "viewer/book/search.h"
+#include "book/index.h"
+#include "book/search.h"
 #include "viewer/contents_list.h"
 #include "viewer/entry_bar.h"
 #include "viewer/gallery_view.h"
@@ -21,9 +21,9 @@ class CollectionPage : public QWidget {
  public:
   CollectionPage(const Surroundings& surroundings, QWidget* parent);
 
-  void Open(const Collection& collection);
+  void Open(const book::Collection& collection);
   // At an entry that a search has found.
-  void OpenAt(const Hit& hit, const QString& words);
+  void OpenAt(const book::Hit& hit, const QString& words);
 
   // From the text to the contents, where these are a page of their own; false if there is nowhere
   // to go back to but the index.
@@ -38,9 +38,9 @@ class CollectionPage : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void Load(const Collection& collection);
+  void Load(const book::Collection& collection);
   void ShowEntry(int node, const QString& words = {});
-  void ShowPage(const Node& node, const QString& words);
+  void ShowPage(const book::Node& node, const QString& words);
   void ShowText(bool text);
   void Print(QPrinter& printer);
   bool IsApart() const { return surroundings_.look.dark; }
@@ -48,7 +48,7 @@ class CollectionPage : public QWidget {
   void Arrange();
 
   const Surroundings& surroundings_;
-  Collection collection_;
+  book::Collection collection_;
   QString picture_;
   int current_ = -1;
   bool readsText_ = false;

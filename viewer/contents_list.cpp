@@ -41,7 +41,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
              const QModelIndex& index) const override {
     const int at = model_.NodeAt(index);
     if (at < 0) return;
-    const Node& node = model_.Nodes()[static_cast<std::size_t>(at)];
+    const book::Node& node = model_.Nodes()[static_cast<std::size_t>(at)];
     const bool chosen = (option.state & QStyle::State_Selected) != 0;
     const bool pointedAt = (option.state & QStyle::State_MouseOver) != 0;
     painter->save();
@@ -63,7 +63,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
   }
 
  private:
-  void PaintSign(QPainter& painter, const Node& node, int at, QPointF middle,
+  void PaintSign(QPainter& painter, const book::Node& node, int at, QPointF middle,
                  const QColor& ink) const {
     painter.setPen(node.isGallery ? QPen(ink, 1.2) : QPen(Qt::NoPen));
     painter.setBrush(node.isGallery ? QBrush(Qt::NoBrush) : QBrush(ink));
@@ -93,7 +93,7 @@ ContentsList::ContentsList(const Look& look, QWidget* parent) : QListView(parent
   setModel(&model_);
 }
 
-void ContentsList::SetContents(Contents contents) {
+void ContentsList::SetContents(book::Contents contents) {
   quiet_ = true;
   model_.SetContents(std::move(contents));
   scrollToTop();

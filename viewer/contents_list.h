@@ -19,7 +19,7 @@ class ContentsList : public QListView {
   // The reader wants to read it: a click, or Enter.
   std::function<void(int node)> onChosen;
 
-  void SetContents(Contents contents);
+  void SetContents(book::Contents contents);
   ContentsModel& Model() { return model_; }
   // Without telling.
   void Select(int node);

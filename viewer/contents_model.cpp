@@ -10,7 +10,7 @@ constexpr std::size_t kOpenFromTheStart = 400;
 
 }  // namespace
 
-void ContentsModel::SetContents(Contents contents) {
+void ContentsModel::SetContents(book::Contents contents) {
   beginResetModel();
   contents_ = std::move(contents);
   const std::size_t count = contents_.nodes.size();

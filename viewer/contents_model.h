@@ -4,7 +4,7 @@
 #include <QAbstractListModel>
 #include <vector>
 
-#include "viewer/book/contents.h"
+#include "book/contents.h"
 
 namespace viewer {
 
@@ -13,8 +13,8 @@ class ContentsModel : public QAbstractListModel {
   // Beyond it, titles are drawn no further to the left.
   static constexpr int kDeepestIndent = 10;
 
-  void SetContents(Contents contents);
-  const std::vector<Node>& Nodes() const { return contents_.nodes; }
+  void SetContents(book::Contents contents);
+  const std::vector<book::Node>& Nodes() const { return contents_.nodes; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -32,7 +32,7 @@ class ContentsModel : public QAbstractListModel {
  private:
   void ListRows();
 
-  Contents contents_;
+  book::Contents contents_;
   std::vector<bool> open_;
   std::vector<int> rows_;       // nodes, in the order of the file
   std::vector<int> rowOfNode_;  // -1 where it isn't seen

@@ -5,9 +5,9 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
-#include "viewer/book/known_files.h"
-#include "viewer/book/medium.h"
-#include "viewer/book/shown_name.h"
+#include "book/known_files.h"
+#include "book/medium.h"
+#include "book/shown_name.h"
 #include "viewer/film_window.h"
 
 namespace viewer {
@@ -67,11 +67,11 @@ EntryBar::EntryBar(const Surroundings& surroundings, QWidget* parent)
   QObject::connect(&larger_, &QAbstractButton::clicked, this, [this] { onZoom(2); });
 }
 
-void EntryBar::ShowEntry(const Node& node, bool hasPrevious, bool hasNext) {
+void EntryBar::ShowEntry(const book::Node& node, bool hasPrevious, bool hasNext) {
   Silence();
   node_ = node;
   // The nodes of galleries may name files that were never made.
-  media_ = node.isGallery ? Media() : MediaOf(surroundings_.book, node);
+  media_ = node.isGallery ? book::Media() : book::MediaOf(surroundings_.book, node);
   const bool isPage = !node.isGallery;
   attachment_.setVisible(isPage && node.hasAttachment);
   sound_.setVisible(isPage && node.hasSound);
@@ -100,15 +100,16 @@ void EntryBar::ShowWhatFits() {
 // Else says which file is missing.
 bool EntryBar::IsThere(const QString& path, const QString& what, const QString& ending) {
   if (!path.isEmpty()) return true;
-  const QString file = StemOf(node_) + ending;
-  qWarning().noquote() << "Can't be read:" << WithSigns(surroundings_.book.Root() + u'/' + file);
+  const QString file = book::StemOf(node_) + ending;
+  qWarning().noquote() << "Can't be read:"
+                       << book::WithSigns(surroundings_.book.Root() + u'/' + file);
   Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد.\n") + AsPath(file));
   return false;
 }
 
 void EntryBar::OpenAttachment() {
   if (!IsThere(media_.attachment, QStringLiteral("پیوست"), node_.attachmentExtension)) return;
-  const bool isDocument = IsKnownDocument(media_.attachment);
+  const bool isDocument = book::IsKnownDocument(media_.attachment);
   const bool isExecutable = QFileInfo(media_.attachment).isExecutable();
   if (node_.attachmentIsProgram || (isExecutable && !isDocument)) return StartProgram();
   // On some disks everything may be executed.
@@ -118,8 +119,8 @@ void EntryBar::OpenAttachment() {
 
 // The machine's own player would follow a list of addresses under the name of a sound.
 bool EntryBar::IsWhatItIsCalled() const {
-  return !IsCalledMedium(media_.attachment) ||
-         Medium::Open(surroundings_.book, media_.attachment) != nullptr;
+  return !book::IsCalledMedium(media_.attachment) ||
+         book::Medium::Open(surroundings_.book, media_.attachment) != nullptr;
 }
 
 QString EntryBar::AttachmentName() const { return AsPath(QFileInfo(media_.attachment).fileName()); }
@@ -146,7 +147,7 @@ void EntryBar::StartProgram() {
 void EntryBar::SwitchSound() {
   if (sounds_) return Silence();
   if (!IsThere(media_.sound, QStringLiteral("صدای"), kAnyEnding)) return;
-  auto sound = Medium::Open(surroundings_.book, media_.sound);
+  auto sound = book::Medium::Open(surroundings_.book, media_.sound);
   if (!sound) return TellSound();
   if (!player_) {
     player_ = surroundings_.outside.makePlayer();
@@ -174,7 +175,7 @@ void EntryBar::Silence() {
 
 void EntryBar::ShowFilm() {
   if (!IsThere(media_.film, QStringLiteral("فیلم"), kAnyEnding)) return;
-  auto film = Medium::Open(surroundings_.book, media_.film);
+  auto film = book::Medium::Open(surroundings_.book, media_.film);
   if (!film) return Tell(window(), CantPlayFilm());
   surroundings_.hushMusic(true);
   Silence();

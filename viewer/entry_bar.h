@@ -5,8 +5,8 @@
 #include <functional>
 #include <memory>
 
-#include "viewer/book/contents.h"
-#include "viewer/book/media.h"
+#include "book/contents.h"
+#include "book/media.h"
 #include "viewer/flat_button.h"
 #include "viewer/surroundings.h"
 
@@ -21,7 +21,7 @@ class EntryBar : public QWidget {
   std::function<void()> onPrint;
 
   // What sounds is silenced.
-  void ShowEntry(const Node& node, bool hasPrevious, bool hasNext);
+  void ShowEntry(const book::Node& node, bool hasPrevious, bool hasNext);
   // Where printing isn't offered at all it makes no difference.
   void AllowPrinting(bool allowed) { print_.setEnabled(allowed); }
   void Silence();
@@ -43,8 +43,8 @@ class EntryBar : public QWidget {
   [[nodiscard]] bool IsThere(const QString& path, const QString& what, const QString& ending);
 
   const Surroundings& surroundings_;
-  Node node_;
-  Media media_;
+  book::Node node_;
+  book::Media media_;
   std::unique_ptr<Player> player_;
   bool sounds_ = false;
   FlatButton previous_;

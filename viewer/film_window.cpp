@@ -13,7 +13,7 @@ namespace viewer {
 
 QString CantPlayFilm() { return QStringLiteral("این فیلم را نمی\u200Cتوان پخش کرد."); }
 
-FilmWindow::FilmWindow(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent)
+FilmWindow::FilmWindow(std::unique_ptr<book::Medium> medium, const QString& title, QWidget* parent)
     : QWidget(parent, Qt::Window), medium_(std::move(medium)), player_(this) {
   setObjectName(QStringLiteral("film"));
   setAttribute(Qt::WA_DeleteOnClose);

@@ -9,7 +9,7 @@
 #include <functional>
 #include <memory>
 
-#include "viewer/book/medium.h"
+#include "book/medium.h"
 
 namespace viewer {
 
@@ -19,7 +19,7 @@ QString CantPlayFilm();
 // Plays at once. The space bar pauses, F and a double click fill the screen, Esc ends.
 class FilmWindow : public QWidget {
  public:
-  FilmWindow(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent);
+  FilmWindow(std::unique_ptr<book::Medium> medium, const QString& title, QWidget* parent);
 
   std::function<void()> onClosed;
 
@@ -32,7 +32,7 @@ class FilmWindow : public QWidget {
   void SwitchPause();
   void SwitchFullScreen();
 
-  const std::unique_ptr<Medium> medium_;
+  const std::unique_ptr<book::Medium> medium_;
   QVideoWidget video_;
   QLabel message_;
   QAudioOutput output_;

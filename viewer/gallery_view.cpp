@@ -20,7 +20,7 @@ class GalleryView::Model : public QAbstractListModel {
  public:
   using QAbstractListModel::QAbstractListModel;
 
-  void SetGallery(std::vector<Picture> gallery) {
+  void SetGallery(std::vector<book::Picture> gallery) {
     beginResetModel();
     pictures = std::move(gallery);
     endResetModel();
@@ -36,7 +36,7 @@ class GalleryView::Model : public QAbstractListModel {
     return {};
   }
 
-  std::vector<Picture> pictures;
+  std::vector<book::Picture> pictures;
 };
 
 class GalleryView::Painter : public QStyledItemDelegate {
@@ -51,7 +51,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
     const Look& look = view_.look_;
-    const Picture& picture = view_.model_->pictures[static_cast<std::size_t>(index.row())];
+    const book::Picture& picture = view_.model_->pictures[static_cast<std::size_t>(index.row())];
     const bool chosen = (option.state & (QStyle::State_Selected | QStyle::State_MouseOver)) != 0;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -70,7 +70,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
   }
 
  private:
-  void PaintPicture(QPainter& painter, const QRect& box, const Picture& picture) const {
+  void PaintPicture(QPainter& painter, const QRect& box, const book::Picture& picture) const {
     const QString path = view_.book_.Resolve(picture.path);
     const QPixmap shown = view_.pictures_.Get(path, box.size(), Fit::kInside, view_.viewport());
     if (!shown.isNull()) {
@@ -90,7 +90,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
   GalleryView& view_;
 };
 
-GalleryView::GalleryView(const BookFolder& book, const Look& look, Pictures& pictures,
+GalleryView::GalleryView(const book::Folder& book, const Look& look, Pictures& pictures,
                          QWidget* parent)
     : QListView(parent), book_(book), look_(look), pictures_(pictures), model_(new Model(this)) {
   setObjectName(QStringLiteral("gallery"));
@@ -114,7 +114,7 @@ GalleryView::GalleryView(const BookFolder& book, const Look& look, Pictures& pic
 
 GalleryView::~GalleryView() = default;
 
-void GalleryView::ShowGallery(std::vector<Picture> gallery) {
+void GalleryView::ShowGallery(std::vector<book::Picture> gallery) {
   model_->SetGallery(std::move(gallery));
   scrollToTop();
   if (!model_->pictures.empty()) setCurrentIndex(model_->index(0));

@@ -4,8 +4,8 @@
 #include <QListView>
 #include <vector>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/gallery.h"
+#include "book/folder.h"
+#include "book/gallery.h"
 #include "viewer/look.h"
 #include "viewer/pictures.h"
 
@@ -13,12 +13,12 @@ namespace viewer {
 
 class GalleryView : public QListView {
  public:
-  GalleryView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent);
+  GalleryView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent);
   GalleryView(const GalleryView&) = delete;
   GalleryView& operator=(const GalleryView&) = delete;
   ~GalleryView() override;
 
-  void ShowGallery(std::vector<Picture> gallery);
+  void ShowGallery(std::vector<book::Picture> gallery);
   // Over the whole screen.
   void OpenPicture(int number);
 
@@ -30,7 +30,7 @@ class GalleryView : public QListView {
   class Model;
   class Painter;
 
-  const BookFolder& book_;
+  const book::Folder& book_;
   const Look& look_;
   Pictures& pictures_;
   Model* model_;

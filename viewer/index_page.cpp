@@ -19,14 +19,14 @@ constexpr int kRoomAround = 50;  // pixels, between a card with the focus and th
 constexpr int kScrollStep = 20;
 
 // In its own direction, whatever script it begins with.
-QString CreditOf(const Index& index) {
+QString CreditOf(const book::Index& index) {
   const QString credit = AsCaption(index.credit);
   return credit.isEmpty() ? credit : QChar(0x2068) + credit + QChar(0x2069);
 }
 
 }  // namespace
 
-CollectionCard::CollectionCard(const BookFolder& book, const Collection& collection,
+CollectionCard::CollectionCard(const book::Folder& book, const book::Collection& collection,
                                const Look& look, Pictures& pictures, QWidget* parent)
     : QAbstractButton(parent),
       book_(book),
@@ -56,7 +56,7 @@ void CollectionCard::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CollectionCard::ShowPicture() {
-  if (!looked_) picture_ = PictureOf(book_, collection_);
+  if (!looked_) picture_ = book::PictureOf(book_, collection_);
   looked_ = true;
   update();
 }
@@ -179,7 +179,7 @@ class IndexPage::Shelves : public QWidget {
   const ShelfPlan& plan_;
 };
 
-IndexPage::IndexPage(const BookFolder& book, const Index& index, const Look& look,
+IndexPage::IndexPage(const book::Folder& book, const book::Index& index, const Look& look,
                      Pictures& pictures)
     : book_(book),
       collections_(index.collections),
@@ -205,9 +205,9 @@ void IndexPage::ShowTheRest() {
   for (const auto& [number, card] : cards_) card->ShowPicture();
 }
 
-void IndexPage::FocusCard(const Collection& collection) {
+void IndexPage::FocusCard(const book::Collection& collection) {
   const auto found = std::ranges::find_if(
-      collections_, [&](const Collection& each) { return AreSame(each, collection); });
+      collections_, [&](const book::Collection& each) { return book::AreSame(each, collection); });
   if (found != collections_.end()) {
     Focus(static_cast<std::size_t>(found - collections_.begin()));
   }

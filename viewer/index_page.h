@@ -8,8 +8,8 @@
 #include <map>
 #include <vector>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/index.h"
+#include "book/folder.h"
+#include "book/index.h"
 #include "viewer/look.h"
 #include "viewer/pictures.h"
 #include "viewer/shelf_plan.h"
@@ -19,10 +19,10 @@ namespace viewer {
 // One collection: its picture and its title. Its objectName is the collection's key, as "a1".
 class CollectionCard : public QAbstractButton {
  public:
-  CollectionCard(const BookFolder& book, const Collection& collection, const Look& look,
+  CollectionCard(const book::Folder& book, const book::Collection& collection, const Look& look,
                  Pictures& pictures, QWidget* parent);
 
-  const Collection& Shown() const { return collection_; }
+  const book::Collection& Shown() const { return collection_; }
   // Looks for the picture. Until then there is a plain ground.
   void ShowPicture();
 
@@ -39,8 +39,8 @@ class CollectionCard : public QAbstractButton {
   bool IsPointedAt() const { return hasFocus() || underMouse(); }
   QRect CoverBox() const;
 
-  const BookFolder& book_;
-  Collection collection_;
+  const book::Folder& book_;
+  book::Collection collection_;
   QString caption_;
   const Look& look_;
   Pictures& pictures_;
@@ -52,13 +52,14 @@ class CollectionCard : public QAbstractButton {
 // is near the view: a book may have any number of collections. The index must outlive it.
 class IndexPage : public QAbstractScrollArea {
  public:
-  IndexPage(const BookFolder& book, const Index& index, const Look& look, Pictures& pictures);
+  IndexPage(const book::Folder& book, const book::Index& index, const Look& look,
+            Pictures& pictures);
 
-  std::function<void(const Collection&)> onChosen;
+  std::function<void(const book::Collection&)> onChosen;
 
   // The pictures and the credit: what the first paint doesn't wait for.
   void ShowTheRest();
-  void FocusCard(const Collection& collection);
+  void FocusCard(const book::Collection& collection);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -78,8 +79,8 @@ class IndexPage : public QAbstractScrollArea {
   [[nodiscard]] bool Step(int key);
   std::size_t Nearest(std::size_t from, int key) const;
 
-  const BookFolder& book_;
-  const std::vector<Collection>& collections_;
+  const book::Folder& book_;
+  const std::vector<book::Collection>& collections_;
   const Look& look_;
   Pictures& pictures_;
   QString credit_;

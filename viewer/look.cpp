@@ -8,7 +8,7 @@
 #include <QtMath>
 #include <algorithm>
 
-#include "viewer/book/shown_name.h"
+#include "book/shown_name.h"
 
 namespace viewer {
 namespace {
@@ -164,7 +164,7 @@ QString PersianNumber(qint64 number) {
 }
 
 QString AsCaption(const QString& text) {
-  QString caption = WithSigns(text.left(kLongestCaption).simplified());
+  QString caption = book::WithSigns(text.left(kLongestCaption).simplified());
   if (text.size() > kLongestCaption) caption += kDots;
   return caption;
 }
@@ -175,7 +175,7 @@ QString AsToolTip(const QString& text) {
 
 QString AsPath(const QString& path) {
   const QFontMetrics metrics(ViewerFont(kCaptionPixels));
-  const QString name = NameWithSigns(EndsOf(path));
+  const QString name = book::NameWithSigns(EndsOf(path));
   // What the file is stays in sight, however wide the letters before it are.
   const qsizetype dot = name.lastIndexOf(u'.');
   const QString ending =

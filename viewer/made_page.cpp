@@ -5,8 +5,8 @@
 #include <QTextFragment>
 #include <QUrl>
 
-#include "viewer/book/media.h"
-#include "viewer/book/text_file.h"
+#include "book/media.h"
+#include "book/text_file.h"
 
 namespace viewer {
 namespace {
@@ -37,7 +37,7 @@ QString WithoutButtons(const QString& markup) {
 
 // Such pages lie in Data/TXT and say "../IMG/x.jpg". A browser takes signs of an address in the
 // name for such, so by hand they may have been written as it wants them.
-QString PictureIn(const BookFolder& book, const QString& address) {
+QString PictureIn(const book::Folder& book, const QString& address) {
   const QString name = address.mid(address.lastIndexOf(u'/') + 1);
   const QString folder = QStringLiteral("Data/IMG/");
   const QString decoded = folder + QUrl::fromPercentEncoding(name.toUtf8());
@@ -45,11 +45,11 @@ QString PictureIn(const BookFolder& book, const QString& address) {
   return isCoded ? decoded : folder + name;
 }
 
-void TakeBlock(Page& page, const BookFolder& book, const QTextBlock& block) {
+void TakeBlock(book::Page& page, const book::Folder& book, const QTextBlock& block) {
   QString text;
   const auto takeText = [&] {
     text = text.trimmed();
-    if (!text.isEmpty()) page.parts.push_back({PagePart::Kind::kParagraph, text});
+    if (!text.isEmpty()) page.parts.push_back({book::PagePart::Kind::kParagraph, text});
     text.clear();
   };
   for (auto each = block.begin(); !each.atEnd(); ++each) {
@@ -60,27 +60,27 @@ void TakeBlock(Page& page, const BookFolder& book, const QTextBlock& block) {
     }
     takeText();
     const QString address = fragment.charFormat().toImageFormat().name();
-    page.parts.push_back({PagePart::Kind::kPicture, PictureIn(book, address)});
+    page.parts.push_back({book::PagePart::Kind::kPicture, PictureIn(book, address)});
   }
   takeText();
 }
 
 // The template says the title twice: as that of the window, and above the text.
-void DropTitle(Page& page) {
-  if (page.parts.empty() || page.parts.front().kind != PagePart::Kind::kParagraph) return;
+void DropTitle(book::Page& page) {
+  if (page.parts.empty() || page.parts.front().kind != book::PagePart::Kind::kParagraph) return;
   const QString first = page.parts.front().text.simplified();
   if (first == page.title.simplified()) page.parts.erase(page.parts.begin());
 }
 
 }  // namespace
 
-std::optional<Page> ReadMadePage(const BookFolder& book, const Node& node) {
-  const QString made = PrintPageOf(book, node);
-  const std::optional<QString> text = made.isEmpty() ? std::nullopt : ReadText(made);
+std::optional<book::Page> ReadMadePage(const book::Folder& book, const book::Node& node) {
+  const QString made = book::PrintPageOf(book, node);
+  const std::optional<QString> text = made.isEmpty() ? std::nullopt : book::ReadText(made);
   if (!text || text->size() > kLongestMadePage) return std::nullopt;
   Markup markup;
   markup.setHtml(WithoutButtons(*text));
-  Page page;
+  book::Page page;
   page.title = markup.metaInformation(QTextDocument::DocumentTitle).trimmed();
   for (QTextBlock block = markup.begin(); block.isValid(); block = block.next()) {
     TakeBlock(page, book, block);

@@ -3,15 +3,16 @@
 
 #include <optional>
 
-#include "viewer/book/contents.h"
-#include "viewer/book/folder.h"
-#include "viewer/book/page.h"
+#include "book/contents.h"
+#include "book/folder.h"
+#include "book/page.h"
 
 namespace viewer {
 
 // For a book that has lost the page itself: its texts and pictures, without the button and without
 // the look that its template gives it. Nothing where there is none, or one too long to be taken
 // apart.
-[[nodiscard]] std::optional<Page> ReadMadePage(const BookFolder& book, const Node& node);
+[[nodiscard]] std::optional<book::Page> ReadMadePage(const book::Folder& book,
+                                                     const book::Node& node);
 
 }  // namespace viewer

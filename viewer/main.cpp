@@ -5,7 +5,7 @@
 #include <QIcon>
 #include <memory>
 
-#include "viewer/book/folder.h"
+#include "book/folder.h"
 #include "viewer/look.h"
 #include "viewer/toolkit_texts.h"
 #include "viewer/window.h"
@@ -50,6 +50,6 @@ int main(int argc, char** argv) {
                            : QStringList{QApplication::applicationDirPath(), QDir::currentPath()};
   QApplication::setWindowIcon(WindowIcon());
   Reader reader;
-  reader.Open(viewer::BookFolder::Find(candidates).value_or(candidates.front()));
+  reader.Open(book::Folder::Find(candidates).value_or(candidates.front()));
   return QApplication::exec();
 }

@@ -29,10 +29,10 @@ class MediaPlayer : public Player {
                      });
   }
 
-  void Play(std::unique_ptr<Medium> medium) override {
+  void Play(std::unique_ptr<book::Medium> medium) override {
     // The one before is read from until the player has the new one, and of that some players say
     // within the call already that it can't be opened.
-    const std::unique_ptr<Medium> before = std::exchange(medium_, std::move(medium));
+    const std::unique_ptr<book::Medium> before = std::exchange(medium_, std::move(medium));
     player_.setSourceDevice(medium_.get(), NoAddress());
     player_.play();
   }
@@ -51,7 +51,7 @@ class MediaPlayer : public Player {
         Qt::QueuedConnection);
   }
 
-  std::unique_ptr<Medium> medium_;
+  std::unique_ptr<book::Medium> medium_;
   QAudioOutput output_;
   QMediaPlayer player_;
 };
@@ -59,7 +59,7 @@ class MediaPlayer : public Player {
 // Fails at each sound.
 class NoPlayer : public Player {
  public:
-  void Play(std::unique_ptr<Medium> medium) override {
+  void Play(std::unique_ptr<book::Medium> medium) override {
     qWarning() << "no sound on this machine for" << medium->Path();
     QMetaObject::invokeMethod(
         &context_,

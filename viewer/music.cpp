@@ -5,7 +5,7 @@
 
 namespace viewer {
 
-Music::Music(const BookFolder& book, QStringList tracks,
+Music::Music(const book::Folder& book, QStringList tracks,
              std::function<std::unique_ptr<Player>()> makePlayer)
     : book_(book), tracks_(std::move(tracks)), makePlayer_(std::move(makePlayer)) {}
 
@@ -34,7 +34,7 @@ void Music::Hush(bool hushed) {
 }
 
 void Music::PlayCurrent() {
-  auto track = Medium::Open(book_, tracks_[current_]);
+  auto track = book::Medium::Open(book_, tracks_[current_]);
   if (!track) return OnEnd(false);
   if (!player_) {
     player_ = makePlayer_();

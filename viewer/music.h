@@ -13,7 +13,7 @@ namespace viewer {
 class Music {
  public:
   // The tracks that are there, and how to come by a player once one is needed.
-  Music(const BookFolder& book, QStringList tracks,
+  Music(const book::Folder& book, QStringList tracks,
         std::function<std::unique_ptr<Player>()> makePlayer);
 
   // It has gone off by itself: nothing can be played.
@@ -33,7 +33,7 @@ class Music {
   void PlayCurrent();
   void OnEnd(bool played);
 
-  const BookFolder& book_;
+  const book::Folder& book_;
   QStringList tracks_;
   std::function<std::unique_ptr<Player>()> makePlayer_;
   std::unique_ptr<Player> player_;

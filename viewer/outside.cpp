@@ -47,7 +47,7 @@ bool StartProgram(const QString& path) {
   return TheLauncher().Start(file, folder);
 }
 
-void ShowFilm(std::unique_ptr<Medium> medium, const QString& title, QWidget* parent,
+void ShowFilm(std::unique_ptr<book::Medium> medium, const QString& title, QWidget* parent,
               std::function<void()> onClosed) {
   // The toolkit's player wants a sound card for a film, too.
   if (!CanPlaySounds()) {

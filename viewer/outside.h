@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "viewer/book/medium.h"
+#include "book/medium.h"
 
 namespace viewer {
 
@@ -15,7 +15,7 @@ namespace viewer {
 class Player {
  public:
   virtual ~Player() = default;
-  virtual void Play(std::unique_ptr<Medium> medium) = 0;
+  virtual void Play(std::unique_ptr<book::Medium> medium) = 0;
   virtual void Pause() = 0;
   virtual void Resume() = 0;
   virtual void Stop() = 0;
@@ -30,7 +30,7 @@ struct Outside {
   // Starts it in its own folder and doesn't wait for it.
   std::function<bool(const QString& path)> startProgram;
   // Calls onClosed once: when the reader closes the film, or there is nothing to see.
-  std::function<void(std::unique_ptr<Medium> film, const QString& title, QWidget* parent,
+  std::function<void(std::unique_ptr<book::Medium> film, const QString& title, QWidget* parent,
                      std::function<void()> onClosed)>
       showFilm;
   std::function<std::unique_ptr<Player>()> makePlayer;

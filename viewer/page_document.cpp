@@ -115,7 +115,7 @@ std::optional<QTextImageFormat> FormatFor(QTextCursor& cursor, const QString& pa
   return format;
 }
 
-void AppendPicture(QTextCursor& cursor, const BookFolder& book, const QString& pathInBook,
+void AppendPicture(QTextCursor& cursor, const book::Folder& book, const QString& pathInBook,
                    const PageStyle& style) {
   const QString path = book.Needed(pathInBook);
   std::optional<QTextImageFormat> format = FormatFor(cursor, path, style);
@@ -187,15 +187,16 @@ void BeginPage(QTextDocument& document, const QString& title, const PageStyle& s
   cursor.insertText(title.left(kLongestTitle), letters);
 }
 
-PagePlace AppendStep(QTextDocument& document, const BookFolder& book, const Page& page,
-                     PagePlace from, PagePlace until, const PageStyle& style) {
+book::PagePlace AppendStep(QTextDocument& document, const book::Folder& book,
+                           const book::Page& page, book::PagePlace from, book::PagePlace until,
+                           const PageStyle& style) {
   QTextCursor cursor(&document);
   cursor.movePosition(QTextCursor::End);
   cursor.beginEditBlock();
   for (qsizetype weight = 0; from < until && weight < kWeightOfStep;) {
-    const PagePart& part = page.parts[from.part];
+    const book::PagePart& part = page.parts[from.part];
     const PagePiece piece = PieceAt(page, from);
-    if (part.kind == PagePart::Kind::kPicture) {
+    if (part.kind == book::PagePart::Kind::kPicture) {
       AppendPicture(cursor, book, part.text, style);
     } else {
       AppendParagraph(cursor, part.text.mid(from.offset, piece.length), style);

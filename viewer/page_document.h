@@ -7,8 +7,8 @@
 #include <QTextDocument>
 #include <QTextFormat>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/page.h"
+#include "book/folder.h"
+#include "book/page.h"
 #include "viewer/page_sections.h"
 
 namespace viewer {
@@ -35,7 +35,8 @@ void FitPictures(QTextDocument& document, const PageStyle& style);
 void BeginPage(QTextDocument& document, const QString& title, const PageStyle& style);
 // Appends one step of what stands between the places, and gives the place where the next one
 // starts.
-PagePlace AppendStep(QTextDocument& document, const BookFolder& book, const Page& page,
-                     PagePlace from, PagePlace until, const PageStyle& style);
+book::PagePlace AppendStep(QTextDocument& document, const book::Folder& book,
+                           const book::Page& page, book::PagePlace from, book::PagePlace until,
+                           const PageStyle& style);
 
 }  // namespace viewer

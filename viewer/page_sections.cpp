@@ -18,9 +18,9 @@ qsizetype PieceLength(const QString& text, qsizetype from) {
   return kLongestParagraph - (splitsPair ? 1 : 0);
 }
 
-qsizetype WeightOf(const Page& page) {
+qsizetype WeightOf(const book::Page& page) {
   qsizetype weight = 0;
-  for (PagePlace place; place.part < page.parts.size();) {
+  for (book::PagePlace place; place.part < page.parts.size();) {
     const PagePiece piece = PieceAt(page, place);
     weight += piece.weight;
     place = piece.next;
@@ -30,25 +30,25 @@ qsizetype WeightOf(const Page& page) {
 
 }  // namespace
 
-PagePiece PieceAt(const Page& page, PagePlace place) {
-  const PagePart& part = page.parts[place.part];
-  if (part.kind == PagePart::Kind::kPicture) {
+PagePiece PieceAt(const book::Page& page, book::PagePlace place) {
+  const book::PagePart& part = page.parts[place.part];
+  if (part.kind == book::PagePart::Kind::kPicture) {
     return {part.text.size(), kWeightOfPicture, {place.part + 1, 0}};
   }
   const qsizetype length = PieceLength(part.text, place.offset);
   const qsizetype end = place.offset + length;
-  const PagePlace next =
-      end < part.text.size() ? PagePlace{place.part, end} : PagePlace{place.part + 1, 0};
+  const book::PagePlace next = end < part.text.size() ? book::PagePlace{place.part, end}
+                                                      : book::PagePlace{place.part + 1, 0};
   const qsizetype lines = 1 + QStringView(part.text).sliced(place.offset, length).count(u'\n');
   return {length, length + lines * kWeightOfLine, next};
 }
 
-std::vector<PagePlace> CutIntoSections(const Page& page) {
+std::vector<book::PagePlace> CutIntoSections(const book::Page& page) {
   const qsizetype whole = WeightOf(page);
   const qsizetype count = std::max<qsizetype>(1, (whole + kWeightOfSection - 1) / kWeightOfSection);
-  std::vector<PagePlace> places = {{}};
+  std::vector<book::PagePlace> places = {{}};
   qsizetype weight = 0;
-  for (PagePlace place; place.part < page.parts.size();) {
+  for (book::PagePlace place; place.part < page.parts.size();) {
     const PagePiece piece = PieceAt(page, place);
     weight += piece.weight;
     place = piece.next;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "viewer/book/page.h"
+#include "book/page.h"
 
 namespace viewer {
 
@@ -18,12 +18,12 @@ inline constexpr qsizetype kWeightOfSection = 300'000;
 struct PagePiece {
   qsizetype length = 0;  // in characters
   qsizetype weight = 0;
-  PagePlace next;  // after it; its part is the number of parts at the end of the page
+  book::PagePlace next;  // after it; its part is the number of parts at the end of the page
 };
-PagePiece PieceAt(const Page& page, PagePlace place);
+PagePiece PieceAt(const book::Page& page, book::PagePlace place);
 
 // Where each section starts, the end of the page after them. There is always one; they are of much
 // the same weight.
-std::vector<PagePlace> CutIntoSections(const Page& page);
+std::vector<book::PagePlace> CutIntoSections(const book::Page& page);
 
 }  // namespace viewer

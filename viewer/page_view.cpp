@@ -7,8 +7,8 @@
 #include <QTextFrame>
 #include <algorithm>
 
-#include "viewer/book/fold.h"
-#include "viewer/book/marks.h"
+#include "book/fold.h"
+#include "book/marks.h"
 
 namespace viewer {
 namespace {
@@ -20,7 +20,7 @@ constexpr int kMostMarks = 500;
 
 }  // namespace
 
-PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent)
+PageView::PageView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent)
     : QTextEdit(parent),
       book_(book),
       look_(look),
@@ -45,10 +45,10 @@ PageView::PageView(const BookFolder& book, const Look& look, Pictures& pictures,
                    [this] { AppendWhileNear(); });
 }
 
-void PageView::ShowPage(Page page, const QString& background, const QString& words) {
+void PageView::ShowPage(book::Page page, const QString& background, const QString& words) {
   background_ = background;
   isNotice_ = false;
-  words_ = WordsOf(words);
+  words_ = book::WordsOf(words);
   SetPage(std::move(page));
 }
 
@@ -56,12 +56,12 @@ void PageView::ShowNotice(const QString& text) {
   background_.clear();
   isNotice_ = true;
   words_.clear();
-  Page page;
-  page.parts.push_back({PagePart::Kind::kParagraph, text});
+  book::Page page;
+  page.parts.push_back({book::PagePart::Kind::kParagraph, text});
   SetPage(std::move(page));
 }
 
-void PageView::SetPage(Page page) {
+void PageView::SetPage(book::Page page) {
   page_ = std::move(page);
   sections_ = CutIntoSections(page_);
   ShowSection(0);
@@ -79,7 +79,7 @@ void PageView::ShowEndOfSection(int section) {
   verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
-void PageView::GoToWords(PagePlace place) {
+void PageView::GoToWords(book::PagePlace place) {
   const auto after = std::upper_bound(sections_.begin(), sections_.end() - 1, place);
   ShowSection(static_cast<int>(after - sections_.begin()) - 1);
   while (!IsLaidOut() && next_ <= place) Append();
@@ -118,7 +118,7 @@ void PageView::Append() {
   MarkWords(before);
 }
 
-void PageView::AppendUntil(PagePlace place) {
+void PageView::AppendUntil(book::PagePlace place) {
   while (!IsLaidOut() && next_ < place) Append();
 }
 
@@ -150,7 +150,7 @@ void PageView::MarkWords(int fromBlock) {
   format.setForeground(Qt::black);
   for (QTextBlock block = document()->findBlockByNumber(fromBlock);
        block.isValid() && marks_.size() < kMostMarks; block = block.next()) {
-    for (const Mark& mark : MarksIn(block.text(), words_)) {
+    for (const book::Mark& mark : book::MarksIn(block.text(), words_)) {
       QTextCursor cursor(block);
       cursor.setPosition(block.position() + static_cast<int>(mark.start));
       cursor.setPosition(block.position() + static_cast<int>(mark.start + mark.length),

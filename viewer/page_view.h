@@ -6,8 +6,8 @@
 #include <functional>
 #include <vector>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/page.h"
+#include "book/folder.h"
+#include "book/page.h"
 #include "viewer/look.h"
 #include "viewer/page_document.h"
 #include "viewer/page_pictures.h"
@@ -22,15 +22,15 @@ class PageView : public QTextEdit {
   static constexpr int kSmallestText = 13;
   static constexpr int kLargestText = 44;
 
-  PageView(const BookFolder& book, const Look& look, Pictures& pictures, QWidget* parent);
+  PageView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent);
 
   // From its beginning; the words are marked wherever they occur.
-  void ShowPage(Page page, const QString& background, const QString& words);
+  void ShowPage(book::Page page, const QString& background, const QString& words);
   // To the first of the words from this place of the page on.
-  void GoToWords(PagePlace place);
+  void GoToWords(book::PagePlace place);
   // A notice in place of a page.
   void ShowNotice(const QString& text);
-  const Page& Shown() const { return page_; }
+  const book::Page& Shown() const { return page_; }
   bool IsNotice() const { return isNotice_; }
 
   // Another section is shown, or another page.
@@ -38,8 +38,8 @@ class PageView : public QTextEdit {
   int Section() const { return section_; }
   int SectionCount() const { return static_cast<int>(sections_.size()) - 1; }
   void ShowSection(int section);
-  PagePlace SectionStart() const { return sections_[static_cast<std::size_t>(section_)]; }
-  PagePlace SectionEnd() const { return sections_[static_cast<std::size_t>(section_) + 1]; }
+  book::PagePlace SectionStart() const { return sections_[static_cast<std::size_t>(section_)]; }
+  book::PagePlace SectionEnd() const { return sections_[static_cast<std::size_t>(section_) + 1]; }
 
   // The height of the letters. Changing it leaves the reader at the same line.
   int TextPixels() const { return style_.pixels; }
@@ -52,12 +52,12 @@ class PageView : public QTextEdit {
   QVariant loadResource(int type, const QUrl& name) override;
 
  private:
-  void SetPage(Page page);
+  void SetPage(book::Page page);
   void Restart();
   void ShowEndOfSection(int section);
   bool IsLaidOut() const { return next_ >= SectionEnd(); }
   void Append();
-  void AppendUntil(PagePlace place);
+  void AppendUntil(book::PagePlace place);
   void AppendWhileNear();
   void MarkWords(int fromBlock);
   void ShowWordsFor(const QString& picture);
@@ -67,14 +67,14 @@ class PageView : public QTextEdit {
   void ReadOn();
   void ReadBack();
 
-  const BookFolder& book_;
+  const book::Folder& book_;
   const Look& look_;
   Pictures& pictures_;
   PagePictures pagePictures_;
-  Page page_;
-  std::vector<PagePlace> sections_ = {{}, {}};  // their starts, and the end of the page
+  book::Page page_;
+  std::vector<book::PagePlace> sections_ = {{}, {}};  // their starts, and the end of the page
   int section_ = 0;
-  PagePlace next_;  // what isn't laid out yet
+  book::PagePlace next_;  // what isn't laid out yet
   PageStyle style_;
   QString background_;
   bool isNotice_ = false;

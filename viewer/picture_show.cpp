@@ -12,8 +12,8 @@ constexpr int kTitleBand = 84;
 
 }  // namespace
 
-PictureShow::PictureShow(const BookFolder& book, const Look& /*look*/, std::vector<Picture> gallery,
-                         int first, QWidget* parent)
+PictureShow::PictureShow(const book::Folder& book, const Look& /*look*/,
+                         std::vector<book::Picture> gallery, int first, QWidget* parent)
     : QWidget(parent, Qt::Window),
       book_(book),
       gallery_(std::move(gallery)),

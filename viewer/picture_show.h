@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/gallery.h"
+#include "book/folder.h"
+#include "book/gallery.h"
 #include "viewer/flat_button.h"
 #include "viewer/look.h"
 #include "viewer/pictures.h"
@@ -16,8 +16,8 @@ namespace viewer {
 // The arrow to the left shows the next picture, as the book runs; Esc closes. Deletes itself then.
 class PictureShow : public QWidget {
  public:
-  PictureShow(const BookFolder& book, const Look& look, std::vector<Picture> gallery, int first,
-              QWidget* parent);
+  PictureShow(const book::Folder& book, const Look& look, std::vector<book::Picture> gallery,
+              int first, QWidget* parent);
 
   std::function<void(int last)> onLeft;
   int Current() const { return current_; }
@@ -35,8 +35,8 @@ class PictureShow : public QWidget {
   void GoTo(int number);
   void PaintTitle(QPainter& painter);
 
-  const BookFolder& book_;
-  std::vector<Picture> gallery_;
+  const book::Folder& book_;
+  std::vector<book::Picture> gallery_;
   int current_;
   Pictures pictures_;  // of its own: these are large
   FlatButton next_;

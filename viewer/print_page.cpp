@@ -104,7 +104,7 @@ class Sheets {
 
 }  // namespace
 
-bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
+bool PrintPage(QPrinter& printer, const book::Folder& book, const book::Page& page,
                const std::function<bool(int section, int count)>& goesOn) {
   Sheets sheets(printer);
   if (!sheets.IsReady()) {
@@ -112,7 +112,7 @@ bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
     return false;
   }
   const PageStyle style = StyleFor(printer, sheets.Body());
-  const std::vector<PagePlace> sections = CutIntoSections(page);
+  const std::vector<book::PagePlace> sections = CutIntoSections(page);
   const int count = static_cast<int>(sections.size()) - 1;
   for (int section = 0; section < count; ++section) {
     if (!goesOn(section, count)) {
@@ -121,8 +121,8 @@ bool PrintPage(QPrinter& printer, const BookFolder& book, const Page& page,
     }
     QTextDocument document;
     BeginPage(document, section == 0 ? page.title : QString(), style);
-    PagePlace place = sections[static_cast<std::size_t>(section)];
-    const PagePlace end = sections[static_cast<std::size_t>(section) + 1];
+    book::PagePlace place = sections[static_cast<std::size_t>(section)];
+    const book::PagePlace end = sections[static_cast<std::size_t>(section) + 1];
     while (place < end) place = AppendStep(document, book, page, place, end, style);
     sheets.Draw(document);
   }

@@ -7,7 +7,7 @@
 #include <QTextLayout>
 #include <QVBoxLayout>
 
-#include "viewer/book/shown_name.h"
+#include "book/shown_name.h"
 
 namespace viewer {
 namespace {
@@ -25,10 +25,10 @@ class SearchPage::Model : public QAbstractListModel {
     hits.clear();
     endResetModel();
   }
-  void Append(std::vector<Hit>&& more) {
+  void Append(std::vector<book::Hit>&& more) {
     const int first = static_cast<int>(hits.size());
     beginInsertRows({}, first, first + static_cast<int>(more.size()) - 1);
-    for (Hit& hit : more) hits.push_back(std::move(hit));
+    for (book::Hit& hit : more) hits.push_back(std::move(hit));
     endInsertRows();
   }
   int rowCount(const QModelIndex& parent) const override {
@@ -40,7 +40,7 @@ class SearchPage::Model : public QAbstractListModel {
     return AsCaption(hits[row].title);
   }
 
-  std::vector<Hit> hits;
+  std::vector<book::Hit> hits;
 };
 
 class SearchPage::Painter : public QStyledItemDelegate {
@@ -55,7 +55,7 @@ class SearchPage::Painter : public QStyledItemDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
-    const Hit& hit = model_.hits[static_cast<std::size_t>(index.row())];
+    const book::Hit& hit = model_.hits[static_cast<std::size_t>(index.row())];
     const bool pointedAt = (option.state & (QStyle::State_Selected | QStyle::State_MouseOver)) != 0;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -78,12 +78,12 @@ class SearchPage::Painter : public QStyledItemDelegate {
 
  private:
   // One line, with the word that was found on a ground of its own.
-  void PaintSnippet(QPainter& painter, QPoint place, int width, const Hit& hit) const {
+  void PaintSnippet(QPainter& painter, QPoint place, int width, const book::Hit& hit) const {
     QString shown = hit.snippet;
     for (QChar& character : shown) {
       if (character.isSpace()) character = QLatin1Char(' ');
     }
-    QTextLayout layout(WithSigns(shown), ViewerFont(14));
+    QTextLayout layout(book::WithSigns(shown), ViewerFont(14));
     QTextOption option(Qt::AlignRight);
     option.setTextDirection(Qt::RightToLeft);
     option.setWrapMode(QTextOption::WordWrap);
@@ -149,7 +149,7 @@ SearchPage::SearchPage(const QString& root, const Look& look, QWidget* parent)
   rows->setContentsMargins(24, 14, 24, 14);
   rows->addWidget(status_);
   rows->addWidget(list, 1);
-  worker_.onHits = [this](std::vector<Hit>&& hits) {
+  worker_.onHits = [this](std::vector<book::Hit>&& hits) {
     const bool first = model_->hits.empty();
     model_->Append(std::move(hits));
     if (first) list_->setCurrentIndex(model_->index(0));

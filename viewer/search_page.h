@@ -18,7 +18,7 @@ class SearchPage : public QWidget {
   SearchPage& operator=(const SearchPage&) = delete;
   ~SearchPage() override;
 
-  std::function<void(const Hit&, const QString& words)> onChosen;
+  std::function<void(const book::Hit&, const QString& words)> onChosen;
 
   void Search(const QString& words);
   void Stop();

@@ -29,8 +29,8 @@ void SearchWorker::Start(const QString& root, const QString& words) {
 }
 
 void SearchWorker::Work(const Flag& cancelled, const QString& root, const QString& words) {
-  const BookFolder book(root);
-  std::vector<Hit> found;
+  const book::Folder book(root);
+  std::vector<book::Hit> found;
   int count = 0;
   QElapsedTimer sinceStep;
   sinceStep.start();
@@ -41,15 +41,15 @@ void SearchWorker::Work(const Flag& cancelled, const QString& root, const QStrin
     }
     return !*cancelled;
   };
-  const auto take = [&](Hit&& hit) {
+  const auto take = [&](book::Hit&& hit) {
     found.push_back(std::move(hit));
     return ++count < kMostHits && deliverInSteps();
   };
-  SearchBook(book, words, take, deliverInSteps);
+  book::SearchBook(book, words, take, deliverInSteps);
   Deliver(cancelled, std::move(found), true);
 }
 
-void SearchWorker::Deliver(const Flag& cancelled, std::vector<Hit> hits, bool end) {
+void SearchWorker::Deliver(const Flag& cancelled, std::vector<book::Hit> hits, bool end) {
   const auto deliver = [this, cancelled, end, taken = std::move(hits)]() mutable {
     if (*cancelled) return;
     if (!taken.empty() && onHits) onHits(std::move(taken));

@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "viewer/book/search.h"
+#include "book/search.h"
 
 namespace viewer {
 
@@ -23,7 +23,7 @@ class SearchWorker : public QObject {
   SearchWorker& operator=(const SearchWorker&) = delete;
   ~SearchWorker() override;
 
-  std::function<void(std::vector<Hit>&&)> onHits;
+  std::function<void(std::vector<book::Hit>&&)> onHits;
   std::function<void()> onEnd;
 
   // Ends the search before.
@@ -33,7 +33,7 @@ class SearchWorker : public QObject {
  private:
   using Flag = std::shared_ptr<std::atomic<bool>>;
   void Work(const Flag& cancelled, const QString& root, const QString& words);
-  void Deliver(const Flag& cancelled, std::vector<Hit> hits, bool end);
+  void Deliver(const Flag& cancelled, std::vector<book::Hit> hits, bool end);
 
   Flag cancelled_;
   QThreadPool pool_;

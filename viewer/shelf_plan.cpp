@@ -23,7 +23,7 @@ int CardHeight(int view, bool dark) {
 
 }  // namespace
 
-ShelfPlan::ShelfPlan(const std::vector<Collection>& collections) {
+ShelfPlan::ShelfPlan(const std::vector<book::Collection>& collections) {
   for (std::size_t i = 0; i < collections.size(); ++i) {
     if (i == 0 || collections[i].row != collections[i - 1].row) shelves_.emplace_back().first = i;
     ++shelves_.back().count;

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "viewer/book/index.h"
+#include "book/index.h"
 
 namespace viewer {
 
@@ -18,7 +18,7 @@ class ShelfPlan {
   static constexpr int kCreditHeight = 26;  // of the line below them
 
   // Of collections that stand by row; goes through them once.
-  explicit ShelfPlan(const std::vector<Collection>& collections);
+  explicit ShelfPlan(const std::vector<book::Collection>& collections);
 
   // For a view of this size, in one of the two templates.
   void Fit(QSize view, bool dark);

@@ -3,8 +3,8 @@
 
 #include <functional>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/settings.h"
+#include "book/folder.h"
+#include "book/settings.h"
 #include "viewer/look.h"
 #include "viewer/outside.h"
 #include "viewer/pictures.h"
@@ -12,8 +12,8 @@
 namespace viewer {
 
 struct Surroundings {
-  const BookFolder& book;
-  const Settings& settings;
+  const book::Folder& book;
+  const book::Settings& settings;
   const Look& look;
   Pictures& pictures;
   const Outside& outside;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kBarHeight = 54;
 
-QStringList TracksOf(const BookFolder& book) {
+QStringList TracksOf(const book::Folder& book) {
   QStringList tracks;
   for (const QString& name : {QStringLiteral("Sound1.mp3"), QStringLiteral("Sound2.mp3")}) {
     const QString path = book.Resolve(QStringLiteral("Data/FlashIMG/") + name);
@@ -24,11 +24,11 @@ QStringList TracksOf(const BookFolder& book) {
 
 Window::Window(const QString& root, Outside outside)
     : outside_(std::move(outside)),
-      found_(BookFolder::Find({root})),
+      found_(book::Folder::Find({root})),
       hasBook_(found_.has_value()),
       book_(found_.value_or(root)),
-      settings_(hasBook_ ? ReadSettings(book_) : Settings()),
-      index_(hasBook_ ? ReadIndex(book_) : Index()),
+      settings_(hasBook_ ? book::ReadSettings(book_) : book::Settings()),
+      index_(hasBook_ ? book::ReadIndex(book_) : book::Index()),
       look_(LookOf(settings_.layout)),
       music_(book_, hasBook_ && settings_.music ? TracksOf(book_) : QStringList(),
              outside_.makePlayer),
@@ -75,7 +75,7 @@ void Window::ChooseFolder() {
 
 void Window::MakeIndex() {
   indexPage_ = new IndexPage(book_, index_, look_, pictures_);
-  indexPage_->onChosen = [this](const Collection& collection) { OpenCollection(collection); };
+  indexPage_->onChosen = [this](const book::Collection& collection) { OpenCollection(collection); };
   pages_->addWidget(indexPage_);
   indexPage_->FocusCard(index_.collections.front());
 }
@@ -204,13 +204,13 @@ QWidget* Window::GalleryPage() {
   return galleryPage_;
 }
 
-void Window::OpenCollection(const Collection& collection) {
+void Window::OpenCollection(const book::Collection& collection) {
   last_ = collection;
   fromSearch_ = false;
   setWindowTitle(AsCaption(collection.title));
-  if (HoldsGallery(book_, collection)) {
+  if (book::HoldsGallery(book_, collection)) {
     Show(GalleryPage());
-    galleryPage_->ShowGallery(ReadGallery(book_, FileOf(collection)));
+    galleryPage_->ShowGallery(book::ReadGallery(book_, book::FileOf(collection)));
     galleryPage_->setFocus();
   } else {
     Show(&TextPage());
@@ -218,7 +218,7 @@ void Window::OpenCollection(const Collection& collection) {
   }
 }
 
-void Window::OpenHit(const Hit& hit, const QString& words) {
+void Window::OpenHit(const book::Hit& hit, const QString& words) {
   last_ = hit.collection;
   fromSearch_ = true;
   setWindowTitle(AsCaption(hit.collection.title));
@@ -231,7 +231,9 @@ void Window::Search() {
   if (words.isEmpty()) return words_->setFocus();
   if (!searchPage_) {
     searchPage_ = new SearchPage(book_.Root(), look_, pages_);
-    searchPage_->onChosen = [this](const Hit& hit, const QString& typed) { OpenHit(hit, typed); };
+    searchPage_->onChosen = [this](const book::Hit& hit, const QString& typed) {
+      OpenHit(hit, typed);
+    };
     pages_->addWidget(searchPage_);
   }
   Show(searchPage_);

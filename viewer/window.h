@@ -7,9 +7,9 @@
 #include <functional>
 #include <optional>
 
-#include "viewer/book/folder.h"
-#include "viewer/book/index.h"
-#include "viewer/book/settings.h"
+#include "book/folder.h"
+#include "book/index.h"
+#include "book/settings.h"
 #include "viewer/collection_page.h"
 #include "viewer/flat_button.h"
 #include "viewer/gallery_view.h"
@@ -47,8 +47,8 @@ class Window : public QWidget {
   void ChooseFolder();
   void MakeKeys();
   void AfterFirstPaint();
-  void OpenCollection(const Collection& collection);
-  void OpenHit(const Hit& hit, const QString& words);
+  void OpenCollection(const book::Collection& collection);
+  void OpenHit(const book::Hit& hit, const QString& words);
   void Search();
   void GoBack();
   void GoHome();
@@ -62,9 +62,9 @@ class Window : public QWidget {
   Outside outside_;
   std::optional<QString> found_;
   bool hasBook_;
-  BookFolder book_;
-  Settings settings_;
-  Index index_;
+  book::Folder book_;
+  book::Settings settings_;
+  book::Index index_;
   const Look& look_;
   Pictures pictures_;
   Music music_;
@@ -73,7 +73,7 @@ class Window : public QWidget {
   QString notice_;  // in place of an index
   QString backdrop_;
   bool painted_ = false;
-  Collection last_;
+  book::Collection last_;
   bool fromSearch_ = false;
 
   QStackedWidget* pages_ = nullptr;

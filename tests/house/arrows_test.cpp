@@ -28,7 +28,8 @@ TEST(Arrows, TheTableItselfHasNoCircle) {
       "platform/qt/a.h", "support/a.h",   "support/help_window.h",
       "core/a.h",        "workbench/a.h", "gallery/a.h",
       "editor/a.h",      "export/a.h",    "main.cpp",
-      "viewer/a.h",      "filed/a.h",     "recovery/a.h"};
+      "viewer/a.h",      "filed/a.h",     "recovery/a.h",
+      "book/a.h"};
   for (const std::string& one : paths) {
     for (const std::string& other : paths) {
       if (one == other) continue;
@@ -68,14 +69,19 @@ TEST(Arrows, ReportsEachArrowThatPointsUpOrAcross) {
                            {"media/a.cpp", "#include \"platform/a.h\"\n"},
                            {"media/b.cpp", "#include <unistd.h>\n"},
                            {"workbench/b.h", "#include \"media/a.h\"\n"},
+                           {"book/a.h", "#include \"viewer/a.h\"\n"},
+                           {"export/b.h", "#include \"book/a.h\"\n"},
+                           {"viewer/a.h", ""},
                            {"media/a.h", ""},
                            {"tests/a.h", ""},
                            {"tools/a.h", ""}};
   EXPECT_EQ(Listing(ArrowOffences(tree.Read())),
+            "book/a.h:1: book may not include viewer: viewer/a.h\n"
             "core/a.h:3: core may not include workbench: workbench/a.h\n"
             "core/b.h:1: core may not include support/help_window: ../support/help_window.h\n"
             "editor/a.h:1: editor may not include export: export/a.h\n"
             "export/a.h:1: export may not include tests: tests/a.h\n"
+            "export/b.h:1: export may not include book: book/a.h\n"
             "gallery/a.h:1: gallery may not include workbench: workbench/a.h\n"
             "main.cpp:1: main.cpp may not include tools: tools/a.h\n"
             "media/a.cpp:1: media may not include platform: platform/a.h\n"
@@ -106,7 +112,8 @@ TEST(Arrows, LetThoseThatPointDownBe) {
       {"editor/a.h", "#include \"workbench/a.h\"\n#include \"platform/a.h\"\n"},
       {"main.cpp", "#include \"workbench/a.h\"\n#include \"platform/qt/a.h\"\n"},
       {"media/a.h", "#include <string_view>\n"},
-      {"viewer/a.cpp", "#include \"media/a.h\"\n"},
+      {"viewer/a.cpp", "#include \"media/a.h\"\n#include \"book/a.h\"\n"},
+      {"book/a.h", "#include \"media/a.h\"\n#include <QString>\n"},
       {"platform/qt/b.cpp", "#include \"media/a.h\"\n"},
       {"tests/a.cpp", "#include <gtest/gtest.h>\n#include \"workbench/a.h\"\n"}};
   EXPECT_EQ(Listing(ArrowOffences(tree.Read())), "");

@@ -58,8 +58,13 @@ TEST(Fence, ReportsEachRoomOutsideIt) {
 
 TEST(Fence, LetsTheToolkitsOwnFoldersBe) {
   const std::string qt = "#include <QString>\nclass QWidget;\n";
-  const TemporaryTree tree{{"platform/qt/a.cpp", qt}, {"viewer/b.cpp", qt}, {"tests/c.cpp", qt},
-                           {"bench/d.cpp", qt},       {"tools/e.cpp", qt},  {"fuzz/f.cpp", qt}};
+  const TemporaryTree tree{{"platform/qt/a.cpp", qt},
+                           {"viewer/b.cpp", qt},
+                           {"tests/c.cpp", qt},
+                           {"bench/d.cpp", qt},
+                           {"tools/e.cpp", qt},
+                           {"fuzz/f.cpp", qt},
+                           {"book/g.cpp", "#include <QFile>\n"}};
   EXPECT_EQ(Listing(FenceOffences(tree.Read())), "");
 }
 

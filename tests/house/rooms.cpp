@@ -8,7 +8,8 @@ namespace {
 
 using Names = std::string_view;
 
-constexpr std::array<Names, 2> kViewer = {"media", "launch"};
+constexpr std::array<Names, 1> kBook = {"media"};
+constexpr std::array<Names, 3> kViewer = {"media", "launch", "book"};
 constexpr std::array<Names, 1> kBelowPlatform = {"launch"};
 constexpr std::array<Names, 1> kPlatform = {"platform"};
 constexpr std::array<Names, 2> kToolkit = {"platform", "media"};
@@ -24,13 +25,13 @@ constexpr std::array<Names, 11> kAllRooms = {
     "platform", "platform/qt", "support", "core",  "support/help_window", "gallery", "filed",
     "recovery", "workbench",   "editor",  "export"};
 // The tests and tools see main.cpp's side of things and each other.
-constexpr std::array<Names, 19> kEverything = {
+constexpr std::array<Names, 20> kEverything = {
     "media",   "launch", "platform", "platform/qt", "support", "core",   "support/help_window",
     "gallery", "filed",  "recovery", "workbench",   "editor",  "export", "main.cpp",
-    "viewer",  "tests",  "bench",    "fuzz",        "tools"};
+    "book",    "viewer", "tests",    "bench",       "fuzz",    "tools"};
 
 // The first row that fits a path counts.
-constexpr std::array<Room, 19> kRooms = {{
+constexpr std::array<Room, 20> kRooms = {{
     {"media", "media/", {}},
     {"launch", "launch/", {}, false, true},
     {"platform/qt", "platform/qt/", kToolkit, true, true},
@@ -45,6 +46,7 @@ constexpr std::array<Room, 19> kRooms = {{
     {"editor", "editor/", kWorkbench},
     {"export", "export/", kCore},
     {"main.cpp", "main.cpp", kAllRooms},
+    {"book", "book/", kBook, true, true},
     {"viewer", "viewer/", kViewer, true, true},
     {"tests", "tests/", kEverything, true, true},
     {"bench", "bench/", kEverything, true, true},

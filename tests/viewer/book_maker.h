@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "viewer/book/folder.h"
+#include "book/folder.h"
 
 namespace viewer_tests {
 
@@ -22,7 +22,7 @@ class BookMaker {
   BookMaker();
 
   QString Root() const { return folder_.path(); }
-  viewer::BookFolder Book() const { return viewer::BookFolder(Root()); }
+  book::Folder Book() const { return book::Folder(Root()); }
   QString PathOf(const QString& pathInBook) const { return Root() + u'/' + pathInBook; }
 
   void Write(const QString& pathInBook, const QString& text) const;

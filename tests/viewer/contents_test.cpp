@@ -1,4 +1,4 @@
-#include "viewer/book/contents.h"
+#include "book/contents.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ QString EntryLine(const QString& label) {
 // One line a node: depth, parent, T or E, label.
 QStringList Outline(const QString& body) {
   QStringList outline;
-  for (const Node& node : ParseContents(body).nodes) {
+  for (const book::Node& node : book::ParseContents(body).nodes) {
     outline += QStringLiteral("%1 %2 %3 ")
                    .arg(node.depth)
                    .arg(node.parent)
@@ -43,9 +43,9 @@ TEST(Contents, AFullNode) {
           QStringLiteral("\t<node label=\"T\" src=\"DATA/TXT/S.htm\" mediaStatus=\"111\" snd=\"0\" "
                          "pas=\".pdf\" bgBackground=\"Data/TXT/S.jpg\" pic=\"0\" />\r\n") +
           kEnd);
-  const Contents contents = ReadContents(maker.Book(), {u'a', 1, false, {}});
+  const book::Contents contents = book::ReadContents(maker.Book(), {u'a', 1, false, {}});
   ASSERT_EQ(contents.nodes.size(), 1U);
-  const Node& node = contents.nodes[0];
+  const book::Node& node = contents.nodes[0];
   EXPECT_EQ(node.label, QStringLiteral("T"));
   EXPECT_EQ(node.source, QStringLiteral("DATA/TXT/S.htm"));
   EXPECT_TRUE(node.hasAttachment && node.hasSound && node.hasFilm);
@@ -57,13 +57,14 @@ TEST(Contents, AFullNode) {
 }
 
 TEST(Contents, APlainNode) {
-  const Node node = ParseContents(kHead + EntryLine(QStringLiteral("T")) + kEnd).nodes.at(0);
+  const book::Node node =
+      book::ParseContents(kHead + EntryLine(QStringLiteral("T")) + kEnd).nodes.at(0);
   EXPECT_FALSE(node.hasAttachment || node.hasSound || node.hasFilm || node.attachmentIsProgram);
   EXPECT_TRUE(node.attachmentExtension.isEmpty() && node.background.isEmpty());
 }
 
 TEST(Contents, AProgramAsAttachmentAndAGallery) {
-  const Contents contents = ParseContents(QStringLiteral(
+  const book::Contents contents = book::ParseContents(QStringLiteral(
       "\t<node label=\"P\" src=\"DATA/TXT/S.htm\" mediaStatus=\"100\" snd=\"1\" pas=\".EXE\" "
       "pic=\"0\" />\r\n"
       "\t<node label=\"G\" src=\"DATA/_xml/S.xml\" mediaStatus=\"010\" pic=\"1\" />\r\n"));
@@ -86,8 +87,8 @@ TEST(Contents, MainTitlesNest) {
 }
 
 TEST(Contents, NoRows) {
-  EXPECT_TRUE(ParseContents(kHead + kEnd).nodes.empty());
-  EXPECT_TRUE(ParseContents(QString()).nodes.empty());
+  EXPECT_TRUE(book::ParseContents(kHead + kEnd).nodes.empty());
+  EXPECT_TRUE(book::ParseContents(QString()).nodes.empty());
 }
 
 TEST(Contents, MainTitlesLeftOpen) {
@@ -106,8 +107,8 @@ TEST(Contents, ALabelMayHoldAnything) {
   for (const char* each : {"say \"so\"", "a < b", "x>y", "a & b", "\">", "<b>", "</node>", "\" />",
                            "\" src=\"DATA/TXT/other.htm", "two\nlines", "", "\"", "&quot;"}) {
     const QString label = QString::fromLatin1(each);
-    const Contents contents =
-        ParseContents(kHead + TitleLine(label) + EntryLine(label) + kClose + kEnd);
+    const book::Contents contents =
+        book::ParseContents(kHead + TitleLine(label) + EntryLine(label) + kClose + kEnd);
     ASSERT_EQ(contents.nodes.size(), 2U) << each;
     EXPECT_EQ(contents.nodes[1].label, label);
     EXPECT_EQ(contents.nodes[1].source, QStringLiteral("DATA/TXT/S.htm"));
@@ -120,26 +121,28 @@ TEST(Contents, ACutFileKeepsWhatIsThere) {
   const QString whole = EntryLine(QStringLiteral("a"));
   EXPECT_EQ(Outline(kHead + whole + QStringLiteral("\t<node label=\"ha")).join(u'|'),
             QStringLiteral("0 -1 E a|0 -1 T ha"));
-  const Contents contents =
-      ParseContents(QStringLiteral("\t<node label=\"a\" src=\"DATA/TXT/S.ht"));
+  const book::Contents contents =
+      book::ParseContents(QStringLiteral("\t<node label=\"a\" src=\"DATA/TXT/S.ht"));
   ASSERT_EQ(contents.nodes.size(), 1U);
   EXPECT_EQ(contents.nodes[0].label, QStringLiteral("a"));
   EXPECT_EQ(contents.nodes[0].source, QString());
 }
 
 TEST(Contents, WithoutTheFileItIsEmpty) {
-  EXPECT_TRUE(ReadContents(BookMaker().Book(), {u'a', 1, false, {}}).nodes.empty());
+  EXPECT_TRUE(book::ReadContents(BookMaker().Book(), {u'a', 1, false, {}}).nodes.empty());
 }
 
 TEST(Contents, TwentyThousandEntries) {
-  const Contents contents = ParseContents(kHead + EntryLine(QStringLiteral("e")).repeated(20000));
+  const book::Contents contents =
+      book::ParseContents(kHead + EntryLine(QStringLiteral("e")).repeated(20000));
   ASSERT_EQ(contents.nodes.size(), 20000U);
   EXPECT_EQ(contents.nodes.back().depth, 0);
 }
 
 TEST(Contents, TwentyThousandMainTitlesInEachOther) {
-  const Contents contents = ParseContents(kHead + TitleLine(QStringLiteral("t")).repeated(20000) +
-                                          kClose.repeated(20000) + EntryLine(QStringLiteral("e")));
+  const book::Contents contents =
+      book::ParseContents(kHead + TitleLine(QStringLiteral("t")).repeated(20000) +
+                          kClose.repeated(20000) + EntryLine(QStringLiteral("e")));
   ASSERT_EQ(contents.nodes.size(), 20001U);
   EXPECT_EQ(contents.nodes[19999].depth, 19999);
   EXPECT_EQ(contents.nodes[19999].parent, 19998);

@@ -1,4 +1,4 @@
-#include "viewer/book/fold.h"
+#include "book/fold.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,8 @@ namespace viewer {
 namespace {
 
 void ExpectSame(const char* a, const char* b) {
-  EXPECT_EQ(Folded(QString::fromUtf8(a)), Folded(QString::fromUtf8(b))) << a << " " << b;
+  EXPECT_EQ(book::Folded(QString::fromUtf8(a)), book::Folded(QString::fromUtf8(b)))
+      << a << " " << b;
 }
 
 TEST(Fold, YehOfEveryKeyboard) {
@@ -47,15 +48,15 @@ TEST(Fold, LatinLettersWithoutTheirCase) { ExpectSame("Windows ÄÖ", "windows �
 TEST(Fold, BlanksOfEveryKind) { ExpectSame("a\u00A0b\tc\r\nd", "a b c  d"); }
 
 TEST(Fold, OtherLettersStayApart) {
-  EXPECT_NE(Folded(QStringLiteral("ب")), Folded(QStringLiteral("پ")));
-  EXPECT_NE(Folded(QStringLiteral("ک")), Folded(QStringLiteral("گ")));
-  EXPECT_EQ(Folded(QStringLiteral("<b>.")), QStringLiteral("<b>."));
+  EXPECT_NE(book::Folded(QStringLiteral("ب")), book::Folded(QStringLiteral("پ")));
+  EXPECT_NE(book::Folded(QStringLiteral("ک")), book::Folded(QStringLiteral("گ")));
+  EXPECT_EQ(book::Folded(QStringLiteral("<b>.")), QStringLiteral("<b>."));
 }
 
 TEST(Fold, FoldingTwiceIsFoldingOnce) {
   for (int c = 1; c < 0x10000; ++c) {
-    const QString once = Folded(QString(QChar(c)));
-    EXPECT_EQ(Folded(once), once) << c;
+    const QString once = book::Folded(QString(QChar(c)));
+    EXPECT_EQ(book::Folded(once), once) << c;
   }
 }
 
@@ -81,22 +82,24 @@ TEST(Fold, VowelSignsOfTheirOwnShapeArePassedOver) {
   }
 }
 
-TEST(Fold, WhatIsNoCharacterIsPassedOver) { EXPECT_EQ(Folded(QString(QChar(0xFFFF))), QString()); }
+TEST(Fold, WhatIsNoCharacterIsPassedOver) {
+  EXPECT_EQ(book::Folded(QString(QChar(0xFFFF))), QString());
+}
 
 TEST(Fold, EachFoldedCharacterKnowsWhereItCameFrom) {
   const QString text = QStringLiteral("س\u064E\uFEFCم");
   std::vector<qsizetype> origins;
-  EXPECT_EQ(Folded(text, origins), QStringLiteral("سلام"));
+  EXPECT_EQ(book::Folded(text, origins), QStringLiteral("سلام"));
   EXPECT_EQ(origins, (std::vector<qsizetype>{0, 2, 2, 3}));
   for (std::size_t i = 0; i < origins.size(); ++i) {
-    EXPECT_EQ(OriginOf(text, static_cast<qsizetype>(i)), origins[i]);
+    EXPECT_EQ(book::OriginOf(text, static_cast<qsizetype>(i)), origins[i]);
   }
 }
 
 TEST(Fold, TheWordsOfASearchAreFoldedTheLongestFirst) {
-  EXPECT_EQ(WordsOf(QStringLiteral("  با \tكتابِ\u3000من ")),
+  EXPECT_EQ(book::WordsOf(QStringLiteral("  با \tكتابِ\u3000من ")),
             (QStringList{QStringLiteral("\u06A9تاب"), QStringLiteral("با"), QStringLiteral("من")}));
-  EXPECT_TRUE(WordsOf(QStringLiteral(" \u200C \u0640 ")).isEmpty());
+  EXPECT_TRUE(book::WordsOf(QStringLiteral(" \u200C \u0640 ")).isEmpty());
 }
 
 }  // namespace

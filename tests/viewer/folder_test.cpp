@@ -1,4 +1,4 @@
-#include "viewer/book/folder.h"
+#include "book/folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -70,7 +70,7 @@ class WayOut : public Folder, public testing::WithParamInterface<const char*> {}
 
 TEST_P(WayOut, LeadsNowhere) {
   Touch(QStringLiteral("Data/TXT/x.htm"));
-  const BookFolder inner(maker_.PathOf(QStringLiteral("Data")));
+  const book::Folder inner(maker_.PathOf(QStringLiteral("Data")));
   Touch(QStringLiteral("Data/_xml/secret"));
   Touch(QStringLiteral("secret"));
   const QString path = QString::fromLatin1(GetParam());
@@ -106,7 +106,7 @@ TEST_F(Folder, StemsInTheOrderOfTheExtensions) {
   Touch(QStringLiteral("Data/TXT/AB.avi"));
   Touch(QStringLiteral("Data/TXT/AB.MP3"));
   Touch(QStringLiteral("Data/TXT/ABC.mpg"));
-  const BookFolder book = maker_.Book();
+  const book::Folder book = maker_.Book();
   EXPECT_TRUE(book.WithStem(QStringLiteral("DATA/TXT/AB"), {QStringLiteral(".mp3")})
                   .endsWith(QLatin1String("/Data/TXT/AB.MP3")));
   EXPECT_TRUE(
@@ -121,15 +121,15 @@ TEST_F(Folder, StemsInTheOrderOfTheExtensions) {
 TEST_F(Folder, FindsTheFirstBook) {
   const BookMaker other;
   other.Write(QStringLiteral("Data/_xml/Index.xml"), QStringLiteral("<strings>\r\n"));
-  EXPECT_EQ(BookFolder::Find({QStringLiteral("/nowhere"), maker_.Root(), other.Root()}),
+  EXPECT_EQ(book::Folder::Find({QStringLiteral("/nowhere"), maker_.Root(), other.Root()}),
             other.Root());
-  EXPECT_EQ(BookFolder::Find({maker_.Root()}), std::nullopt);
-  EXPECT_EQ(BookFolder::Find({}), std::nullopt);
+  EXPECT_EQ(book::Folder::Find({maker_.Root()}), std::nullopt);
+  EXPECT_EQ(book::Folder::Find({}), std::nullopt);
 }
 
 TEST_F(Folder, FindsTheBookOfADataFolder) {
   Touch(QStringLiteral("Data/_xml/INDEX.XML"));
-  EXPECT_EQ(BookFolder::Find({maker_.PathOf(QStringLiteral("Data/"))}), maker_.Root());
+  EXPECT_EQ(book::Folder::Find({maker_.PathOf(QStringLiteral("Data/"))}), maker_.Root());
 }
 
 TEST_F(Folder, ReadOnlyFoldersAreRead) {

@@ -1,4 +1,4 @@
-#include "viewer/book/gallery.h"
+#include "book/gallery.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,8 @@ QString PictureLine(const QString& title, const char* stem) {
 
 QStringList Read(const QString& text) {
   QStringList list;
-  for (const Picture& picture : ParseGallery(text)) list += picture.title + u'=' + picture.path;
+  for (const book::Picture& picture : book::ParseGallery(text))
+    list += picture.title + u'=' + picture.path;
   return list;
 }
 
@@ -27,8 +28,8 @@ TEST(Gallery, AsTheToolWritesIt) {
   const BookMaker maker;
   maker.Write(QStringLiteral("Data/_xml/S.xml"),
               kHead + PictureLine(QStringLiteral("گل"), "A") + PictureLine(QString(), "B") + kEnd);
-  const std::vector<Picture> pictures =
-      ReadGallery(maker.Book(), QStringLiteral("DATA/_xml/S.xml"));
+  const std::vector<book::Picture> pictures =
+      book::ReadGallery(maker.Book(), QStringLiteral("DATA/_xml/S.xml"));
   ASSERT_EQ(pictures.size(), 2U);
   EXPECT_EQ(pictures[0].title, QStringLiteral("گل"));
   EXPECT_EQ(pictures[0].path, QStringLiteral("Data/IMG/A.jpg"));
@@ -69,7 +70,7 @@ TEST(Gallery, ACutFileKeepsWhatIsThere) {
 }
 
 TEST(Gallery, WithoutTheFileItIsEmpty) {
-  EXPECT_TRUE(ReadGallery(BookMaker().Book(), QStringLiteral("DATA/_xml/S.xml")).empty());
+  EXPECT_TRUE(book::ReadGallery(BookMaker().Book(), QStringLiteral("DATA/_xml/S.xml")).empty());
 }
 
 }  // namespace

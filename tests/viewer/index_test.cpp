@@ -1,10 +1,10 @@
-#include "viewer/book/index.h"
+#include "book/index.h"
 
 #include <gtest/gtest.h>
 
+#include "book/index_reader.h"
 #include "tests/support/peak_memory.h"
 #include "tests/viewer/book_maker.h"
-#include "viewer/book/index_reader.h"
 
 namespace viewer {
 namespace {
@@ -19,17 +19,17 @@ QString LineOf(const char* key, const char* kind, const QString& title) {
          QStringLiteral("</%1>\r\n").arg(name);
 }
 
-QStringList Keys(const Index& index) {
+QStringList Keys(const book::Index& index) {
   QStringList keys;
-  for (const Collection& each : index.collections) {
+  for (const book::Collection& each : index.collections) {
     keys += each.row + QString::number(each.number);
   }
   return keys;
 }
 
 QString TitleRead(const QString& title) {
-  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", title) +
-                                 LineOf("bTitle1", "txt", QStringLiteral("next")));
+  const book::Index index = book::ParseIndex(kHead + LineOf("aTitle1", "txt", title) +
+                                             LineOf("bTitle1", "txt", QStringLiteral("next")));
   return index.collections.size() == 2 ? index.collections[0].title : QStringLiteral("(lost)");
 }
 
@@ -38,7 +38,7 @@ TEST(Index, AsTheToolWritesIt) {
   maker.Write(QStringLiteral("Data/_xml/Index.xml"),
               kHead + LineOf("aTitle1", "txt", QStringLiteral("باغ")) +
                   LineOf("bTitle2", "pic1", QStringLiteral("تصوير")));
-  const Index index = ReadIndex(maker.Book());
+  const book::Index index = book::ReadIndex(maker.Book());
   EXPECT_EQ(index.credit, QStringLiteral("Designed by: us"));
   ASSERT_EQ(index.collections.size(), 2U);
   EXPECT_EQ(index.collections[0].row, u'a');
@@ -56,36 +56,37 @@ TEST(Index, NulsAreLeftOut) {
   maker.Write(QStringLiteral("Data/_xml/Index.xml"),
               kHead + nuls + LineOf("aTitle1", "txt", QStringLiteral("one")) +
                   LineOf("bTitle2", "txt", QStringLiteral("two") + nuls) + nuls);
-  const Index index = ReadIndex(maker.Book());
+  const book::Index index = book::ReadIndex(maker.Book());
   ASSERT_EQ(index.collections.size(), 2U);
   EXPECT_EQ(index.collections[0].title, QStringLiteral("one"));
   EXPECT_EQ(index.collections[1].title, QStringLiteral("two"));
 }
 
 TEST(Index, TheCreditAlone) {
-  const Index index = ParseIndex(kHead);
+  const book::Index index = book::ParseIndex(kHead);
   EXPECT_EQ(index.credit, QStringLiteral("Designed by: us"));
   EXPECT_TRUE(index.collections.empty());
 }
 
 TEST(Index, AnEmptyLineWhereARebuiltCollectionStood) {
-  const Index index =
-      ParseIndex(kHead + QStringLiteral("\r\n") + LineOf("aTitle2", "txt", QStringLiteral("two")) +
-                 LineOf("aTitle1", "txt", QStringLiteral("one")));
+  const book::Index index = book::ParseIndex(kHead + QStringLiteral("\r\n") +
+                                             LineOf("aTitle2", "txt", QStringLiteral("two")) +
+                                             LineOf("aTitle1", "txt", QStringLiteral("one")));
   EXPECT_EQ(Keys(index), (QStringList{QStringLiteral("a1"), QStringLiteral("a2")}));
 }
 
 TEST(Index, ByRowThenByNumber) {
   const QString title = QStringLiteral("t");
-  const Index index =
-      ParseIndex(kHead + LineOf("cTitle1", "txt", title) + LineOf("aTitle10", "txt", title) +
-                 LineOf("aTitle2", "txt", title) + LineOf("bTitle1", "txt", title));
+  const book::Index index =
+      book::ParseIndex(kHead + LineOf("cTitle1", "txt", title) + LineOf("aTitle10", "txt", title) +
+                       LineOf("aTitle2", "txt", title) + LineOf("bTitle1", "txt", title));
   EXPECT_EQ(Keys(index).join(u' '), QStringLiteral("a2 a10 b1 c1"));
 }
 
 TEST(Index, OfTwoLinesOfACollectionTheLaterCounts) {
-  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("old")) +
-                                 LineOf("aTitle1", "pic1", QStringLiteral("new")));
+  const book::Index index =
+      book::ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("old")) +
+                       LineOf("aTitle1", "pic1", QStringLiteral("new")));
   ASSERT_EQ(index.collections.size(), 1U);
   EXPECT_EQ(index.collections[0].title, QStringLiteral("new"));
   EXPECT_TRUE(index.collections[0].isGallery);
@@ -99,9 +100,9 @@ TEST(Index, ATitleMayHoldAnything) {
   }
 }
 
-QString Told(const Index& index) {
+QString Told(const book::Index& index) {
   QString told = index.credit;
-  for (const Collection& each : index.collections) {
+  for (const book::Collection& each : index.collections) {
     told += u'|' + QString(each.row) + QString::number(each.number) + each.title +
             (each.isGallery ? u'*' : u' ');
   }
@@ -114,11 +115,11 @@ TEST(Index, IsTheSameHoweverItIsCutAsItComes) {
                        LineOf("aTitle2", "txt", QStringLiteral("one")) +
                        LineOf("aTitle2", "txt", QStringLiteral("later")) +
                        QStringLiteral("</strings>\r\n\t<cTitle3>no end");
-  const QString whole = Told(ParseIndex(text));
+  const QString whole = Told(book::ParseIndex(text));
   EXPECT_EQ(whole, QStringLiteral("Designed by: us|a2later |b1two\nlines </bTitle1>*|c3no end "));
   for (qsizetype first = 0; first <= text.size(); ++first) {
     for (const qsizetype next : {1, 2, 30, 1000}) {
-      IndexReader reader;
+      book::IndexReader reader;
       reader.Feed(QStringView(text).first(first));
       for (qsizetype at = first; at < text.size(); at += next) {
         reader.Feed(QStringView(text).sliced(at, std::min(next, text.size() - at)));
@@ -133,10 +134,10 @@ TEST(Index, OfManyPiecesHasAllInOrder) {
   QString lines;
   for (int i = 20'000; i > 0; --i) lines += LineOf("bTitle%1", "txt", QStringLiteral("t%1")).arg(i);
   maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
-  const Index index = ReadIndex(maker.Book());
+  const book::Index index = book::ReadIndex(maker.Book());
   ASSERT_EQ(index.collections.size(), 20'000U);
   for (int i = 1; i <= 20'000; ++i) {
-    const Collection& each = index.collections[static_cast<std::size_t>(i - 1)];
+    const book::Collection& each = index.collections[static_cast<std::size_t>(i - 1)];
     ASSERT_EQ(each.number, i);
     ASSERT_EQ(each.title, QStringLiteral("t%1").arg(i));
   }
@@ -151,9 +152,9 @@ TEST(Index, OfAHundredThousandTakesLittleMoreThanItsTitles) {
   }
   maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead + lines);
   lines = QString();
-  const BookFolder book = maker.Book();
+  const book::Folder book = maker.Book();
   const testing_support::PeakMemory memory;
-  EXPECT_EQ(ReadIndex(book).collections.size(), 100'000U);
+  EXPECT_EQ(book::ReadIndex(book).collections.size(), 100'000U);
   EXPECT_LT(memory.Megabytes(), 32);
 }
 
@@ -165,22 +166,23 @@ TEST(Index, ATitleMayBeEmptyOrOfTwoLines) {
 TEST(Index, ACutFileKeepsWhatIsThere) {
   const QString text = kHead + LineOf("aTitle1", "txt", QStringLiteral("whole")) +
                        QStringLiteral("\t<bTitle1 vol=\"txt\">ha");
-  const Index index = ParseIndex(text);
+  const book::Index index = book::ParseIndex(text);
   ASSERT_EQ(index.collections.size(), 2U);
   EXPECT_EQ(index.collections[1].title, QStringLiteral("ha"));
-  EXPECT_EQ(ParseIndex(kHead + QStringLiteral("\t<aTitle1 vol=\"t")).collections.size(), 0U);
+  EXPECT_EQ(book::ParseIndex(kHead + QStringLiteral("\t<aTitle1 vol=\"t")).collections.size(), 0U);
 }
 
 TEST(Index, AClosedFileIsReadToo) {
-  const Index index = ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("one")) +
-                                 QStringLiteral("</strings>\r\nmore"));
+  const book::Index index =
+      book::ParseIndex(kHead + LineOf("aTitle1", "txt", QStringLiteral("one")) +
+                       QStringLiteral("</strings>\r\nmore"));
   ASSERT_EQ(index.collections.size(), 1U);
   EXPECT_EQ(index.collections[0].title, QStringLiteral("one"));
 }
 
 TEST(Index, ATagThatDoesntEndInItsLineIsNone) {
-  const Index index =
-      ParseIndex(QStringLiteral("<aTitle1 \r\n") + LineOf("aTitle2", "txt", QStringLiteral("two")));
+  const book::Index index = book::ParseIndex(QStringLiteral("<aTitle1 \r\n") +
+                                             LineOf("aTitle2", "txt", QStringLiteral("two")));
   EXPECT_EQ(Keys(index), QStringList{QStringLiteral("a2")});
 }
 
@@ -188,7 +190,7 @@ TEST(Index, StrangeKeysAreNoCollections) {
   const QString title = QStringLiteral("t");
   for (const char* key :
        {"dTitle1", "aTitle", "aTitle-1", "aTitlex", "aTitle99999999999", "ATitle1"}) {
-    EXPECT_TRUE(ParseIndex(kHead + LineOf(key, "txt", title)).collections.empty()) << key;
+    EXPECT_TRUE(book::ParseIndex(kHead + LineOf(key, "txt", title)).collections.empty()) << key;
   }
 }
 
@@ -200,7 +202,7 @@ QStringList KeysBeside(const QString& lines, std::initializer_list<const char*> 
     maker.Write(QStringLiteral("Data/_xml/") + QString::fromLatin1(file),
                 QStringLiteral("<?xml version=\"1.0\"?>\r\n<Tree>\r\n</Tree>\r\n"));
   }
-  return Keys(ReadIndex(maker.Book()));
+  return Keys(book::ReadIndex(maker.Book()));
 }
 
 TEST(Index, ACollectionWithoutALineIsTheLastOfItsRow) {
@@ -222,7 +224,7 @@ TEST(Index, OfCollectionsWithoutALineAThousandAreShown) {
   for (int i = 1; i <= 1010; ++i) {
     maker.Write(QStringLiteral("Data/_xml/bTitle%1.xml").arg(i), QStringLiteral("<Tree>\r\n"));
   }
-  const QStringList keys = Keys(ReadIndex(maker.Book()));
+  const QStringList keys = Keys(book::ReadIndex(maker.Book()));
   ASSERT_EQ(keys.size(), 21'000);
   EXPECT_EQ(keys.front(), QStringLiteral("b1"));
   EXPECT_EQ(keys[999], QStringLiteral("b1000"));
@@ -242,7 +244,7 @@ TEST(Index, AFolderOrAFileOfSomethingElseIsNoCollection) {
   maker.MakeFolder(QStringLiteral("Data/_xml/aTitle1.xml"));
   maker.WriteBytes(QStringLiteral("Data/_xml/aTitle2.xml"), "nothing of the kind");
   maker.WriteBytes(QStringLiteral("Data/_xml/aTitle3.xml"), {});
-  EXPECT_TRUE(ReadIndex(maker.Book()).collections.empty());
+  EXPECT_TRUE(book::ReadIndex(maker.Book()).collections.empty());
 }
 
 TEST(Index, ACollectionWithoutALineHasTheKindOfItsFile) {
@@ -250,7 +252,7 @@ TEST(Index, ACollectionWithoutALineHasTheKindOfItsFile) {
   maker.Write(QStringLiteral("Data/_xml/Index.xml"), kHead);
   maker.Write(QStringLiteral("Data/_xml/aTitle1.xml"), QStringLiteral("<gallery>\r\n"));
   maker.Write(QStringLiteral("Data/_xml/aTitle2.xml"), QStringLiteral("<Tree>\r\n"));
-  const Index index = ReadIndex(maker.Book());
+  const book::Index index = book::ReadIndex(maker.Book());
   ASSERT_EQ(index.collections.size(), 2U);
   EXPECT_TRUE(index.collections[0].isGallery);
   EXPECT_FALSE(index.collections[1].isGallery);
@@ -265,7 +267,7 @@ TEST(Index, TheFileOfACollectionTellsItsKindWhateverTheIndexSays) {
               QStringLiteral("<Tree>\r\n<node label=\"<gallery>\">"));
   maker.WriteBytes(QStringLiteral("Data/_xml/aTitle3.xml"), "x");
   const auto holds = [&](int number, bool said) {
-    return HoldsGallery(maker.Book(), {u'a', number, said, {}});
+    return book::HoldsGallery(maker.Book(), {u'a', number, said, {}});
   };
   EXPECT_TRUE(holds(1, false));
   EXPECT_FALSE(holds(2, true));
@@ -276,16 +278,16 @@ TEST(Index, TheFileOfACollectionTellsItsKindWhateverTheIndexSays) {
 }
 
 TEST(Index, WithoutTheFileItIsEmpty) {
-  EXPECT_TRUE(ReadIndex(BookMaker().Book()).collections.empty());
+  EXPECT_TRUE(book::ReadIndex(BookMaker().Book()).collections.empty());
 }
 
 TEST(Index, FilesOfACollection) {
   const BookMaker maker;
-  const Collection collection{u'b', 12, false, {}};
-  EXPECT_EQ(FileOf(collection), QStringLiteral("Data/_xml/bTitle12.xml"));
-  EXPECT_EQ(PictureOf(maker.Book(), collection), QString());
+  const book::Collection collection{u'b', 12, false, {}};
+  EXPECT_EQ(book::FileOf(collection), QStringLiteral("Data/_xml/bTitle12.xml"));
+  EXPECT_EQ(book::PictureOf(maker.Book(), collection), QString());
   maker.WriteBytes(QStringLiteral("Data/IMG/BTITLE12.JPG"), "x");
-  EXPECT_TRUE(PictureOf(maker.Book(), collection).endsWith(QLatin1String("/BTITLE12.JPG")));
+  EXPECT_TRUE(book::PictureOf(maker.Book(), collection).endsWith(QLatin1String("/BTITLE12.JPG")));
 }
 
 }  // namespace

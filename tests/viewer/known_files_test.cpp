@@ -1,4 +1,4 @@
-#include "viewer/book/known_files.h"
+#include "book/known_files.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@ namespace {
 
 TEST(KnownFiles, DocumentsPicturesSoundsAndFilms) {
   for (const char* name : {"a.pdf", "a.TXT", "a.b.docx", "a.Jpg", "a.mp3", "a.avi", "/x.y/a.mp4"}) {
-    EXPECT_TRUE(IsKnownDocument(QString::fromLatin1(name))) << name;
+    EXPECT_TRUE(book::IsKnownDocument(QString::fromLatin1(name))) << name;
   }
 }
 
@@ -19,7 +19,7 @@ TEST(KnownFiles, WhatRunsOrMayRunIsNone) {
         "a.pyw", "a.pl",  "a.rb",   "a.bash", "a.zsh",    "a.bin",   "a.out", "a.run",
         "a.deb", "a.rpm", "a.chm",  "a.dll",  "a.html",   "a.xhtml", "a.svg", "a.appimage",
         "a.swf", "a.iso", "a.docm", "a.xyz",  "a.desktop"}) {
-    EXPECT_FALSE(IsKnownDocument(QString::fromLatin1(name))) << name;
+    EXPECT_FALSE(book::IsKnownDocument(QString::fromLatin1(name))) << name;
   }
 }
 
@@ -31,14 +31,14 @@ TEST(KnownFiles, DocumentsThatMayHoldAProgramAreNone) {
         "a.xltm", "a.xlsb", "a.xlam", "a.csv",  "a.slk",  "a.ppt",  "a.pot", "a.pps", "a.ppsx",
         "a.ppsm", "a.pptm", "a.odt",  "a.ott",  "a.ods",  "a.ots",  "a.odp", "a.otp", "a.odg",
         "a.otg",  "a.odm",  "a.fodt", "a.fods", "a.mdb",  "a.accdb"}) {
-    EXPECT_FALSE(IsKnownDocument(QString::fromLatin1(name))) << name;
+    EXPECT_FALSE(book::IsKnownDocument(QString::fromLatin1(name))) << name;
   }
 }
 
 TEST(KnownFiles, NamesThatHideTheirEndAreNone) {
   for (const char* name : {"a", "pdf", "a.pdf.exe", "a.pdf.", "a.pdf ", "a.exe.", "a.exe ", "a.",
                            "a.pdf/b", "", "a. pdf"}) {
-    EXPECT_FALSE(IsKnownDocument(QString::fromLatin1(name))) << name;
+    EXPECT_FALSE(book::IsKnownDocument(QString::fromLatin1(name))) << name;
   }
 }
 

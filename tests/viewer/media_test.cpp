@@ -1,4 +1,4 @@
-#include "viewer/book/media.h"
+#include "book/media.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ class MediaOfNode : public testing::Test {
 
   // Attachment, sound, film and background by their names.
   QString Names() const {
-    const Media media = MediaOf(maker_.Book(), node_);
+    const book::Media media = book::MediaOf(maker_.Book(), node_);
     QStringList names;
     for (const QString& path : {media.attachment, media.sound, media.film, media.background}) {
       names += path.isEmpty() ? QStringLiteral("-") : QFileInfo(path).fileName();
@@ -42,7 +42,7 @@ class MediaOfNode : public testing::Test {
   }
 
   const BookMaker maker_;
-  Node node_;
+  book::Node node_;
 };
 
 TEST_F(MediaOfNode, None) {
@@ -151,9 +151,9 @@ TEST_F(MediaOfNode, NoExtensionLeadsOutOfTheFolder) {
 }
 
 TEST_F(MediaOfNode, ThePrintPage) {
-  EXPECT_TRUE(PrintPageOf(maker_.Book(), node_).endsWith(QLatin1String("/Data/TXT/S.html")));
+  EXPECT_TRUE(book::PrintPageOf(maker_.Book(), node_).endsWith(QLatin1String("/Data/TXT/S.html")));
   node_.source = QStringLiteral("DATA/TXT/T.htm");
-  EXPECT_EQ(PrintPageOf(maker_.Book(), node_), QString());
+  EXPECT_EQ(book::PrintPageOf(maker_.Book(), node_), QString());
 }
 
 }  // namespace

@@ -5,15 +5,15 @@
 namespace viewer {
 namespace {
 
-Page PageOf(const QStringList& paragraphs) {
-  Page page;
+book::Page PageOf(const QStringList& paragraphs) {
+  book::Page page;
   for (const QString& text : paragraphs) {
-    page.parts.push_back({PagePart::Kind::kParagraph, text});
+    page.parts.push_back({book::PagePart::Kind::kParagraph, text});
   }
   return page;
 }
 
-qsizetype WeightBetween(const Page& page, PagePlace from, PagePlace until) {
+qsizetype WeightBetween(const book::Page& page, book::PagePlace from, book::PagePlace until) {
   qsizetype weight = 0;
   while (from < until) {
     const PagePiece piece = PieceAt(page, from);
@@ -24,11 +24,11 @@ qsizetype WeightBetween(const Page& page, PagePlace from, PagePlace until) {
   return weight;
 }
 
-void ExpectSectionsOfMuchTheSameWeight(const Page& page, std::size_t atLeast) {
-  const std::vector<PagePlace> places = CutIntoSections(page);
+void ExpectSectionsOfMuchTheSameWeight(const book::Page& page, std::size_t atLeast) {
+  const std::vector<book::PagePlace> places = CutIntoSections(page);
   ASSERT_GT(places.size(), atLeast);
-  EXPECT_EQ(places.front(), PagePlace());
-  EXPECT_EQ(places.back(), (PagePlace{page.parts.size(), 0}));
+  EXPECT_EQ(places.front(), book::PagePlace());
+  EXPECT_EQ(places.back(), (book::PagePlace{page.parts.size(), 0}));
   for (std::size_t i = 0; i + 1 < places.size(); ++i) {
     ASSERT_LT(places[i], places[i + 1]);
     const qsizetype weight = WeightBetween(page, places[i], places[i + 1]);
@@ -38,12 +38,12 @@ void ExpectSectionsOfMuchTheSameWeight(const Page& page, std::size_t atLeast) {
 }
 
 TEST(PageSections, AnEmptyPageIsOne) {
-  EXPECT_EQ(CutIntoSections({}), (std::vector<PagePlace>{{}, {}}));
+  EXPECT_EQ(CutIntoSections({}), (std::vector<book::PagePlace>{{}, {}}));
 }
 
 TEST(PageSections, AnOrdinaryPageIsOne) {
-  const Page page = PageOf({QStringLiteral("a"), QString(), QString(100'000, u'b')});
-  EXPECT_EQ(CutIntoSections(page), (std::vector<PagePlace>{{}, {3, 0}}));
+  const book::Page page = PageOf({QStringLiteral("a"), QString(), QString(100'000, u'b')});
+  EXPECT_EQ(CutIntoSections(page), (std::vector<book::PagePlace>{{}, {3, 0}}));
 }
 
 TEST(PageSections, ParagraphsOfAnyLength) {
@@ -62,16 +62,17 @@ TEST(PageSections, EmptyParagraphsAndLinesHaveTheirWeight) {
 }
 
 TEST(PageSections, PicturesHaveTheirWeight) {
-  Page page;
-  page.parts.resize(500, {PagePart::Kind::kPicture, QStringLiteral("x.jpg")});
+  book::Page page;
+  page.parts.resize(500, {book::PagePart::Kind::kPicture, QStringLiteral("x.jpg")});
   ExpectSectionsOfMuchTheSameWeight(page, 8);
 }
 
 TEST(PageSections, ALongParagraphIsCutAfterABlankAndNeverInACharacter) {
-  const Page words = PageOf({QStringLiteral("abcd ").repeated(4000)});
+  const book::Page words = PageOf({QStringLiteral("abcd ").repeated(4000)});
   EXPECT_EQ(PieceAt(words, {}).length % 5, 0);
-  const Page pairs = PageOf({QString(1, u'x') + QStringLiteral("\U0001F339").repeated(20'000)});
-  for (PagePlace place; place.part == 0; place = PieceAt(pairs, place).next) {
+  const book::Page pairs =
+      PageOf({QString(1, u'x') + QStringLiteral("\U0001F339").repeated(20'000)});
+  for (book::PagePlace place; place.part == 0; place = PieceAt(pairs, place).next) {
     EXPECT_FALSE(pairs.parts[0].text[place.offset].isLowSurrogate());
   }
 }

@@ -1,4 +1,4 @@
-#include "viewer/book/page.h"
+#include "book/page.h"
 
 #include <gtest/gtest.h>
 
@@ -11,15 +11,15 @@ using viewer_tests::BookMaker;
 using viewer_tests::PageText;
 
 // The parts, pictures in brackets.
-QStringList Parts(const Page& page) {
+QStringList Parts(const book::Page& page) {
   QStringList parts;
-  for (const PagePart& part : page.parts) {
-    parts += part.kind == PagePart::Kind::kPicture ? u'[' + part.text + u']' : part.text;
+  for (const book::PagePart& part : page.parts) {
+    parts += part.kind == book::PagePart::Kind::kPicture ? u'[' + part.text + u']' : part.text;
   }
   return parts;
 }
 
-QStringList PartsOf(const char* text) { return Parts(ParsePage(QString::fromUtf8(text))); }
+QStringList PartsOf(const char* text) { return Parts(book::ParsePage(QString::fromUtf8(text))); }
 
 QStringList Texts(std::initializer_list<const char*> texts) {
   QStringList list;
@@ -32,7 +32,8 @@ TEST(Page, AsTheToolWritesIt) {
   maker.Write(
       QStringLiteral("Data/TXT/S.htm"),
       PageText(QStringLiteral("باغ"), {QStringLiteral("يك"), QString(), QStringLiteral("دو")}));
-  const std::optional<Page> page = ReadPage(maker.Book(), QStringLiteral("DATA/TXT/S.htm"));
+  const std::optional<book::Page> page =
+      book::ReadPage(maker.Book(), QStringLiteral("DATA/TXT/S.htm"));
   ASSERT_TRUE(page);
   EXPECT_EQ(page->title, QStringLiteral("باغ"));
   EXPECT_EQ(Parts(*page), Texts({"يك", "", "دو"}));
@@ -52,14 +53,14 @@ TEST(Page, APictureBetweenParagraphs) {
 }
 
 TEST(Page, AnEmptyText) {
-  EXPECT_TRUE(Parts(ParsePage(PageText(QStringLiteral("t"), {QString()}))).isEmpty());
+  EXPECT_TRUE(Parts(book::ParsePage(PageText(QStringLiteral("t"), {QString()}))).isEmpty());
 }
 
 TEST(Page, TagsInTheTextAreText) {
   for (const char* each : {"a < b & c", "<b>bold</b>", "x </pgMain> y", "x <pgMain> y", "{0}",
                            "<IMG src=\"Data/IMG/x.jpg\"> y", "</pgTitle>", "&amp;"}) {
     const QString text = QString::fromLatin1(each);
-    EXPECT_EQ(Parts(ParsePage(PageText(QStringLiteral("t"), {text, QStringLiteral("next")}))),
+    EXPECT_EQ(Parts(book::ParsePage(PageText(QStringLiteral("t"), {text, QStringLiteral("next")}))),
               (QStringList{text, QStringLiteral("next")}));
   }
 }
@@ -67,7 +68,7 @@ TEST(Page, TagsInTheTextAreText) {
 TEST(Page, ATitleMayHoldAnything) {
   for (const char* each : {"a < b", "say \"so\"", "<pgMain>", "&", "two\r\nlines"}) {
     const QString title = QString::fromLatin1(each);
-    const Page page = ParsePage(PageText(title, {QStringLiteral("a")}));
+    const book::Page page = book::ParsePage(PageText(title, {QStringLiteral("a")}));
     EXPECT_EQ(page.title, title);
     EXPECT_EQ(Parts(page), Texts({"a"}));
   }
@@ -97,7 +98,7 @@ TEST(Page, ACutPageKeepsWhatIsThere) {
   EXPECT_EQ(PartsOf("<pgTitle>t</pgTitle>\r\n\r\n<pgMain>a</pgMain>\r\n<pgMain>ha"),
             Texts({"a", "ha"}));
   EXPECT_EQ(PartsOf("<pgMain>never closed\r\n<pgMain>b</pgMain>\r\n").size(), 2);
-  const Page page = ParsePage(QStringLiteral("<pgTitle>ha"));
+  const book::Page page = book::ParsePage(QStringLiteral("<pgTitle>ha"));
   EXPECT_EQ(Parts(page), Texts({"<pgTitle>ha"}));
 }
 
@@ -107,7 +108,8 @@ TEST(Page, WithoutItsMarkOrWithAnOddByte) {
   maker.WriteBytes(QStringLiteral("Data/TXT/S.htm"), bytes.sliced(2));
   maker.WriteBytes(QStringLiteral("Data/TXT/R.htm"), bytes + 'x');
   for (const char* source : {"DATA/TXT/S.htm", "DATA/TXT/R.htm"}) {
-    const std::optional<Page> page = ReadPage(maker.Book(), QString::fromLatin1(source));
+    const std::optional<book::Page> page =
+        book::ReadPage(maker.Book(), QString::fromLatin1(source));
     ASSERT_TRUE(page);
     EXPECT_EQ(page->title, QStringLiteral("t"));
     EXPECT_EQ(Parts(*page), Texts({"a"}));
@@ -115,26 +117,28 @@ TEST(Page, WithoutItsMarkOrWithAnOddByte) {
 }
 
 TEST(Page, WithoutTheFileThereIsNone) {
-  EXPECT_FALSE(ReadPage(BookMaker().Book(), QStringLiteral("DATA/TXT/S.htm")));
-  EXPECT_FALSE(ReadPage(BookMaker().Book(), QStringLiteral("DATA/TXT")));
+  EXPECT_FALSE(book::ReadPage(BookMaker().Book(), QStringLiteral("DATA/TXT/S.htm")));
+  EXPECT_FALSE(book::ReadPage(BookMaker().Book(), QStringLiteral("DATA/TXT")));
 }
 
 // A part of its own for each would take gigabytes.
 TEST(Page, StrayLinesWithoutEndComeTogether) {
-  const Page page = ParsePage(QStringLiteral("x\n").repeated(2'000'000) + QStringLiteral("z"));
+  const book::Page page =
+      book::ParsePage(QStringLiteral("x\n").repeated(2'000'000) + QStringLiteral("z"));
   EXPECT_LT(page.parts.size(), 20'000);
   qsizetype found = 0;
-  for (const PagePart& part : page.parts) found += part.text.count(u'x');
+  for (const book::PagePart& part : page.parts) found += part.text.count(u'x');
   EXPECT_EQ(found, 2'000'000);
   EXPECT_TRUE(page.parts.back().text.endsWith(u'z'));
 }
 
 TEST(Page, ParagraphsAndPicturesAfterStrayLinesAreRead) {
-  const Page page = ParsePage(QStringLiteral("x\n").repeated(100'000) +
-                              QStringLiteral("<pgMain>a</pgMain>\r\n<IMG src=\"b.jpg\">\r\n"));
+  const book::Page page =
+      book::ParsePage(QStringLiteral("x\n").repeated(100'000) +
+                      QStringLiteral("<pgMain>a</pgMain>\r\n<IMG src=\"b.jpg\">\r\n"));
   ASSERT_GT(page.parts.size(), 2U);
   EXPECT_EQ(page.parts[page.parts.size() - 2].text, QStringLiteral("a"));
-  EXPECT_EQ(page.parts.back().kind, PagePart::Kind::kPicture);
+  EXPECT_EQ(page.parts.back().kind, book::PagePart::Kind::kPicture);
 }
 
 // Each would take minutes if the reader went through the rest of the page for each of them.
@@ -144,7 +148,7 @@ TEST(Page, DamagedPagesOfMegabytes) {
        {"<IMG src=\"\r\n", "<IMG src=\"", "<pgMain>", "</pgMain>", "x<pgMain>y</pgMain>",
         "<pgMain>a</pgMain><IMG src=\"a\">", "<", "<pgMain></pgMain>    x"}) {
     const QString text = QString::fromLatin1(piece).repeated(kTimes);
-    EXPECT_FALSE(ParsePage(text).parts.empty()) << piece;
+    EXPECT_FALSE(book::ParsePage(text).parts.empty()) << piece;
   }
 }
 

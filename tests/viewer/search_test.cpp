@@ -1,13 +1,13 @@
-#include "viewer/book/search.h"
+#include "book/search.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <vector>
 
+#include "book/fold.h"
+#include "book/marks.h"
 #include "tests/viewer/book_maker.h"
-#include "viewer/book/fold.h"
-#include "viewer/book/marks.h"
 
 namespace viewer {
 namespace {
@@ -37,9 +37,9 @@ class BookSearch : public testing::Test {
                  tree + QStringLiteral("\t</node>\r\n</Tree>\r\n"));
   }
 
-  std::vector<Hit> Hits(const char* words) const {
-    std::vector<Hit> hits;
-    SearchBook(maker_.Book(), QString::fromUtf8(words), [&](Hit&& hit) {
+  std::vector<book::Hit> Hits(const char* words) const {
+    std::vector<book::Hit> hits;
+    book::SearchBook(maker_.Book(), QString::fromUtf8(words), [&](book::Hit&& hit) {
       hits.push_back(std::move(hit));
       return true;
     });
@@ -47,7 +47,7 @@ class BookSearch : public testing::Test {
   }
   QString Titles(const char* words) const {
     QStringList titles;
-    for (const Hit& hit : Hits(words)) titles += hit.title;
+    for (const book::Hit& hit : Hits(words)) titles += hit.title;
     return titles.join(u' ');
   }
 
@@ -58,9 +58,9 @@ class BookSearch : public testing::Test {
 
 TEST_F(BookSearch, FindsAWordAndItsPlace) {
   AddCollection(u'a', {QStringLiteral("هيچ"), QStringLiteral("اول|و كتاب خوب")});
-  const std::vector<Hit> hits = Hits("کتاب");
+  const std::vector<book::Hit> hits = Hits("کتاب");
   ASSERT_EQ(hits.size(), 1U);
-  const Hit& hit = hits[0];
+  const book::Hit& hit = hits[0];
   EXPECT_EQ(hit.collection.row, u'a');
   EXPECT_EQ(hit.node, 2);
   EXPECT_EQ(hit.source, QStringLiteral("DATA/TXT/P1.htm"));
@@ -87,7 +87,7 @@ TEST_F(BookSearch, WhateverKeyboardAndMarks) {
 
 TEST_F(BookSearch, ShapesAndLigaturesOfOldFontsAreFoundAtTheirPlace) {
   AddCollection(u'a', {QStringLiteral("گفت س\uFEFCم و رفت"), QStringLiteral("\uFEB3\uFEFC\uFEE1")});
-  const std::vector<Hit> hits = Hits("سلام");
+  const std::vector<book::Hit> hits = Hits("سلام");
   ASSERT_EQ(hits.size(), 2U);
   EXPECT_EQ(hits[0].offset, 4);
   EXPECT_EQ(hits[0].snippet.sliced(hits[0].matchStart, hits[0].matchLength),
@@ -102,7 +102,7 @@ TEST_F(BookSearch, MarksStandAtTheirPlaceAfterLigatures) {
   const QString text = QStringLiteral("\uFDF2 س\uFEFCم رفت \uFEFB");
   const auto marked = [&](const char* words) {
     QStringList found;
-    for (const Mark& mark : MarksIn(text, WordsOf(QString::fromUtf8(words)))) {
+    for (const book::Mark& mark : book::MarksIn(text, book::WordsOf(QString::fromUtf8(words)))) {
       found += text.sliced(mark.start, mark.length);
     }
     return found.join(u'|');
@@ -140,7 +140,7 @@ TEST_F(BookSearch, TagsTypedIntoTheTextAreText) {
 
 TEST_F(BookSearch, InTheTitle) {
   AddCollection(u'a', {QStringLiteral("متن")});
-  const std::vector<Hit> hits = Hits("T0");
+  const std::vector<book::Hit> hits = Hits("T0");
   ASSERT_EQ(hits.size(), 1U);
   EXPECT_EQ(hits[0].part, -1);
   EXPECT_EQ(hits[0].snippet, QStringLiteral("t0"));
@@ -161,7 +161,7 @@ TEST_F(BookSearch, NoWordsNoHits) {
 TEST_F(BookSearch, ALongParagraphIsShownInPart) {
   const QString filler = QStringLiteral("واژه ").repeated(2000);
   AddCollection(u'a', {filler + QStringLiteral("سيب ") + filler});
-  const std::vector<Hit> hits = Hits("سيب");
+  const std::vector<book::Hit> hits = Hits("سيب");
   ASSERT_EQ(hits.size(), 1U);
   EXPECT_LT(hits[0].snippet.size(), 250);
   EXPECT_EQ(hits[0].offset, filler.size());
@@ -173,16 +173,16 @@ TEST_F(BookSearch, ALongParagraphIsShownInPart) {
 TEST_F(BookSearch, EndsWhenToldSo) {
   AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
   int hits = 0;
-  SearchBook(maker_.Book(), QStringLiteral("سيب"), [&](Hit&&) { return ++hits < 2; });
+  book::SearchBook(maker_.Book(), QStringLiteral("سيب"), [&](book::Hit&&) { return ++hits < 2; });
   EXPECT_EQ(hits, 2);
 }
 
 TEST_F(BookSearch, IsCancelledBetweenPages) {
   AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
   int hits = 0;
-  SearchBook(
+  book::SearchBook(
       maker_.Book(), QStringLiteral("سيب"),
-      [&](Hit&&) {
+      [&](book::Hit&&) {
         ++hits;
         return true;
       },

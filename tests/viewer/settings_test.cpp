@@ -1,4 +1,4 @@
-#include "viewer/book/settings.h"
+#include "book/settings.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ TEST(Settings, AsTheToolWritesThem) {
   const BookMaker maker;
   maker.Write(QStringLiteral("Data/TXT/CDProperty.xml"),
               Written(QStringLiteral("10"), QStringLiteral("2"), QStringLiteral("0")));
-  const Settings settings = ReadSettings(maker.Book());
+  const book::Settings settings = book::ReadSettings(maker.Book());
   EXPECT_EQ(settings.counts, (std::array<int, 3>{10, 3, 2}));
   EXPECT_EQ(settings.layout, 2);
   EXPECT_FALSE(settings.music);
@@ -30,7 +30,7 @@ TEST(Settings, AsTheToolWritesThem) {
 
 TEST(Settings, ACountThatIsNoNumberIsNone) {
   const auto count = [](const char* typed) {
-    return ParseSettings(
+    return book::ParseSettings(
                Written(QString::fromLatin1(typed), QStringLiteral("1"), QStringLiteral("1")))
         .counts[0];
   };
@@ -42,11 +42,11 @@ TEST(Settings, ACountThatIsNoNumberIsNone) {
 }
 
 TEST(Settings, AnUnknownLayoutIsTheFirst) {
-  EXPECT_EQ(ParseSettings(Written({}, QStringLiteral("7"), {})).layout, 1);
+  EXPECT_EQ(book::ParseSettings(Written({}, QStringLiteral("7"), {})).layout, 1);
 }
 
 TEST(Settings, WithoutTheFileEverythingIsOff) {
-  const Settings settings = ReadSettings(BookMaker().Book());
+  const book::Settings settings = book::ReadSettings(BookMaker().Book());
   EXPECT_EQ(settings.counts, (std::array<int, 3>{0, 0, 0}));
   EXPECT_EQ(settings.layout, 1);
   EXPECT_FALSE(settings.music);
@@ -55,7 +55,8 @@ TEST(Settings, WithoutTheFileEverythingIsOff) {
 
 TEST(Settings, AHalfFileGivesItsHalf) {
   const QString text = Written(QStringLiteral("2"), QStringLiteral("2"), QStringLiteral("1"));
-  const Settings settings = ParseSettings(text.left(text.indexOf(QLatin1String("</Music>"))));
+  const book::Settings settings =
+      book::ParseSettings(text.left(text.indexOf(QLatin1String("</Music>"))));
   EXPECT_EQ(settings.layout, 2);
   EXPECT_FALSE(settings.music);
 }

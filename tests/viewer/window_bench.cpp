@@ -38,7 +38,7 @@ const auto* const kApplication = testing::AddGlobalTestEnvironment(new WithAppli
 class SilentPlayer : public viewer::Player {
  public:
   explicit SilentPlayer(std::shared_ptr<Asked> asked) : asked_(std::move(asked)) {}
-  void Play(std::unique_ptr<viewer::Medium> medium) override {
+  void Play(std::unique_ptr<book::Medium> medium) override {
     asked_->sounds << QStringLiteral("play ") + QFileInfo(medium->Path()).fileName();
     asked_->endOfLastSound = [this](bool played) { onEnd(played); };
   }
@@ -154,7 +154,7 @@ viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked) {
     asked->started << QFileInfo(path).fileName();
     return true;
   };
-  outside.showFilm = [asked](std::unique_ptr<viewer::Medium> film, const QString&, QWidget*,
+  outside.showFilm = [asked](std::unique_ptr<book::Medium> film, const QString&, QWidget*,
                              std::function<void()> onClosed) {
     asked->films << QFileInfo(film->Path()).fileName();
     asked->closeLastFilm = std::move(onClosed);

@@ -35,7 +35,7 @@ platform::Text MakeProgramFolder(const fs::path& resources, const fs::path& outp
 
 class SilentPlayer : public viewer::Player {
  public:
-  void Play(std::unique_ptr<viewer::Medium> /*medium*/) override {}
+  void Play(std::unique_ptr<book::Medium> /*medium*/) override {}
   void Pause() override {}
   void Resume() override {}
   void Stop() override {}
@@ -45,7 +45,7 @@ class SilentPlayer : public viewer::Player {
 viewer::Outside StillMachine() {
   return {.openFile = [](const QString&) { return true; },
           .startProgram = [](const QString&) { return true; },
-          .showFilm = [](std::unique_ptr<viewer::Medium>, const QString&, QWidget*,
+          .showFilm = [](std::unique_ptr<book::Medium>, const QString&, QWidget*,
                          const std::function<void()>&) {},
           .makePlayer = [] { return std::make_unique<SilentPlayer>(); },
           .print = [](const std::function<void(QPrinter&)>&, QWidget*) {}};
@@ -167,7 +167,7 @@ void Session::MakeCollection(int number, const QString& book) {
   TakePicture("Form3", QStringLiteral("collection-%1-opened").arg(number));
   OpenBook(book);
   if (IsFirst()) TryRebuilding(book);
-  const Reading reading = ReadText(ShownText());
+  const Reading reading = book::ReadText(ShownText());
   Require(reading.passages.size() > 3, "the text has headings");
   FileTitle(reading);
   FilePassages(reading);

@@ -68,7 +68,7 @@ class CountingPlayer : public viewer::Player {
       if (onEnd) onEnd(played);
     };
   }
-  void Play(std::unique_ptr<viewer::Medium> medium) override { inner_->Play(std::move(medium)); }
+  void Play(std::unique_ptr<book::Medium> medium) override { inner_->Play(std::move(medium)); }
   void Pause() override { inner_->Pause(); }
   void Resume() override { inner_->Resume(); }
   void Stop() override { inner_->Stop(); }
@@ -151,7 +151,7 @@ class UnknownTrial : public Trial {
 
 class SoundTrial : public Trial {
  public:
-  explicit SoundTrial(std::unique_ptr<viewer::Medium> medium) : player_(viewer::MakeMediaPlayer()) {
+  explicit SoundTrial(std::unique_ptr<book::Medium> medium) : player_(viewer::MakeMediaPlayer()) {
     player_->onEnd = [this](bool played) { end_ = played ? "played" : "can't be played"; };
     player_->Play(std::move(medium));
   }
@@ -165,7 +165,7 @@ class SoundTrial : public Trial {
 
 class FilmTrial : public Trial {
  public:
-  explicit FilmTrial(std::unique_ptr<viewer::Medium> medium)
+  explicit FilmTrial(std::unique_ptr<book::Medium> medium)
       : film_(std::move(medium), u"film"_s, nullptr) {
     QObject::connect(&Player(), &QMediaPlayer::positionChanged, &film_,
                      [this](qint64 at) { furthest_ = std::max(furthest_, at); });
@@ -189,7 +189,7 @@ class FilmTrial : public Trial {
 std::unique_ptr<Trial> Begin(const viewer_tests::BookMaker& book, const std::string& name) {
   const QString path = QStringLiteral("Data/TXT/") + QString::fromStdString(name);
   book.WriteBytes(path, QByteArray::fromStdString(media_tests::Sample(name)));
-  auto medium = viewer::Medium::Open(book.Book(), book.PathOf(path));
+  auto medium = book::Medium::Open(book.Book(), book.PathOf(path));
   if (!medium) return std::make_unique<UnknownTrial>();
   if (name.starts_with("film")) return std::make_unique<FilmTrial>(std::move(medium));
   return std::make_unique<SoundTrial>(std::move(medium));
