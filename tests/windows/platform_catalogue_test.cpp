@@ -127,7 +127,9 @@ std::map<std::string, std::map<const char*, std::string>> LabelsOfFields() {
            {{"bname", "عنوان فهرست:\u200F"},
             {"matn", "Edit paragraph"},
             {"picB", "فايل ضميمه پاراگراف:\u200F"},
+            {"Command5", "فايل ضميمه پاراگراف:\u200F"},
             {"soutB", "صوت متصل به پاراگراف:\u200F"},
+            {"Command1", "صوت متصل به پاراگراف:\u200F"},
             {"filmB", "فيلم متصل به پاراگراف:\u200F"},
             {"Command2", "فيلم متصل به پاراگراف:\u200F"},
             {"IMN(0)", "عنوان تصوير:\u200F"}}}};
