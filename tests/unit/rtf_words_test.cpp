@@ -22,31 +22,29 @@ constexpr const char* kHiding =
     "private revtbl rsidtbl rxe shprslt stylesheet tc tcn template themedata txe "
     "userprops xe xmlnstbl";
 
-// Formats and properties: "\\*" before one hides nothing.
+// Formats and properties: "\\*" before one hides nothing, nor before an underline.
 constexpr const char* kFormats =
-    "plain pard f af fs afs ab ai cf cb chcbpat highlight b i ul uld uldash uldashd "
-    "uldashdd uldb ulhwave ulldash ulth ulthd ulthdash ulthdashd ulthdashdd ulthldash "
-    "ululdbwave ulw ulwave strike striked ulnone ltrch rtlch loch hich dbch ql qr qc qj "
-    "qd rtlpar ltrpar field fldrslt listtext pntext nesttableprops s cs ds ts accnone "
-    "acccomma acccircle accdot accunderdot animtext caps cchs cgrid charrsid charscalex "
-    "chbrdr chcfpat chshdng crauth crdate delrsid dn embo expnd expndtw fcs fittext hres "
-    "impr insrsid kerning lang langfe langfenp langnp noproof nosectexpand nosupersub "
-    "outl revauth revauthdel revdttm revdttmdel revised scaps shad sub super ulc up "
-    "webhidden acaps acf adn aexpnd alang aoutl ascaps ashad astrike aul auld auldb "
-    "aulnone aulw aup fi li ri lin rin cufi culi curi sb sa sbauto saauto sl slmult "
-    "widctlpar nowidctlpar nowwrap keep keepn pagebb hyphpar noline level outlinelevel "
-    "contextualspace intbl itap tx tqr tqc tqdec tb tldot ilvl ls pnlvl pnlvlblt "
-    "pnlvlbody pnlvlcont aspalpha aspnum faauto fahang facenter faroman favar fafixed "
-    "adjustright pararsid tblrsid sectrsid trowd trql trqr trqc cellx irow irowband "
-    "lastrow ltrrow rtlrow brdrt brdrb brdrl brdrr brdrs brdrw brdrcf brsp box chftn "
-    "chpgn chdate chtime chatn ltrdoc rtldoc ltrsect rtlsect sectd deflang deflangfe "
-    "deftab viewkind";
+    "plain pard f af fs afs ab ai cf cb chcbpat highlight b i strike striked ulnone "
+    "ltrch rtlch loch hich dbch ql qr qc qj qd rtlpar ltrpar field fldrslt listtext "
+    "pntext nesttableprops s cs ds ts accnone acccomma acccircle accdot accunderdot "
+    "animtext caps cchs cgrid charrsid charscalex chbrdr chcfpat chshdng crauth crdate "
+    "delrsid dn embo expnd expndtw fcs fittext hres impr insrsid kerning lang langfe "
+    "langfenp langnp noproof nosectexpand nosupersub outl revauth revauthdel revdttm "
+    "revdttmdel revised scaps shad sub super ulc up webhidden acaps acf adn aexpnd alang "
+    "aoutl ascaps ashad astrike aul auld auldb aulnone aulw aup fi li ri lin rin cufi "
+    "culi curi sb sa sbauto saauto sl slmult widctlpar nowidctlpar nowwrap keep keepn "
+    "pagebb hyphpar noline level outlinelevel contextualspace intbl itap tx tqr tqc tqdec "
+    "tb tldot ilvl ls pnlvl pnlvlblt pnlvlbody pnlvlcont aspalpha aspnum faauto fahang "
+    "facenter faroman favar fafixed adjustright pararsid tblrsid sectrsid trowd trql trqr "
+    "trqc cellx irow irowband lastrow ltrrow rtlrow brdrt brdrb brdrl brdrr brdrs brdrw "
+    "brdrcf brsp box chftn chpgn chdate chtime chatn ltrdoc rtldoc ltrsect rtlsect sectd "
+    "deflang deflangfe deftab viewkind";
 
 constexpr const char* kUnderlines =
     "ul uld uldash uldashd uldashdd uldb ulhwave ulldash ulth ulthd ulthdash ulthdashd "
     "ulthdashdd ulthldash ululdbwave ulw ulwave";
 
-std::vector<std::string> WordsIn(const char* list) {
+std::vector<std::string> WordsIn(const std::string& list) {
   std::istringstream stream(list);
   std::vector<std::string> words;
   for (std::string word; stream >> word;) words.push_back(word);
@@ -62,7 +60,7 @@ TEST(RtfWords, ADestinationThatIsNoneOfTheBodyHidesItsText) {
 }
 
 TEST(RtfWords, NoFormatAfterAStarHidesItsGroup) {
-  for (const std::string& word : WordsIn(kFormats)) {
+  for (const std::string& word : WordsIn(std::string(kFormats) + " " + kUnderlines)) {
     EXPECT_EQ(Plain("a{\\*\\" + word + " x}b"), u"axb") << word;
   }
 }
