@@ -99,15 +99,32 @@ TEST_F(RichTextPictures, APictureWithoutASizeTakesTheRoomThatItMeasures) {
   EXPECT_NEAR(Edit().document()->size().height(), 1500, 60);
 }
 
-// The rectangle around all that is red.
-QRect RedOf(const QImage& drawn) {
-  QRect red;
+// The rectangle around all that is of that colour.
+QRect RoomOf(const QImage& drawn, const QColor& colour) {
+  QRect room;
   for (int y = 0; y < drawn.height(); ++y) {
     for (int x = 0; x < drawn.width(); ++x) {
-      if (drawn.pixel(x, y) == qRgb(255, 0, 0)) red |= QRect(x, y, 1, 1);
+      if (drawn.pixelColor(x, y) == colour) room |= QRect(x, y, 1, 1);
     }
   }
-  return red;
+  return room;
+}
+
+TEST_F(RichTextPictures, WhatCantBeDecodedIsABoxThatIsCrossed) {
+  matn.SetTextRTF(RtfWith({{PictureKind::kPng, "no picture", 0, 0}}));
+  matn.SetSelStart(1);  // the caret stands after it
+  const QImage drawn = Drawn();
+  const QColor line(Qt::darkGray);
+  const QRect box = RoomOf(drawn, line);
+  ASSERT_EQ(box.size(), QSize(48, 48));
+  for (int i = 0; i < box.width(); ++i) {
+    const int x = box.left() + i;
+    const int y = box.top() + i;
+    for (const QPoint place : {QPoint(x, box.top()), QPoint(x, box.bottom()), QPoint(box.left(), y),
+                               QPoint(box.right(), y), QPoint(x, y), QPoint(x, box.bottom() - i)}) {
+      ASSERT_EQ(drawn.pixelColor(place), line) << place.x() << ", " << place.y();
+    }
+  }
 }
 
 TEST_F(RichTextPictures, WhereOneMeasureIsMissingThePictureKeepsItsShape) {
@@ -116,7 +133,7 @@ TEST_F(RichTextPictures, WhereOneMeasureIsMissingThePictureKeepsItsShape) {
   const auto sizeOf = [&](int width, int height) {
     matn.SetTextRTF(RtfWith({{PictureKind::kPng, bytes, width * kTwips, height * kTwips}}));
     matn.SetSelStart(1);  // the caret stands after it
-    return RedOf(Drawn()).size();
+    return RoomOf(Drawn(), Qt::red).size();
   };
   EXPECT_EQ(sizeOf(80, 0), QSize(80, 60));
   EXPECT_EQ(sizeOf(0, 90), QSize(120, 90));
