@@ -4,11 +4,15 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextFrame>
+#include <algorithm>
+#include <memory>
 
+#include "tests/support/known_texts.h"
 #include "tests/support/rich_text_bench.h"
 
 namespace {
@@ -20,7 +24,9 @@ using platform::rtf::Document;
 using platform::rtf::Paragraph;
 using platform::rtf::Picture;
 using platform::rtf::PictureKind;
+using testing_support::AsShown;
 using testing_support::FailureOf;
+using testing_support::KnownText;
 using testing_support::RandomDocuments;
 using testing_support::RichPicture;
 using testing_support::RichTextBench;
@@ -240,6 +246,25 @@ TEST_F(PlatformRichText, PasteOfAWebPageWithTableListAndPicture) {
   QImage image;
   EXPECT_TRUE(image.loadFromData(QByteArray::fromStdString(std::get<Picture>(last).bytes)));
   EXPECT_EQ(image.size(), QSize(4, 3));
+}
+
+TEST_F(PlatformRichText, PasteIsOfferedForTextOfEveryKindAndForNothingElse) {
+  const std::string paste = AsShown(KnownText("toolkit Paste"));
+  const auto isOffered = [&] {
+    const std::unique_ptr<QMenu> menu(Edit().createStandardContextMenu());
+    const auto actions = menu->actions();
+    const auto found = std::ranges::find_if(actions, [&](const QAction* action) {
+      return action->text().section(u'\t', 0, 0).toStdString() == paste;
+    });
+    return found != actions.end() && (*found)->isEnabled();
+  };
+  window.ShowActive();
+  for (const char* type : {"text/rtf", "application/rtf", "text/plain", "text/html"}) {
+    Offer(type, "{\\rtf1 words}");
+    EXPECT_TRUE(isOffered()) << type;
+  }
+  Offer("application/x-else", "words");
+  EXPECT_FALSE(isOffered());
 }
 
 TEST_F(PlatformRichText, PasteOfPlainText) {
