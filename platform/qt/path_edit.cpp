@@ -29,12 +29,14 @@ PathEdit::PathEdit(QWidget* parent) : QLineEdit(parent) {
 }
 
 void PathEdit::Finish() {
-  if (!isModified()) return;
+  // A screen reader's text doesn't count as a modification to the toolkit.
+  if (!isModified() && text() == written_) return;
   const QString path = ToQString(TypedPath(ToText(text())));
   if (path != text()) setText(path);  // told as if it had been typed
 }
 
 void PathEdit::Written() {
+  written_ = text();
   if (hasFocus()) {
     home(false);
   } else {
@@ -58,8 +60,10 @@ bool PathEdit::event(QEvent* event) {
   return true;
 }
 
-void FinishPathIn(const QWidget& window) {
-  if (auto* path = dynamic_cast<PathEdit*>(window.focusWidget())) path->Finish();
+void FinishPathsIn(const QWidget& window) {
+  for (QLineEdit* edit : window.findChildren<QLineEdit*>()) {
+    if (auto* path = dynamic_cast<PathEdit*>(edit)) path->Finish();
+  }
 }
 
 }  // namespace platform

@@ -237,7 +237,7 @@ std::unique_ptr<Control::Peer> MakeButton(const ControlRow& row, QWidget* parent
   if (control != nullptr) {
     QObject::connect(button, &QPushButton::clicked, &peer->anchor,
                      [button, click = peer->Gate(control->onClick)] {
-                       FinishPathIn(*button->window());
+                       FinishPathsIn(*button->window());
                        click();
                      });
   }

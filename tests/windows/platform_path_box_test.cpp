@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QHelpEvent>
 #include <QImage>
@@ -106,6 +107,40 @@ TEST_F(PlatformPathBox, LeavesWhatCodeWritesAndOtherBoxesAlone) {
   Robot::Type("Paths", "plain", "/home/ali");
   Robot::Click("Paths", "path");
   EXPECT_EQ(plain.Text(), u"/home/ali");
+}
+
+// A screen reader has no keys: it sets the text, or a part of it.
+QAccessibleInterface& AccessibleOf(const char* name) {
+  return *QAccessible::queryAccessibleInterface(&Robot::Find("Paths", name));
+}
+
+TEST_F(PlatformPathBox, TurnsWhatAScreenReaderSetWhenTheFocusLeaves) {
+  Robot::Click("Paths", "path");
+  AccessibleOf("path").setText(QAccessible::Value, QStringLiteral("/home/ali"));
+  Robot::PressKey("Paths", "path", Qt::Key_Tab);
+  EXPECT_EQ(path.Text(), u"C:\\home\\ali");
+}
+
+TEST_F(PlatformPathBox, TurnsWhatAScreenReaderEditedWhenTheFocusLeaves) {
+  path.SetText(u"/home/ali");
+  Robot::Click("Paths", "path");
+  auto* text = AccessibleOf("path").editableTextInterface();
+  text->insertText(5, QStringLiteral("/reza"));
+  text->deleteText(10, 14);
+  Robot::PressKey("Paths", "path", Qt::Key_Tab);
+  EXPECT_EQ(path.Text(), u"C:\\home\\reza");
+  text->replaceText(0, 12, QStringLiteral("/home/sara"));
+  Robot::Click("Paths", "path");
+  Robot::PressKey("Paths", "path", Qt::Key_Return);
+  EXPECT_EQ(readByButton, u"C:\\home\\sara");
+}
+
+TEST_F(PlatformPathBox, TurnsWhatAScreenReaderSetElsewhereBeforeAButtonReadsIt) {
+  Robot::Click("Paths", "plain");
+  AccessibleOf("path").editableTextInterface()->insertText(0, QStringLiteral("/home/ali"));
+  AccessibleOf("go").actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  Robot::WaitUntil([this] { return !readByButton.empty(); });  // a button that is seen going down
+  EXPECT_EQ(readByButton, u"C:\\home\\ali");
 }
 
 // Columns of the box without any dark pixel on its left and on its right.
