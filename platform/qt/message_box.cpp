@@ -7,24 +7,25 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSpacerItem>
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/pointer_at_rest.h"
+#include "platform/qt/toolkit_texts.h"
 #include "platform/text/caption.h"
 
 namespace platform {
 namespace {
 
-// The words of these boxes, whatever those of the toolkit are.
+// A desktop may have words of its own for the buttons of all its programs.
 void NameButtons(QMessageBox& box) {
-  const std::pair<QMessageBox::StandardButton, QString> captions[] = {
-      {QMessageBox::Ok, QStringLiteral("تأييد")},
-      {QMessageBox::Yes, QStringLiteral("بله")},
-      {QMessageBox::No, QStringLiteral("خير")}};
-  for (const auto& [which, caption] : captions) {
-    if (QAbstractButton* button = box.button(which)) button->setText(caption);
+  constexpr std::array<std::pair<QMessageBox::StandardButton, std::string_view>, 3> kCaptions = {
+      {{QMessageBox::Ok, "OK"}, {QMessageBox::Yes, "Yes"}, {QMessageBox::No, "No"}}};
+  for (const auto& [which, caption] : kCaptions) {
+    if (QAbstractButton* button = box.button(which)) button->setText(PersianOf(caption));
   }
 }
 

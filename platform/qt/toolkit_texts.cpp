@@ -118,16 +118,6 @@ constexpr std::array kActions = std::to_array<Phrase>({
     {"Open the combo box selection popup", u"فهرست را باز مي\u200Fكند"},
 });
 
-QString PersianOf(std::string_view source) {
-  for (const std::span<const Phrase> phrases :
-       {std::span<const Phrase>(kMenus), std::span<const Phrase>(kControlCharacters),
-        std::span<const Phrase>(kButtons), std::span<const Phrase>(kActions)}) {
-    const auto found = std::ranges::find(phrases, source, &Phrase::source);
-    if (found != phrases.end()) return ToQString(ShownCaption(found->persian));
-  }
-  return {};
-}
-
 class PersianTexts : public QTranslator {
  public:
   using QTranslator::QTranslator;
@@ -157,6 +147,16 @@ class PersianMenus : public QObject {
 };
 
 }  // namespace
+
+QString PersianOf(std::string_view source) {
+  for (const std::span<const Phrase> phrases :
+       {std::span<const Phrase>(kMenus), std::span<const Phrase>(kControlCharacters),
+        std::span<const Phrase>(kButtons), std::span<const Phrase>(kActions)}) {
+    const auto found = std::ranges::find(phrases, source, &Phrase::source);
+    if (found != phrases.end()) return ToQString(ShownCaption(found->persian));
+  }
+  return {};
+}
 
 void MakeToolkitSpeakPersian(QApplication& application) {
   QCoreApplication::installTranslator(new PersianTexts(&application));
