@@ -15,7 +15,8 @@ bool IsPageFile(platform::TextView name);
 // Without a title's end the body starts at the tenth character: print pages have always begun so.
 platform::Text PrintBody(platform::TextView page);
 
-// The template of all pages of an export.
+// The template of all pages of an export, cut once and not searched for each page: for the bench's
+// row "print".
 class PageTemplate {
  public:
   explicit PageTemplate(platform::Text text);
