@@ -42,7 +42,6 @@ take() {
     found=$(picture_of_step "${KEPT[i]}")
     cp "$found" "$kept/${KEPT[i + 1]}.png"
   done
-  rm -rf -- "$SESSION_FOLDER"
   say "$kept"
 }
 

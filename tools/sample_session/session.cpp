@@ -26,7 +26,9 @@ const QString kIdentity = QStringLiteral("شناسنامه");
 
 // A fresh program folder with the delivered files.
 platform::Text MakeProgramFolder(const fs::path& resources, const fs::path& output) {
-  fs::remove_all(output);
+  fs::create_directories(output);
+  // It may be a mount, which can be emptied and not removed.
+  for (const auto& entry : fs::directory_iterator(output)) fs::remove_all(entry);
   fs::create_directories(output / "pictures");
   fs::create_directories(output / "program");
   fs::copy(resources, output / "program" / "Resources", fs::copy_options::recursive);
