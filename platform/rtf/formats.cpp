@@ -100,7 +100,7 @@ void Formats::MakePlain() {
 }
 
 void Formats::SetStyle(std::uint16_t style, bool on) {
-  if (!keepsLook_ && (style & kNotShown) == 0) return;
+  if (!keepsLook_ && (style & kDeleted) == 0) return;
   if (((Now().styles & style) != 0) != on) SetBits(groups_.Change(), style, on);
 }
 

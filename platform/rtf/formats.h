@@ -19,9 +19,9 @@ class Formats {
       : keepsLook_(keepsLook), groups_(State{.page = &GetFontPage(kWesternCodePage)}) {}
 
   const State& Now() const { return groups_.Now(); }
-  // Text goes to the body, and isn't hidden there.
-  bool Shows() const { return Goes(Destination::kBody) && (Now().styles & kNotShown) == 0; }
-  bool IsHidden() const { return (Now().styles & kNotShown) != 0; }
+  // Text goes to the body, and no recorded change took it out there.
+  bool Shows() const { return Goes(Destination::kBody) && !IsDeleted(); }
+  bool IsDeleted() const { return (Now().styles & kDeleted) != 0; }
   bool Goes(Destination destination) const { return Now().destination == destination; }
   CharacterFormat Format() const;
 
@@ -49,8 +49,6 @@ class Formats {
   void EndTableEntry();
 
  private:
-  static constexpr std::uint16_t kNotShown = kHidden | kDeleted;
-
   void ObeyLook(FormatWord word, int number);
   void ObeyComplexLook(FormatWord word, int number);
   void MakePlain();

@@ -293,7 +293,7 @@ class Parser {
   bool PictureIsWanted() const {
     const bool ofShape =
         formats_.Goes(Destination::kShapeValue) && text_.ShapeName() == kShapePicture;
-    return (ofShape || formats_.Goes(Destination::kBody)) && !formats_.IsHidden();
+    return (ofShape || formats_.Goes(Destination::kBody)) && !formats_.IsDeleted();
   }
 
   void BeginPicture() {

@@ -14,11 +14,12 @@ namespace platform::rtf {
 // linear in the input, memory too, however deep groups nest and whatever sizes the input claims.
 // A last \par ends the last paragraph and opens no other one.
 //
-// The body is all that is read: headers, footers, foot- and endnotes, comments, hidden and deleted
-// text are left out. What a writer puts down for readers that don't know its feature is taken as
-// text: a list's labels, a field's and an object's result; of a symbol field without one, its
-// character. The text of a box in the page stands where the box is anchored. A paragraph that names
-// no alignment is a left one, and one that names no direction runs from left to right.
+// The body is all that is read: headers, footers, foot- and endnotes, comments and deleted text are
+// left out. Hidden text is text, as it is to word processors: nobody would find it again. What a
+// writer puts down for readers that don't know its feature is taken as text: a list's labels, a
+// field's and an object's result; of a symbol field without one, its character. The text of a box
+// in the page stands where the box is anchored. A paragraph that names no alignment is a left one,
+// and one that names no direction runs from left to right.
 Document Read(std::string_view rtf);
 Document Read(TextView rtf);  // units up to 0xFF are bytes, others stand for themselves
 

@@ -76,7 +76,6 @@ enum Style : std::uint16_t {
   kItalic = 2,
   kUnderline = 4,
   kStrikeOut = 8,
-  kHidden = 16,
   kDeleted = 32,
   kComplexBold = 64,
   kComplexItalic = 128,

@@ -40,7 +40,7 @@ TEST(RtfSymbol, AFieldWithoutAResultShowsItsCharacter) {
 TEST(RtfSymbol, AResultThatShowsSomethingStandsForIt) {
   EXPECT_EQ(Plain(Field("SYMBOL 211", "{\\fldrslt Z}")), u"a Z b");
   EXPECT_EQ(Plain(Field("SYMBOL 211", "{\\fldrslt{\\pict\\pngblip 00}}")), u"a   b");
-  EXPECT_EQ(Plain(Field("SYMBOL 211", "{\\fldrslt{\\v Z}}")), u"a س b");
+  EXPECT_EQ(Plain(Field("SYMBOL 211", "{\\fldrslt{\\deleted Z}}")), u"a س b");
 }
 
 TEST(RtfSymbol, TheFontNamesThePage) {
@@ -101,8 +101,8 @@ TEST(RtfSymbol, WhatIsNoSymbolShowsItsResultAlone) {
   EXPECT_EQ(Plain(Field("SYMBOL 99999999999999999999")), u"a  b");
 }
 
-TEST(RtfSymbol, HiddenFieldsShowNothing) {
-  EXPECT_EQ(Plain("{\\v " + Field("SYMBOL 65") + "}c"), u"c");
+TEST(RtfSymbol, FieldsOutsideOfTheBodyShowNothing) {
+  EXPECT_EQ(Plain("{\\deleted " + Field("SYMBOL 65") + "}c"), u"c");
   EXPECT_EQ(Plain("{\\header " + Field("SYMBOL 65") + "}c"), u"c");
 }
 

@@ -239,7 +239,11 @@ TEST(RtfPlainText, WhatIsNotTheBodyIsLeftOut) {
   EXPECT_EQ(Plain("{\\*\\unheard of{\\b it}\\bin2 }}}a"), u"a");
   EXPECT_EQ(Plain("{\\*\\unheard of\\binder3 }abc"), u"abc");
   EXPECT_EQ(Plain("{\\*\\bkmkstart x}a{\\*\\bkmkend x}{\\xe\\v index}"), u"a");
-  EXPECT_EQ(Plain("a{\\v hidden\\'d3\\u1587?{\\pict 00}}b\\v c\\v0 d{\\deleted e}"), u"abd");
+  EXPECT_EQ(Plain("a{\\deleted out\\'d3\\u1587?{\\pict 00}}b\\deleted c\\deleted0 d"), u"abd");
+}
+
+TEST(RtfPlainText, HiddenTextIsText) {
+  EXPECT_EQ(Plain("a{\\v hidden\\'d3\\u1587?}b\\v c\\v0 d"), u"ahiddenسسbcd");
 }
 
 TEST(RtfPlainText, UnknownWordsAreNothing) {
