@@ -98,14 +98,17 @@ void Keeper::SyncIfLate() {
   unsyncedSince_.reset();
 }
 
+// Where it fails the file goes on as it was, and what changes is told against what that tells.
 void Keeper::WriteWhole(LiveWork& work) {
+  Recorded recorded;
   if (file_ != nullptr) {
-    file_->Replace([&](const RecordSink& sink) { TellWhole(work, recorded_, sink); });
+    file_->Replace([&](const RecordSink& sink) { TellWhole(work, recorded, sink); });
   } else {
     isWhole_ = false;
     file_ = folder_->Make(NameBeginning(work.collection));
-    TellWhole(work, recorded_, [this](std::string_view bytes) { file_->Append(bytes); });
+    TellWhole(work, recorded, [this](std::string_view bytes) { file_->Append(bytes); });
   }
+  recorded_ = std::move(recorded);
   isWhole_ = true;
   collection_ = work.collection;
   wholeBytes_ = file_->Size();

@@ -306,6 +306,29 @@ TEST_F(RecoveryFaults, ARecordThatHasOutgrownTwiceWhatItHoldsIsWrittenAnew) {
   EXPECT_EQ(Described(Find().front().work), Described(editor.Work()));
 }
 
+// The disk has no room for both: the old one goes on, and what changes is told against that.
+TEST_F(RecoveryFaults, ARecordThatCouldNotBeWrittenAnewGoesOn) {
+  RandomEditor editor(5);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Work().filed.mainOpen = 2;
+  for (int step = 0; step < 40; ++step) {
+    editor.Work().fields.title = platform::Text(20'000 + static_cast<std::size_t>(step), u'x');
+    keeper.Keep(editor.Live());
+  }
+  {
+    const FullDisk full(11);
+    keeper.Sync(editor.Live());
+  }
+  EXPECT_GT(fs::file_size(Files().front()), 700'000U);
+  editor.Work().filed.mainOpen = 0;
+  keeper.Keep(editor.Live());
+  keeper.Close();
+  EXPECT_THAT(log_, IsEmpty());
+  ASSERT_THAT(Find(), SizeIs(1));
+  EXPECT_EQ(Described(Find().front().work), Described(editor.Work()));
+}
+
 // Each may be as large as a book, and there may be many.
 TEST_F(RecoveryFaults, OfManyRecordsNoneIsReadBeforeItIsAskedFor) {
   for (unsigned seed = 1; seed < 5; ++seed) LeaveOne(seed);
