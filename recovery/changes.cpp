@@ -138,8 +138,8 @@ void TellTexts(Writer& writer, const LiveWork& work, Recorded& recorded,
   });
 }
 
-void TellNumbers(Writer& writer, filed::FiledWork& filed, Recorded& recorded) {
-  ForEachNumber(filed, [&](std::size_t number, auto value) {
+void TellNumbers(Writer& writer, const LiveWork& work, Recorded& recorded) {
+  ForEachNumber(work, [&](std::size_t number, auto value) {
     const auto now = static_cast<std::ptrdiff_t>(value);
     if (std::exchange(recorded.numbers[number], now) != now) writer.TellNumber(number, now);
   });
@@ -189,7 +189,7 @@ void TellChanges(LiveWork& work, Recorded& recorded, const RecordSink& sink) {
   ForEachColumn(work.filed, [&](int number, auto& column) { TellTouched(writer, number, column); });
   work.filed.lines.Settle();
   TellTexts(writer, work, recorded);
-  TellNumbers(writer, work.filed, recorded);
+  TellNumbers(writer, work, recorded);
   writer.EndPiece();
 }
 
@@ -211,7 +211,7 @@ void TellWhole(LiveWork& work, Recorded& recorded, const RecordSink& sink) {
     writer.TellNumber(kEntryCountNumber, std::min(row + 1, work.filed.entryCount));
     writer.EndPiece();
   }
-  TellNumbers(writer, work.filed, recorded);
+  TellNumbers(writer, work, recorded);
   writer.EndPiece();
 }
 

@@ -12,7 +12,7 @@
 namespace recovery {
 
 // Raised where an older tool would misread what is written from then on.
-inline constexpr std::uint32_t kVersion = 1;
+inline constexpr std::uint32_t kVersion = 2;
 
 enum class Head : std::uint8_t {
   kReadable,

@@ -116,7 +116,7 @@ class Replay {
     const std::uint64_t coded = piece.Number();
     const auto size = static_cast<std::ptrdiff_t>(coded >> 1);
     const std::ptrdiff_t told = (coded & 1) != 0 ? ~size : size;
-    ForEachNumber(work_.filed, [&](std::ptrdiff_t number, auto& value) {
+    ForEachNumber(work_, [&](std::ptrdiff_t number, auto& value) {
       using Value = std::remove_reference_t<decltype(value)>;
       if (number == wanted) value = static_cast<Value>(told);
     });

@@ -7,18 +7,20 @@ namespace recovery {
 namespace {
 
 bool NothingFiled(const filed::FiledWork& filed, const Fields& fields) {
-  return filed::IsEmpty(filed) && filed.imageCount == 0 && !filed.galleryMode &&
+  return filed::IsEmpty(filed) && filed.imageCount == 0 && filed.mainOpen == 0 &&
          fields.title.empty();
 }
 
 }  // namespace
 
 bool HoldsNothing(const LiveWork& work) {
-  return NothingFiled(work.filed, work.fields) && work.restLength == 0;
+  return NothingFiled(work.filed, work.fields) &&
+         (work.fields.restIsUntouched || work.restLength == 0);
 }
 
 bool HoldsNothing(const Work& work) {
-  return NothingFiled(work.filed, work.fields) && work.rest.empty();
+  return NothingFiled(work.filed, work.fields) &&
+         (work.fields.restIsUntouched || work.rest.empty());
 }
 
 std::ptrdiff_t LongestColumn(filed::FiledWork& filed) {

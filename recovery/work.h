@@ -28,6 +28,7 @@ struct Fields {
   platform::Text restFile;       // the input text that the rest is of
   platform::Text chosenImage;    // the picture chosen last for a text
   platform::Text galleryFolder;  // that the picture browsers show
+  bool restIsUntouched = false;  // it is what was read from its file, in which it stands still
 };
 
 struct Work {
@@ -51,7 +52,8 @@ struct LiveWork {
   platform::Position restLength = 0;
 };
 
-// Whether there is nothing that an editor would want back. The text is looked at last.
+// Whether there is nothing that an editor would want back: a text that was only opened, and gallery
+// mode without a picture, are nothing.
 bool HoldsNothing(const LiveWork& work);
 bool HoldsNothing(const Work& work);
 
@@ -67,18 +69,19 @@ void ForEachText(AnyWork& work, const Visit& visit) {
   visit(6, work.filed.lastMainText);
 }
 
-template <typename Visit>
-void ForEachNumber(filed::FiledWork& filed, const Visit& visit) {
-  visit(0, filed.entryCount);
-  visit(1, filed.mainOpen);
-  visit(2, filed.imageCount);
-  visit(3, filed.galleryMode);
+template <typename AnyWork, typename Visit>
+void ForEachNumber(AnyWork& work, const Visit& visit) {
+  visit(0, work.filed.entryCount);
+  visit(1, work.filed.mainOpen);
+  visit(2, work.filed.imageCount);
+  visit(3, work.filed.galleryMode);
+  visit(4, work.fields.restIsUntouched);
 }
 
 inline constexpr std::size_t kEntryCountNumber = 0;
 inline constexpr std::size_t kCollectionTexts = 2;  // the first so many say whose work it is
 inline constexpr std::size_t kTextFields = 7;
-inline constexpr std::size_t kNumberFields = 4;
+inline constexpr std::size_t kNumberFields = 5;
 inline constexpr int kLinesColumn = 12;  // after those of the entry table
 
 // The columns of the table and, as one more, the lines of the list.

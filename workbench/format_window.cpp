@@ -77,6 +77,7 @@ void Form3::Form_Load() {
   });
   static_cast<void>(matn.TakeEdit());  // opening the window is no edit of the editor's
   textIsWork_ = false;
+  replacedByRead_.reset();
   isOpen_ = true;
   recordBegins_ = true;
   BeginRecord();

@@ -223,6 +223,7 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   const platform::Text& BookFolder();
   recovery::Collection CollectionInHand();
   [[nodiscard]] std::optional<platform::TextEdit> TakeTextEdit();
+  void TextWasRead();
   recovery::LiveWork Live();
   void KeepRecord();
   void TakeOver(recovery::Work& work);
@@ -251,11 +252,14 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   bool selectionWasRead_ = true;    // the last NameNevis did not fail
   platform::Text unreadSelection_;  // of dataName, at the paint that could not read it
   recovery::Keeper keeper_;
-  bool isOpen_ = false;        // all controls are there: from the end of a load to an unload
-  bool recordBegins_ = false;  // the collection is built, and what follows has no record yet
-  bool textIsWork_ = false;    // what stands in matn is no longer the design's
-  bool syncIsDue_ = false;     // a call of the watch is under way
-  platform::Text bookNamed_;   // what idir said when the book's folder was looked for last
+  bool isOpen_ = false;           // all controls are there: from the end of a load to an unload
+  bool recordBegins_ = false;     // the collection is built, and what follows has no record yet
+  bool textIsWork_ = false;       // what stands in matn is no longer the design's
+  bool textIsUntouched_ = false;  // it was read from a file, and is as it was then
+  // How many characters the text had, as the record knows it, in whose place another was read.
+  std::optional<platform::Position> replacedByRead_;
+  bool syncIsDue_ = false;    // a call of the watch is under way
+  platform::Text bookNamed_;  // what idir said when the book's folder was looked for last
   platform::Text bookFolder_;
   RecoveryWindow recoveryWindow_;
   platform::EventWatch watch_;

@@ -55,20 +55,34 @@ recovery::Collection Form3::CollectionInHand() {
 // whole.
 std::optional<platform::TextEdit> Form3::TakeTextEdit() {
   std::optional<platform::TextEdit> edit = matn.TakeEdit();
+  if (edit) textIsUntouched_ = false;
+  if (const auto replaced = std::exchange(replacedByRead_, std::nullopt)) {
+    edit = platform::TextEdit{0, *replaced, matn.TextLength()};
+  }
   if (edit && !std::exchange(textIsWork_, true)) {
     edit = platform::TextEdit{0, 0, matn.TextLength()};
   }
   return edit;
 }
 
+// What stands in matn now came from where it stands still; what is done to it from here on is the
+// editor's.
+void Form3::TextWasRead() {
+  const std::optional<platform::TextEdit> edit = matn.TakeEdit();
+  if (edit && !replacedByRead_) replacedByRead_ = edit->removed;
+  textIsUntouched_ = true;
+}
+
 recovery::LiveWork Form3::Live() {
+  const std::optional<platform::TextEdit> edit = TakeTextEdit();
   return {.filed = *this,
           .fields = {.title = bname.Text(),
                      .restFile = currentBook,
                      .chosenImage = chosenImage,
-                     .galleryFolder = pictures.galleryFolder},
+                     .galleryFolder = pictures.galleryFolder,
+                     .restIsUntouched = textIsUntouched_},
           .collection = CollectionInHand(),
-          .restEdit = TakeTextEdit(),
+          .restEdit = edit,
           .rest =
               [this](Position start, Position count) {
                 return textIsWork_ ? matn.EditedText(start, count) : Text();
@@ -133,6 +147,7 @@ void Form3::TakeOver(recovery::Work& work) {
   ShowMainOpen();
   matn.SetText(platform::Replace(work.rest, u"\n", platform::kCrLf));
   Mright();
+  if (work.fields.restIsUntouched) TextWasRead();
 }
 
 // The browser shows the folder that it showed, if that is there still.

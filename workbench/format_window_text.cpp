@@ -21,6 +21,7 @@ void Form3::books_Click() {
     const Text clean = Rep(ReadWhole(DoSlash(form1_.Text1.Text()) + currentBook));
     matn.SetText(clean);
     Mright();
+    TextWasRead();
   });
 }
 

@@ -40,7 +40,7 @@ inline std::string Described(recovery::Work& work) {
   recovery::ForEachText(work, [&](int number, const platform::Text& text) {
     all += "\ntext " + std::to_string(number) + ": " + platform::ToUtf8(text);
   });
-  recovery::ForEachNumber(work.filed, [&](int number, auto value) {
+  recovery::ForEachNumber(work, [&](int number, auto value) {
     all += "\nnumber " + std::to_string(number) + ": " + std::to_string(value);
   });
   return all + "\nrest: " + platform::ToUtf8(work.rest);

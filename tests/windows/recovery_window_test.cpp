@@ -86,6 +86,50 @@ TEST_F(RecoveryWindow, WithNothingLeftNobodySeesAnything) {
   EXPECT_FALSE(fs::exists(desk.folder.HostPath("state/recovery")));
 }
 
+// It stands in its file as it was, and gallery mode is a button's press.
+TEST_F(RecoveryWindow, ATextThatWasOnlyOpenedAndGalleryModeAreNobodysWork) {
+  desk.OpenOn(u"alpha\r\nbeta");
+  Robot::Click("Form3", "Com(12)");
+  EXPECT_THAT(Records(), IsEmpty());
+  OpenAnew();
+  EXPECT_FALSE(IsShown());
+}
+
+TEST_F(RecoveryWindow, WhateverChangesTheTextIsWork) {
+  const std::vector<std::function<void()>> changes = {
+      [] { FormatDesk::Mark(Qt::Key_F11, "alpha"); },
+      [] {
+        Robot::Select("Form3", "matn", 0, 0);
+        Robot::PressKey("Form3", "matn", Qt::Key_Delete);
+      },
+      [] { Robot::Click("Form3", "HazC(12)"); }};
+  desk.OpenOn(u"alpha beta\r\ngamma");
+  for (const auto& change : changes) {
+    FormatDesk::OpenBook("One.txt");
+    EXPECT_THAT(Records(), IsEmpty());
+    change();
+    EXPECT_THAT(Records(), SizeIs(1));
+    OpenAnew();
+    ASSERT_TRUE(IsShown());
+    desk.robot.AnswerYes();
+    Robot::Click("Recovery", "recoverDrop");
+    desk.robot.TakeBoxes();
+  }
+}
+
+// The text comes along with what was typed, and is as untouched as it was.
+TEST_F(RecoveryWindow, AnUntouchedTextComesBackWithWhatElseThereIs) {
+  desk.OpenOn(u"alpha\r\nbeta");
+  Robot::Type("Form3", "bname", "a title");
+  OpenAnew();
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(FormatDesk::Shown("matn"), "alpha\nbeta");
+  Robot::Type("Form3", "bname", "");
+  OpenAnew();
+  EXPECT_FALSE(IsShown()) << "the title was all";
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
 TEST_F(RecoveryWindow, WhatWasFiledIsOnTheDiskForItsUserAlone) {
   FileFive();
   ASSERT_THAT(Records(), SizeIs(1));

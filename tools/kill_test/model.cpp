@@ -98,12 +98,13 @@ Operation Model::Next() {
 }
 
 Operation Model::Choose() {
-  if (!isOpened_) return {.deed = Deed::kOpenText};
+  // A text that was only opened would be nobody's work.
+  if (!isOpened_) return {.deed = Deed::kOpenText, .word = "first"};
   Operation operation{.deed = static_cast<Deed>(Below(kDeeds))};
   // Headings and their texts are what an editor files most.
   if (Below(3) == 0) operation.deed = IsPending() ? Deed::kHeadingText : Deed::kHeading;
   if (IsOfPassage(operation.deed)) Select(operation);
-  operation.word = "w" + std::to_string(Below(1000));
+  if (operation.deed != Deed::kOpenText) operation.word = "w" + std::to_string(Below(1000));
   operation.row = Below(std::max(count_, 1));
   if (operation.deed == Deed::kEntryPicture || operation.deed == Deed::kGalleryPicture) {
     operation.length = Below(kPictures);
@@ -164,7 +165,7 @@ std::string Model::Passage(const Operation& operation) const {
 void Model::CarryOut(const Operation& operation) {
   switch (operation.deed) {
     case Deed::kOpenText:
-      rest_ = input_;
+      rest_ = platform::FromUtf8(operation.word) + input_;
       isOpened_ = true;
       return;
     case Deed::kTypeTitle:

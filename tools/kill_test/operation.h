@@ -36,5 +36,7 @@ struct Operation {
   int length = 0;         // of a passage
   std::string word = {};  // what is typed
 };
+// Stands for an empty word among others.
+inline const std::string kNoWord = "-";
 
 }  // namespace kill_test

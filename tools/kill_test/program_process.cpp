@@ -20,7 +20,7 @@ std::string AsWords(const std::vector<Operation>& operations) {
   for (const Operation& each : operations) {
     words += std::to_string(static_cast<int>(each.deed)) + " " + std::to_string(each.row) + " " +
              std::to_string(each.from) + " " + std::to_string(each.length) + " " +
-             (each.word.empty() ? "-" : each.word) + "\n";
+             (each.word.empty() ? kNoWord : each.word) + "\n";
   }
   return words;
 }

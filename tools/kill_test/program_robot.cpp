@@ -28,6 +28,7 @@ std::vector<Operation> WantedOperations() {
   int deed = 0;
   for (Operation each; words >> deed >> each.row >> each.from >> each.length >> each.word;) {
     each.deed = static_cast<Deed>(deed);
+    if (each.word == kNoWord) each.word.clear();
     wanted.push_back(each);
   }
   return wanted;

@@ -34,6 +34,12 @@ QString CaptionOf(const QString& button) {
   return Robot::FindAs<QAbstractButton>("Form3", button).text();
 }
 
+void TypeText(const Operation& operation) {
+  Robot::Select("Form3", "matn", operation.from, 0);
+  QTest::keyClicks(&Robot::Find("Form3", "matn"), QString::fromStdString(operation.word));
+  Robot::Settle();
+}
+
 void PickFromPictures(const QString& file) {
   Robot::DoubleClickLine("Form5", "Dir1", "Pictures");
   Robot::ClickLine("Form5", "File1", file);
@@ -139,13 +145,12 @@ void Screen::Do(const Operation& operation) {
   }
   switch (operation.deed) {
     case Deed::kOpenText:
-      return Robot::ClickLine("Form3", "books", QStringLiteral("One.txt"));
+      Robot::ClickLine("Form3", "books", QStringLiteral("One.txt"));
+      return TypeText(operation);
     case Deed::kTypeTitle:
       return Robot::Type("Form3", "bname", QString::fromStdString(operation.word));
     case Deed::kTypeText:
-      Robot::Select("Form3", "matn", operation.from, 0);
-      QTest::keyClicks(&Robot::Find("Form3", "matn"), QString::fromStdString(operation.word));
-      return Robot::Settle();
+      return TypeText(operation);
     case Deed::kGalleryPicture:
       return TickPicture("Form3", operation.length);
     default:
