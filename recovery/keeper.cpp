@@ -135,13 +135,25 @@ void Keeper::Drop() {
   }
 }
 
-void Keeper::Close() {
+// What stands there unsynced.
+void Keeper::SyncBehind() {
   Try([&] {
     if (file_ != nullptr && std::exchange(unsyncedSince_, std::nullopt)) file_->Sync();
   });
+}
+
+void Keeper::Close() {
+  SyncBehind();
   isStarted_ = false;
   file_.reset();
   held_.reset();
+}
+
+void Keeper::SetAside(LiveWork work) {
+  Keep(work);
+  if (file_ == nullptr || HoldsNothing(work)) return;
+  SyncBehind();
+  file_.reset();
 }
 
 bool Keeper::KeepWhole(LiveWork work) {

@@ -120,6 +120,7 @@ void Form3::OfferRecords() {
 
 // Where this run can keep no record, the one that was brought back is the work's still.
 bool Form3::BringBack(recovery::LeftRecord& record, recovery::Work& work) {
+  keeper_.SetAside(Live());
   bool brought = false;
   report_.Catching(core::failure::kBringBack, [&] {
     TakeOver(work);

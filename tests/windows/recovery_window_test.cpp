@@ -271,6 +271,45 @@ TEST_F(RecoveryWindow, WorkBesideItTakesTheButtonAndLosesNothing) {
   EXPECT_TRUE(CanBring()) << "the table is empty again";
 }
 
+// The table is empty still, and what the press takes the place of is a record of its own.
+TEST_F(RecoveryWindow, WhatWasTypedBeforeThePressIsOfferedAtTheNextOpening) {
+  FileFive();
+  const std::string held = Held();
+  OpenAnew();
+  Robot::Type("Form3", "bname", "typed");
+  FormatDesk::OpenBook("One.txt");
+  FormatDesk::Mark(Qt::Key_F11, "Head");
+  const std::string typed = Held();
+  ASSERT_TRUE(CanBring());
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), held);
+  EXPECT_THAT(Records(), SizeIs(2));
+  OpenAnew();
+  EXPECT_EQ(Says("recoverCount"), "5");
+  Robot::Click("Recovery", "recoverLater");
+  ASSERT_TRUE(IsShown());
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_EQ(Held(), typed);
+}
+
+// It is none of what is built.
+TEST_F(RecoveryWindow, ABuildLeavesWhatWasTypedBeforeThePress) {
+  FileFive();
+  OpenAnew();
+  Robot::Type("Form3", "bname", "typed");
+  Robot::Click("Recovery", "recoverBring");
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
+  EXPECT_THAT(Records(), SizeIs(1));
+}
+
+TEST_F(RecoveryWindow, ATextThatWasOnlyOpenedBeforeThePressLeavesNothing) {
+  FileFive();
+  OpenAnew();
+  FormatDesk::OpenBook("One.txt");
+  Robot::Click("Recovery", "recoverBring");
+  EXPECT_THAT(Records(), SizeIs(1));
+}
+
 TEST_F(RecoveryWindow, OffersTheNewestFirstAndTheOthersAfterIt) {
   FileFive();
   OpenAnew();
