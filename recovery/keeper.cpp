@@ -37,13 +37,13 @@ void Keeper::Try(const std::function<void()>& act) {
   platform::CatchingFailure(act, [this](const Text& reason) { Off(reason); });
 }
 
-// What the file tells so far stays as it is.
+// What the file tells so far stays as it is, and is synced still.
 void Keeper::Off(const Text& reason) {
-  unsyncedSince_.reset();
   if (std::exchange(isOff_, true)) return;
   if (file_ != nullptr && !isWhole_) {
     platform::Ignoring([&] { file_->Remove(); });
     file_.reset();
+    unsyncedSince_.reset();
   }
   log_(u"Recovery is off: " + reason);
 }
@@ -67,16 +67,19 @@ void Keeper::Settle(LiveWork& work) {
   TellChanges(work, recorded_, [](std::string_view) {});
 }
 
+// Where the work has become another collection's, the record follows with the next Sync.
 void Keeper::Keep(LiveWork work) {
   Try([&] {
     if (isOff_ || !isStarted_) return Settle(work);
-    const bool begins = file_ == nullptr || collection_ != work.collection;
-    bool changed = begins && std::exchange(work.restEdit, std::nullopt);
+    const bool begins = file_ == nullptr;
+    const bool moved = !begins && collection_ != work.collection;
+    if (moved) work.collection = collection_;
+    bool changed = moved || (begins && std::exchange(work.restEdit, std::nullopt));
     TellChanges(work, recorded_, [&](std::string_view piece) {
       changed = true;
       if (!begins) file_->Append(piece);
     });
-    if (!changed || (file_ == nullptr && HoldsNothing(work))) return;
+    if (!changed || (begins && HoldsNothing(work))) return;
     if (begins) WriteWhole(work);
     CheckLength();
     SyncIfLate();
@@ -114,11 +117,19 @@ void Keeper::WriteWhole(LiveWork& work) {
   wholeBytes_ = file_->Size();
 }
 
+// What stands there unsynced.
+void Keeper::SyncBehind() {
+  Try([&] {
+    if (file_ != nullptr && std::exchange(unsyncedSince_, std::nullopt)) file_->Sync();
+  });
+}
+
 void Keeper::Sync(LiveWork work) {
   Keep(work);
+  SyncBehind();
   Try([&] {
-    if (isOff_ || file_ == nullptr || !std::exchange(unsyncedSince_, std::nullopt)) return;
-    file_->Sync();
+    if (isOff_ || file_ == nullptr) return;
+    if (collection_ != work.collection) return WriteWhole(work);
     if (file_->Size() < 2 * wholeBytes_ + kAlwaysRoom) return;
     // What stands there already is as good, should the disk have no room for both.
     wholeBytes_ = file_->Size();
@@ -133,13 +144,6 @@ void Keeper::Drop() {
     const std::unique_ptr<platform::RecordFile> built = std::move(*record);
     if (built != nullptr) Try([&] { built->Remove(); });
   }
-}
-
-// What stands there unsynced.
-void Keeper::SyncBehind() {
-  Try([&] {
-    if (file_ != nullptr && std::exchange(unsyncedSince_, std::nullopt)) file_->Sync();
-  });
 }
 
 void Keeper::Close() {

@@ -94,7 +94,7 @@ void Form3::ForgetFormerRun() {
 }
 
 void Form3::Form_Unload() {
-  KeepRecord();
+  if (isOpen_) keeper_.Sync(Live());
   isOpen_ = false;
   keeper_.Close();
   recoveryWindow_.Dismiss();

@@ -385,6 +385,68 @@ TEST_F(RecoveryFaults, OnlyAWholeRecordOfNothingGoes) {
   EXPECT_THAT(Files(), SizeIs(1));
 }
 
+// The file's beginning says whose it is, so it is written anew, which takes long: not while an
+// editor waits for what the click shows. Until then it is the former collection's.
+TEST_F(RecoveryFaults, WorkThatMovesToAnotherCollectionIsWrittenAnewAWhileLater) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(6);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  keeper.Keep(editor.Live());
+  keeper.Sync(editor.Live());
+  records.FailAt(0);
+  editor.Work().collection.key = u"a2";
+  keeper.Keep(editor.Live());
+  editor.Work().fields.title = u"another";
+  keeper.Keep(editor.Live());
+  EXPECT_THAT(records.Names(), ElementsAre("Append"));
+  EXPECT_TRUE(keeper.NeedsSync());
+  keeper.Sync(editor.Live());
+  EXPECT_FALSE(keeper.NeedsSync());
+  keeper.Close();
+  EXPECT_THAT(Find(), IsEmpty());
+  auto moved = recovery::FindLeftRecords(*host_, {u"C:\\book\\", u"a2"});
+  ASSERT_THAT(moved, SizeIs(1));
+  std::optional<recovery::Work> work = recovery::ReadLeft(moved.front());
+  ASSERT_TRUE(work);
+  EXPECT_EQ(Described(*work), Described(editor.Work()));
+}
+
+TEST_F(RecoveryFaults, WorkThatWasJustMovedIsTheFormerCollectionsStill) {
+  RandomEditor editor(6);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  keeper.Keep(editor.Live());
+  editor.Work().collection.key = u"a2";
+  editor.Work().fields.title = u"another";
+  keeper.Keep(editor.Live());
+  keeper.Close();
+  ASSERT_THAT(Find(), SizeIs(1));
+  EXPECT_EQ(Find().front().work.fields.title, u"another");
+  EXPECT_EQ(Find().front().work.collection.key, u"a1");
+}
+
+// A disk that takes no more bytes still has those that it took.
+TEST_F(RecoveryFaults, WhatWasWrittenBeforeTheRecordEndedIsSynced) {
+  FaultyRecords records(*host_);
+  RandomEditor editor(6);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  keeper.Keep(editor.Live());
+  records.FailAt(1);
+  editor.Work().fields.title = u"another";
+  keeper.Keep(editor.Live());
+  EXPECT_THAT(log_, SizeIs(1));
+  EXPECT_TRUE(keeper.NeedsSync());
+  keeper.Sync(editor.Live());
+  EXPECT_EQ(records.Names().back(), "Sync");
+  EXPECT_FALSE(keeper.NeedsSync());
+  EXPECT_THAT(log_, SizeIs(1));
+}
+
 // A running tool syncs what it wrote, and says when there is nothing to sync.
 TEST_F(RecoveryFaults, SyncsWhatWasWrittenOnce) {
   FaultyRecords records(*host_);
