@@ -169,7 +169,7 @@ void Session::MakeCollection(int number, const QString& book) {
   TakePicture("Form3", QStringLiteral("collection-%1-opened").arg(number));
   OpenBook(book);
   if (IsFirst()) TryRebuilding(book);
-  const Reading reading = book::ReadText(ShownText());
+  const Reading reading = ReadText(ShownText());
   Require(reading.passages.size() > 3, "the text has headings");
   FileTitle(reading);
   FilePassages(reading);
