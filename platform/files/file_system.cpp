@@ -28,7 +28,7 @@ mode_t KindOf(TextView path) {
   return known.st_mode;
 }
 
-// Is whole once it is closed.
+// Makes good what was lost once it is closed.
 class ReplacingFile : public OpenedFile {
  public:
   ReplacingFile(Unflushed& unflushed, TextView path, std::unique_ptr<OpenedFile> file)
@@ -53,27 +53,30 @@ class HostFiles : public FileSystem {
   bool FileExists(TextView path) override { return S_ISREG(KindOf(path)); }
   bool FolderExists(TextView path) override { return S_ISDIR(KindOf(path)); }
   std::unique_ptr<OpenedFile> Open(TextView path, OpenMode mode, bool create) override {
-    if (mode == OpenMode::kRead) return OpenHostFile(path, mode, create);
-    NotedPath& noted = unflushed_.Note(path);
-    std::unique_ptr<OpenedFile> file = OpenHostFile(path, mode, create);
+    if (mode == OpenMode::kRead) return OpenHostFileToRead(path);
+    std::string hostPath = HostPath(path);
+    NotedPath& noted = unflushed_.Note(hostPath);
+    std::unique_ptr<OpenedFile> file =
+        OpenHostFileToWrite(path, std::move(hostPath), mode, create, noted);
     noted.isWritten = true;
-    if (mode == OpenMode::kAppend) return file;
+    if (mode == OpenMode::kAppend || !noted.error) return file;
     return std::make_unique<ReplacingFile>(unflushed_, path, std::move(file));
   }
   void DeleteFile(TextView path) override {
-    NotedPath& noted = unflushed_.Note(path);
-    if (::unlink(HostPath(path).c_str()) != 0) FailHost(u"delete", path, HostError(errno));
-    noted.isWritten = true;
+    const std::string hostPath = HostPath(path);
+    NotedPath& noted = unflushed_.Note(hostPath);
+    if (::unlink(hostPath.c_str()) != 0) FailHost(u"delete", path, HostError(errno));
+    noted = {.isWritten = true, .error = noted.error};
   }
   void CopyFile(TextView source, TextView target) override {
-    NotedPath& noted = unflushed_.Note(target);
+    NotedPath& noted = unflushed_.Note(HostPath(target));
     CopyHostFile(source, target);
     noted = {.isWritten = true};
   }
   void MakeFolder(TextView path) override {
-    NotedPath& noted = unflushed_.Note(path);
-    if (::mkdir(HostPath(path).c_str(), kNewFolderMode) != 0)
-      FailHost(u"make", path, HostError(errno));
+    const std::string hostPath = HostPath(path);
+    NotedPath& noted = unflushed_.Note(hostPath);
+    if (::mkdir(hostPath.c_str(), kNewFolderMode) != 0) FailHost(u"make", path, HostError(errno));
     noted.isWritten = true;
   }
   std::vector<Text> FileNames(TextView folder) override {

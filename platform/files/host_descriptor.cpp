@@ -56,9 +56,9 @@ MadeFile::~MadeFile() {
   if (!isKept_) ::unlink(hostPath_.c_str());
 }
 
-std::string HostFolderOf(const std::string& hostPath) {
+std::string_view HostFolderOf(std::string_view hostPath) {
   const std::size_t end = hostPath.rfind('/');
-  if (end == std::string::npos) return ".";
+  if (end == std::string_view::npos) return ".";
   return hostPath.substr(0, end == 0 ? 1 : end);
 }
 

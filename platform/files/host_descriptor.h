@@ -39,7 +39,7 @@ class [[nodiscard]] Descriptor {
 };
 
 // The folder that holds a host path: "/" at the top, "." for a name alone.
-std::string HostFolderOf(const std::string& hostPath);
+std::string_view HostFolderOf(std::string_view hostPath);
 
 // Never waits for the other end of a pipe and never takes a terminal over. Not open where it
 // failed; errno says why.

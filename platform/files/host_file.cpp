@@ -134,19 +134,14 @@ class ReplacedFile : public OpenedFile {
   std::unique_ptr<BesideFile> beside_;
 };
 
-std::unique_ptr<OpenedFile> OpenToRead(TextView path) {
-  Descriptor file = OpenHost(HostPath(path), O_RDONLY);
-  const struct stat known = OrdinaryFile(file, u"open", path);
-  return std::make_unique<ReadFile>(path, std::move(file), known.st_size);
-}
-
 // Opening it in its place shows whether it may be written, also where it is then left alone.
-std::unique_ptr<OpenedFile> OpenToReplace(TextView path, int creating) {
-  std::string hostPath = HostPath(path);
+std::unique_ptr<OpenedFile> OpenToReplace(TextView path, std::string hostPath, int creating,
+                                          NotedPath& noted) {
   if (creating != 0) {
     Descriptor file = OpenHost(hostPath, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
     if (file.IsOpen()) {
       MadeFile made(std::move(hostPath));
+      noted.isOrdinary = noted.isNoLink = true;
       return std::make_unique<NewFile>(path, std::move(made), std::move(file));
     }
   }
@@ -160,19 +155,27 @@ std::unique_ptr<OpenedFile> OpenToReplace(TextView path, int creating) {
   return std::make_unique<InPlaceFile>(path, std::move(file));
 }
 
-std::unique_ptr<OpenedFile> OpenToAppend(TextView path, int creating) {
-  Descriptor file = OpenHost(HostPath(path), O_WRONLY | O_APPEND | creating, kNewFileMode);
-  OrdinaryFile(file, u"open", path);
+std::unique_ptr<OpenedFile> OpenToAppend(TextView path, const std::string& hostPath, int creating,
+                                         NotedPath& noted) {
+  Descriptor file = OpenHost(hostPath, O_WRONLY | O_APPEND | creating, kNewFileMode);
+  if (!noted.isOrdinary || !file.IsOpen()) OrdinaryFile(file, u"open", path);
+  noted.isOrdinary = true;
   return std::make_unique<InPlaceFile>(path, std::move(file));
 }
 
 }  // namespace
 
-std::unique_ptr<OpenedFile> OpenHostFile(TextView path, OpenMode mode, bool create) {
+std::unique_ptr<OpenedFile> OpenHostFileToRead(TextView path) {
+  Descriptor file = OpenHost(HostPath(path), O_RDONLY);
+  const struct stat known = OrdinaryFile(file, u"open", path);
+  return std::make_unique<ReadFile>(path, std::move(file), known.st_size);
+}
+
+std::unique_ptr<OpenedFile> OpenHostFileToWrite(TextView path, std::string hostPath, OpenMode mode,
+                                                bool create, NotedPath& noted) {
   const int creating = create ? O_CREAT : 0;
-  if (mode == OpenMode::kRead) return OpenToRead(path);
-  if (mode == OpenMode::kReplace) return OpenToReplace(path, creating);
-  return OpenToAppend(path, creating);
+  if (mode == OpenMode::kReplace) return OpenToReplace(path, std::move(hostPath), creating, noted);
+  return OpenToAppend(path, hostPath, creating, noted);
 }
 
 }  // namespace platform

@@ -10,6 +10,9 @@
 #include <cstdlib>
 #include <optional>
 #include <set>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/files/host_descriptor.h"
 #include "platform/files/paths.h"
@@ -21,6 +24,9 @@ namespace {
 constexpr std::size_t kFew = 100;
 
 using HostPaths = std::set<std::string>;
+// What was noted and is to be flushed; those of few stand in order.
+using Noted = std::unordered_map<std::string, NotedPath>::value_type;
+using NotedPaths = std::vector<Noted*>;
 
 // Where a link leads, another disk maybe; the path itself if it is none.
 std::string WithLinkFollowed(const std::string& hostPath) {
@@ -59,14 +65,18 @@ bool IsOf(const Top& top, const std::string& hostPath) {
 }
 
 // Those that hold the names, and above them all up to the one that holds the top: each may be new.
-HostPaths FoldersOf(const HostPaths& paths, const Top& top) {
+HostPaths FoldersOf(const NotedPaths& paths, const Top& top) {
   HostPaths folders;
   HostPaths behindLinks;
-  const std::size_t shortest = top.isThere ? HostFolderOf(top.path).size() : std::string::npos;
-  for (const std::string& path : paths) {
-    behindLinks.insert(HostFolderOf(WithLinkFollowed(path)));
-    std::string folder = HostFolderOf(path);
-    while (folders.insert(folder).second && folder.size() > std::max<std::size_t>(shortest, 1)) {
+  const std::size_t shortest =
+      std::max<std::size_t>(top.isThere ? HostFolderOf(top.path).size() : std::string::npos, 1);
+  std::string_view last;
+  for (const Noted* const noted : paths) {
+    const std::string& path = noted->first;
+    if (!noted->second.isNoLink) behindLinks.emplace(HostFolderOf(WithLinkFollowed(path)));
+    std::string_view folder = HostFolderOf(path);
+    if (folder == std::exchange(last, folder)) continue;
+    while (folders.emplace(folder).second && folder.size() > shortest) {
       folder = HostFolderOf(folder);
     }
   }
@@ -90,7 +100,7 @@ Descriptor OpenToFlush(const std::string& path) {
 
 // What is flushed together: what was written, and the folders that hold it.
 struct Flushed {
-  const HostPaths& paths;
+  const NotedPaths& paths;
   const HostPaths& folders;
 };
 
@@ -105,11 +115,13 @@ Descriptor OpenOnDiskOf(const std::string& folder, const Flushed& all) {
   if (opened.IsOpen() || errno != EISDIR) return opened;
   struct stat known {};
   if (::stat(folder.c_str(), &known) != 0) return opened;
-  for (const HostPaths* const others : {&all.folders, &all.paths}) {
-    for (const std::string& path : *others) {
-      Descriptor other = OpenToFlush(path);
-      if (IsOnDisk(other, known.st_dev)) return other;
-    }
+  for (const std::string& path : all.folders) {
+    Descriptor other = OpenToFlush(path);
+    if (IsOnDisk(other, known.st_dev)) return other;
+  }
+  for (const Noted* const noted : all.paths) {
+    Descriptor other = OpenToFlush(noted->first);
+    if (IsOnDisk(other, known.st_dev)) return other;
   }
   errno = EACCES;
   return opened;
@@ -131,18 +143,21 @@ Outcome FlushOne(const std::string& path, const Flushed& all) {
   return {opened.Flush(), path};
 }
 
-Outcome FlushEach(const HostPaths& paths, const Flushed& all) {
-  for (const std::string& path : paths) {
-    Outcome outcome = FlushOne(path, all);
-    if (outcome.error) return outcome;
+Outcome FlushEach(const Flushed& all) {
+  Outcome outcome;
+  for (auto each = all.paths.begin(); each != all.paths.end() && !outcome.error; ++each) {
+    outcome = FlushOne((*each)->first, all);
   }
-  return {};
+  for (auto each = all.folders.begin(); each != all.folders.end() && !outcome.error; ++each) {
+    outcome = FlushOne(*each, all);
+  }
+  return outcome;
 }
 
 // The kernel begins with all of them before the first is waited for.
-void BeginToWrite(const HostPaths& files) {
-  for (const std::string& file : files) {
-    const Descriptor opened = OpenToFlush(file);
+void BeginToWrite(const NotedPaths& files) {
+  for (const Noted* const file : files) {
+    const Descriptor opened = OpenToFlush(file->first);
     if (opened.IsOpen()) ::sync_file_range(opened.Number(), 0, 0, SYNC_FILE_RANGE_WRITE);
   }
 }
@@ -160,19 +175,20 @@ Outcome FlushDisksOf(const Flushed& all) {
 }
 
 // A disk that was pulled out has not got what was written to it.
-bool IsPulledOut(const HostPaths& paths, const Top& top) {
-  const auto isHomeless = [](const std::string& path) { return !Found(HostFolderOf(path)); };
+bool IsPulledOut(const NotedPaths& paths, const Top& top) {
+  const auto isHomeless = [](const Noted* noted) {
+    return !Found(std::string(HostFolderOf(noted->first)));
+  };
   return !top.isThere && (paths.empty() || std::ranges::any_of(paths, isHomeless));
 }
 
-Outcome FlushPaths(const HostPaths& paths, const Top& top) {
+Outcome FlushPaths(const NotedPaths& paths, const Top& top) {
   if (IsPulledOut(paths, top)) return {HostError(ENOENT)};
   const HostPaths folders = FoldersOf(paths, top);
   const Flushed all{paths, folders};
   if (paths.size() > kFew) return FlushDisksOf(all);
   BeginToWrite(paths);
-  Outcome outcome = FlushEach(paths, all);
-  return outcome.error ? outcome : FlushEach(folders, all);
+  return FlushEach(all);
 }
 
 bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
@@ -183,10 +199,16 @@ bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
                                    HostFolderOf(WithLinkFollowed(hostPath)) == outcome.lost);
 }
 
+void FailForWhatIsLost(const NotedPaths& paths) {
+  for (const Noted* const noted : paths) {
+    const HostError error = noted->second.error;
+    if (error && Found(noted->first)) FailHost(u"flush", ToolPath(noted->first), error);
+  }
+}
+
 }  // namespace
 
-NotedPath& Unflushed::Note(TextView path) {
-  const std::string hostPath = HostPath(path);
+NotedPath& Unflushed::Note(const std::string& hostPath) {
   NotedPath& noted = noted_[hostPath];
   if (noted.error && !Found(hostPath)) noted.error = {};
   return noted;
@@ -205,14 +227,12 @@ void Unflushed::Flush(TextView path) {
   Top top{path.empty() ? std::string() : HostPath(path), false};
   while (top.path.size() > 1 && top.path.ends_with('/')) top.path.pop_back();
   top.isThere = Found(top.path).has_value();
-  HostPaths paths;
-  for (const auto& [hostPath, noted] : noted_) {
-    if (noted.isWritten && IsOf(top, hostPath)) paths.insert(hostPath);
+  NotedPaths paths;
+  for (Noted& noted : noted_) {
+    if (noted.second.isWritten && IsOf(top, noted.first)) paths.push_back(&noted);
   }
-  for (const std::string& hostPath : paths) {
-    const HostError error = noted_.at(hostPath).error;
-    if (error && Found(hostPath)) FailHost(u"flush", ToolPath(hostPath), error);
-  }
+  if (paths.size() <= kFew) std::ranges::sort(paths, {}, &Noted::first);
+  FailForWhatIsLost(paths);
   const Outcome outcome = FlushPaths(paths, top);
   if (outcome.error) {
     for (auto& [hostPath, noted] : noted_) {
@@ -220,7 +240,8 @@ void Unflushed::Flush(TextView path) {
     }
     FailHost(u"flush", path, outcome.error);
   }
-  for (const std::string& flushed : paths) noted_.erase(flushed);
+  std::erase_if(
+      noted_, [&](const Noted& noted) { return noted.second.isWritten && IsOf(top, noted.first); });
 }
 
 }  // namespace platform

@@ -18,16 +18,18 @@ namespace platform {
 
 // A path to which something was done, or tried to.
 struct NotedPath {
-  bool isWritten = false;  // else nothing was done, and there is nothing to flush
-  HostError error = {};    // of the flush by which it is lost
+  bool isWritten = false;   // else nothing was done, and there is nothing to flush
+  bool isOrdinary = false;  // a file that was opened here already, so nobody need look again
+  bool isNoLink = false;    // as it was made here
+  HostError error = {};     // of the flush by which it is lost
 };
 
 class Unflushed {
  public:
   // Before a file is written or taken away or a folder is made; what is done then says so in
-  // `isWritten`. Stays until a Flush of the path. Failure for a path that the host can't take.
-  NotedPath& Note(TextView path);
-  // A file that stands there anew, from its beginning. Failure as Note's.
+  // `isWritten`. Stays until a Flush of the path.
+  NotedPath& Note(const std::string& hostPath);
+  // A file that stands there anew, from its beginning. Failure for a path that the host can't take.
   void Renew(TextView path);
   // See FileSystem.
   bool IsLost(TextView path) const;

@@ -90,11 +90,11 @@ class HostRecord : public RecordFile {
     } while (result != 0 && errno == EINTR);
     if (result != 0) FailHost(kWriteDeed, path_, HostError(errno));
     if (!std::exchange(nameIsNew_, false)) return;
-    std::string folder = HostFolderOf(hostPath_);
+    std::string folder(HostFolderOf(hostPath_));
     FlushFolder(folder);
     if (!std::exchange(foldersAreNew_, false)) return;
     // What of these its user can't read was there before.
-    while ((folder = HostFolderOf(folder)).size() > 1) {
+    while ((folder = std::string(HostFolderOf(folder))).size() > 1) {
       if (::access(folder.c_str(), R_OK) == 0) FlushFolder(folder);
     }
   }

@@ -64,6 +64,11 @@ class Flushing : public testing::Test {
   static std::ptrdiff_t Times(Kind kind) {
     return std::ranges::count(DiskRecorder::Events(), kind, &DiskEvent::kind);
   }
+  static bool IsFolderFlushed(const std::string& path) {
+    return std::ranges::any_of(DiskRecorder::Events(), [&](const DiskEvent& event) {
+      return event.kind == Kind::kFlushFolder && event.path == path;
+    });
+  }
 
   testing_support::TemporaryFolder folder_;
   FileSystem& files_ = platform::HostFileSystem();
@@ -114,13 +119,20 @@ TEST_F(Flushing, FollowsLinks) {
   Write(u"Book\\TXT\\page");
   Write(u"Book\\Index", "a new text");
   files_.Flush(Path(u"Book"));
-  const auto flushed = [](const std::string& path) {
-    return std::ranges::any_of(DiskRecorder::Events(), [&](const DiskEvent& event) {
-      return event.kind == Kind::kFlushFolder && event.path == path;
-    });
-  };
-  EXPECT_TRUE(flushed("Book/TXT"));
-  EXPECT_TRUE(flushed("away"));
+  EXPECT_TRUE(IsFolderFlushed("Book/TXT"));
+  EXPECT_TRUE(IsFolderFlushed("away"));
+}
+
+TEST_F(Flushing, FollowsALinkThatStandsWhereAFileWasMadeAndTakenAway) {
+  files_.MakeFolder(Path(u"Book"));
+  files_.MakeFolder(Path(u"away"));
+  Write(u"away\\file", "an old text");
+  Write(u"Book\\Index");
+  files_.DeleteFile(Path(u"Book\\Index"));
+  std::filesystem::create_symlink("../away/file", folder_.HostPath("Book/Index"));
+  Write(u"Book\\Index", "a new text");
+  files_.Flush(Path(u"Book"));
+  EXPECT_TRUE(IsFolderFlushed("away"));
 }
 
 // The disk says no once, and drops the bytes.
