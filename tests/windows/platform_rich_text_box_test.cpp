@@ -8,6 +8,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include "tests/support/peak_memory.h"
 #include "tests/support/rich_text_bench.h"
 #include "tests/support/temporary_folder.h"
 
@@ -312,6 +313,19 @@ TEST_F(PlatformRichTextBox, ABoxWithAMenuOfItsOwnHasNoOther) {
   Robot::Settle();
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   EXPECT_EQ(matn.SelLength(), 3);
+}
+
+TEST_F(PlatformRichTextBox, ALargeTextThatComesInPlaceOfAnotherTakesItsRoom) {
+  Text lines;
+  for (int i = 0; i < 100'000; ++i) lines += u"a line of twenty one\r\n";
+  const auto costOfShowing = [&] {
+    const testing_support::PeakMemory memory;
+    matn.SetText(lines);
+    return memory.Megabytes();
+  };
+  const long first = costOfShowing();
+  const long second = costOfShowing();
+  EXPECT_LE(second, first / 2) << "megabytes, of " << first;
 }
 
 TEST_F(PlatformRichTextBox, LoadFileReadsRichText) {
