@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QMimeData>
+#include <QPainter>
 #include <filesystem>
 #include <fstream>
 
@@ -97,6 +99,27 @@ TEST_F(RichTextPictures, APictureWithoutASizeTakesTheRoomThatItMeasures) {
   matn.SetTextRTF(RtfWith({{PictureKind::kPng, PictureOf("PNG", Qt::red, {2000, 1500}), 0, 0}}));
   Drawn();
   EXPECT_NEAR(Edit().document()->size().height(), 1500, 60);
+}
+
+// Half blue and half red, as rich text holds it: without its file's head.
+std::string TwoColours(QImage::Format format) {
+  QImage picture(40, 30, QImage::Format_RGB32);
+  picture.fill(Qt::blue);
+  QPainter(&picture).fillRect(20, 0, 20, 30, Qt::red);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  picture.convertToFormat(format, {qRgb(0, 0, 255), qRgb(255, 0, 0)}).save(&buffer, "BMP");
+  return bytes.toStdString().substr(14);
+}
+
+TEST_F(RichTextPictures, BitmapsWithAndWithoutATableOfColoursAreShownAsTheyAre) {
+  for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32}) {
+    matn.SetTextRTF(RtfWith({{PictureKind::kBitmap, TwoColours(format), 600, 450}}));
+    const QImage drawn = Drawn();
+    EXPECT_EQ(drawn.pixelColor(15, 20), QColor(Qt::blue)) << format;
+    EXPECT_EQ(drawn.pixelColor(35, 20), QColor(Qt::red)) << format;
+  }
 }
 
 // The rectangle around all that is of that colour.
