@@ -158,6 +158,13 @@ TEST_F(PlatformControls, PlacesAreKeptInTwips) {
   EXPECT_EQ(Robot::Find("Controls", "go").geometry(), QRect(10, 40, 67, 21));
   go.SetTop(-15);
   EXPECT_EQ(Robot::Find("Controls", "go").y(), -1);
+  EXPECT_EQ(FailureOf([&] {
+              go.SetWidth(0);
+              go.SetHeight(0);
+            }),
+            "none");
+  EXPECT_EQ(go.Width(), 0);
+  EXPECT_EQ(go.Height(), 0);
   EXPECT_EQ(FailureOf([&] { go.SetWidth(-1); }), "Invalid property value");
   EXPECT_EQ(FailureOf([&] { go.SetHeight(-1); }), "Invalid property value");
 }
