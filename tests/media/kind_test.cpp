@@ -84,6 +84,18 @@ TEST(MediaKind, ASoundBeginsAfterItsTags) {
   EXPECT_FALSE(IsKnown(tag));
 }
 
+// Its smallest and its largest block, and its rate.
+TEST(MediaKind, AFlacIsDescribedAsOneCanBe) {
+  const std::string sound = Sample("sound.flac");
+  const auto with = [&](std::size_t at, const std::string& bytes) {
+    return std::string(sound).replace(at, bytes.size(), bytes);
+  };
+  EXPECT_TRUE(IsKnown(with(8, Big(16, 2) + Big(16, 2))));
+  EXPECT_FALSE(IsKnown(with(8, Big(15, 2) + Big(16, 2))));
+  EXPECT_FALSE(IsKnown(with(8, Big(4608, 2) + Big(4607, 2))));
+  EXPECT_FALSE(IsKnown(with(18, Big(0x00000F, 3))));
+}
+
 TEST(MediaKind, AnMp3IsARowOfFramesThatAreAlike) {
   EXPECT_TRUE(IsKnown(Mp3Frames(3)));
   EXPECT_FALSE(IsKnown(Mp3Frames(2)));
