@@ -101,6 +101,17 @@ TEST_F(RichTextPictures, APictureWithoutASizeTakesTheRoomThatItMeasures) {
   EXPECT_NEAR(Edit().document()->size().height(), 1500, 60);
 }
 
+// The rectangle around all that is of that colour.
+QRect RoomOf(const QImage& drawn, const QColor& colour) {
+  QRect room;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      if (drawn.pixelColor(x, y) == colour) room |= QRect(x, y, 1, 1);
+    }
+  }
+  return room;
+}
+
 // Half blue and half red, as rich text holds it: without its file's head.
 std::string TwoColours(QImage::Format format) {
   QImage picture(40, 30, QImage::Format_RGB32);
@@ -116,21 +127,12 @@ std::string TwoColours(QImage::Format format) {
 TEST_F(RichTextPictures, BitmapsWithAndWithoutATableOfColoursAreShownAsTheyAre) {
   for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8, QImage::Format_RGB32}) {
     matn.SetTextRTF(RtfWith({{PictureKind::kBitmap, TwoColours(format), 600, 450}}));
+    matn.SetSelStart(1);  // the caret stands after it
     const QImage drawn = Drawn();
-    EXPECT_EQ(drawn.pixelColor(15, 20), QColor(Qt::blue)) << format;
-    EXPECT_EQ(drawn.pixelColor(35, 20), QColor(Qt::red)) << format;
+    const QRect blue = RoomOf(drawn, Qt::blue);
+    EXPECT_EQ(blue.size(), QSize(20, 30)) << format;
+    EXPECT_EQ(RoomOf(drawn, Qt::red), blue.translated(20, 0)) << format;
   }
-}
-
-// The rectangle around all that is of that colour.
-QRect RoomOf(const QImage& drawn, const QColor& colour) {
-  QRect room;
-  for (int y = 0; y < drawn.height(); ++y) {
-    for (int x = 0; x < drawn.width(); ++x) {
-      if (drawn.pixelColor(x, y) == colour) room |= QRect(x, y, 1, 1);
-    }
-  }
-  return room;
 }
 
 TEST_F(RichTextPictures, WhatCantBeDecodedIsABoxThatIsCrossed) {
