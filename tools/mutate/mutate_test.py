@@ -207,6 +207,12 @@ class LikelyTests(unittest.TestCase):
                           ("folder", ["text_test"]),
                           ("all", ["boxes_test"])])
 
+    def test_a_word_in_the_middle_of_another_name_says_nothing(self):
+        tests = [FakeTest("windows", "format_window_keys_test"), FakeTest("viewer", "window_test"),
+                 FakeTest("windows", "platform_window_test")]
+        self.assertEqual(self.levels(tests, "platform/qt/window.cpp")[0],
+                         ("name", ["window_test", "platform_window_test"]))
+
     def test_a_file_without_a_test_of_its_name_takes_those_of_its_window(self):
         tests = [FakeTest("windows", "format_window_keys_test"), FakeTest("unit", "text_test")]
         self.assertEqual(self.levels(tests, "workbench/format_window_entries.cpp"),

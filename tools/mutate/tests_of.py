@@ -48,18 +48,21 @@ def all_tests(root):
     return [Test(path) for path in paths if path.parent.name != "accessibility"]
 
 
-def names_in(test_name, stem):
-    return f"_{stem}_" in f"_{test_name}_"
+def is_named_after(test_name, stem, path):
+    """A single word is part of many a name: it begins the test's, or comes after the room there."""
+    if "_" in stem:
+        return f"_{stem}_" in f"_{test_name}_"
+    return test_name.startswith((f"{stem}_", f"{Path(path).parts[0]}_{stem}_"))
 
 
 def tests_by_name(tests, path):
     """Those named after the file, or else after what its name starts with: a window's class may lie
     in several files. A single word of several says nothing."""
     words = Path(path).stem.split("_")
-    found = [test for test in tests if names_in(test.name, "_".join(words))]
+    found = [test for test in tests if is_named_after(test.name, "_".join(words), path)]
     while not found and len(words) > 2:
         words.pop()
-        found = [test for test in tests if names_in(test.name, "_".join(words))]
+        found = [test for test in tests if is_named_after(test.name, "_".join(words), path)]
     return found
 
 
@@ -69,7 +72,7 @@ def tests_of_room(root, tests, path):
     stems = {each.stem for each in (root / room).glob("*.cpp")}
     return [test for test in tests
             if any(str(Path(each).parent) == str(room) for each in test.includes) or
-            any(names_in(test.name, stem) for stem in stems)]
+            any(is_named_after(test.name, stem, path) for stem in stems)]
 
 
 def levels_of(root, tests, path):
