@@ -15,6 +15,14 @@ class MenuStyle : public QProxyStyle {
     painter->setLayoutDirection(option->direction);
     QProxyStyle::drawControl(element, option, painter, widget);
   }
+
+  // The light copy under what is off can't be seen on a light desktop, and doubles it on a dark
+  // one.
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_EtchDisabledText) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
 };
 
 }  // namespace

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QImage>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPalette>
 #include <QTextEdit>
 #include <algorithm>
@@ -99,6 +101,17 @@ class DarkDesktop : public testing::TestWithParam<QColor> {
 INSTANTIATE_TEST_SUITE_P(All, DarkDesktop, testing::Values(kDark, kLight),
                          [](const auto& each) { return each.param == kDark ? "Dark" : "Light"; });
 
+int RedIn(const QImage& picture) {
+  int red = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor colour = picture.pixelColor(x, y);
+      if (colour.red() > colour.green() + 20) ++red;
+    }
+  }
+  return red;
+}
+
 TEST_P(DarkDesktop, FormattedTextStandsOnPaper) {
   SmallWindow window(kWindow);
   window.Show();
@@ -133,6 +146,16 @@ TEST_P(DarkDesktop, FieldsMarksAndListsHaveAnEdge) {
     // What shows a control's place may have three (WCAG 2.1, 1.4.11); a light desktop has its own.
     EXPECT_GE(strongest, GetParam() == kDark ? 3.0 : 1.5) << name;
   }
+}
+
+TEST_P(DarkDesktop, WhatIsOffInAMenuHasNoLightCopyUnderIt) {
+  QMenu menu;
+  menu.addAction(QStringLiteral("متن"))->setEnabled(false);
+  QPalette palette = menu.palette();
+  palette.setColor(QPalette::Light, Qt::red);
+  menu.setPalette(palette);
+  menu.show();
+  EXPECT_EQ(RedIn(menu.grab().toImage()), 0);
 }
 
 TEST_P(DarkDesktop, DrawingsStandOut) {
