@@ -314,8 +314,10 @@ INSTANTIATE_TEST_SUITE_P(
         Host{"NotoSansArabic", {"NotoSansArabic-Regular.ttf", "NotoSans-Regular.ttf"}, "1"},
         Host{"NotoSansArabicDense", {"NotoSansArabic-Regular.ttf", "NotoSans-Regular.ttf"}, "2"},
         Host{"NotoNaskhArabic", {"NotoNaskhArabic-Regular.ttf", "NotoSans-Regular.ttf"}, "1"},
-        Host{"FreeFarsi", {"FreeFarsi.ttf"}, "1"},
-        Host{"Vazirmatn", {"Vazirmatn-Regular.ttf"}, "1"}),
+        Host{"NotoNaskhArabicDense", {"NotoNaskhArabic-Regular.ttf", "NotoSans-Regular.ttf"}, "2"},
+        Host{"FreeFarsi", {"FreeFarsi.ttf"}, "1"}, Host{"FreeFarsiDense", {"FreeFarsi.ttf"}, "2"},
+        Host{"Vazirmatn", {"Vazirmatn-Regular.ttf"}, "1"},
+        Host{"VazirmatnDense", {"Vazirmatn-Regular.ttf"}, "2"}),
     [](const auto& each) { return std::string(each.param.name); });
 
 // Where a font's file lies; empty where it isn't installed.
