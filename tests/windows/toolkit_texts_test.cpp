@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMenu>
@@ -17,7 +15,6 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTextBrowser>
-#include <QTimer>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -25,74 +22,18 @@
 #include "platform/qt/conversions.h"
 #include "platform/text/text.h"
 #include "support/window_catalogue.h"
+#include "tests/support/context_menus.h"
 #include "tests/support/small_window.h"
 
 namespace {
 
 using platform::WindowDefinition;
 using testing::IsEmpty;
-using testing_support::Robot;
+using testing_support::ContextMenu;
+using testing_support::ContextMenuOf;
+using testing_support::LatinAmong;
 using testing_support::SmallWindow;
-
-// Names of keys stand after a tab and stay as they are on the keys.
-bool HasLatin(const QString& text) {
-  const QString words = text.section(u'\t', 0, 0);
-  return std::ranges::any_of(words, [](QChar letter) {
-    return letter.script() == QChar::Script_Latin && letter.isLetter();
-  });
-}
-
-std::vector<QString> TextsOf(const QMenu& menu) {
-  std::vector<QString> texts;
-  for (const QAction* action : menu.actions()) {
-    if (action->isSeparator()) continue;
-    texts.push_back(action->text());
-    if (action->menu() == nullptr) continue;
-    for (const QString& text : TextsOf(*action->menu())) texts.push_back(text);
-  }
-  return texts;
-}
-
-struct Opened {
-  std::vector<QString> texts;
-  Qt::LayoutDirection direction = Qt::LeftToRight;
-};
-
-// The menu that a right click into the widget opens; no texts where none opens.
-Opened MenuOf(QWidget& widget) {
-  Opened opened;
-  const auto take = [&] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    if (menu == nullptr) return;
-    opened = {TextsOf(*menu), menu->layoutDirection()};
-    menu->close();
-  };
-  QTimer::singleShot(0, &widget, take);  // some menus run a loop of their own
-  const QPoint at(3, 3);
-  QContextMenuEvent click(QContextMenuEvent::Mouse, at, widget.mapToGlobal(at));
-  QApplication::sendEvent(&widget, &click);
-  Robot::Settle();
-  return opened;
-}
-
-// One line for each text in Latin letters.
-std::vector<std::string> Latin(const std::vector<QString>& texts) {
-  std::vector<std::string> latin;
-  for (const QString& text : texts) {
-    if (HasLatin(text)) latin.push_back(text.toStdString());
-  }
-  return latin;
-}
-
-std::vector<QWidget*> WidgetsWithMenus(const QWidget& window) {
-  std::vector<QWidget*> widgets;
-  for (auto* edit : window.findChildren<QLineEdit*>()) widgets.push_back(edit);
-  for (auto* bar : window.findChildren<QScrollBar*>()) widgets.push_back(bar);
-  for (auto* area : window.findChildren<QAbstractScrollArea*>()) {
-    widgets.push_back(area->viewport());
-  }
-  return widgets;
-}
+using testing_support::WidgetsWithMenus;
 
 class ToolkitTexts : public testing::TestWithParam<const WindowDefinition*> {};
 
@@ -107,11 +48,11 @@ TEST_P(ToolkitTexts, EveryMenuOfAWindowIsPersianAndReadsFromTheRight) {
   window.ShowActive();
   int menus = 0;
   for (QWidget* widget : WidgetsWithMenus(window.OnScreen())) {
-    const Opened opened = MenuOf(*widget);
+    const ContextMenu opened = ContextMenuOf(*widget);
     if (opened.texts.empty()) continue;
     ++menus;
     const std::string name = widget->objectName().toStdString();
-    EXPECT_THAT(Latin(opened.texts), IsEmpty()) << name;
+    EXPECT_THAT(LatinAmong(opened.texts), IsEmpty()) << name;
     EXPECT_EQ(opened.direction, Qt::RightToLeft) << name;
   }
   EXPECT_GT(menus, 0);
@@ -120,7 +61,7 @@ TEST_P(ToolkitTexts, EveryMenuOfAWindowIsPersianAndReadsFromTheRight) {
 TEST(ToolkitMenu, KeepsTheNamesOfKeysAndHasNoMnemonics) {
   QLineEdit edit;
   edit.show();
-  const Opened opened = MenuOf(edit);
+  const ContextMenu opened = ContextMenuOf(edit);
   EXPECT_THAT(opened.texts, testing::Contains(QStringLiteral("كپي\tCtrl+C")));
   EXPECT_THAT(opened.texts, testing::Each(testing::Not(testing::Truly(
                                 [](const QString& text) { return text.contains(u'&'); }))));
@@ -137,9 +78,9 @@ TEST(ToolkitMenu, OfALinkANumberAndABarIsPersian) {
   bar.show();
   for (QWidget* widget :
        {browser.viewport(), static_cast<QWidget*>(&number), static_cast<QWidget*>(&bar)}) {
-    const Opened opened = MenuOf(*widget);
+    const ContextMenu opened = ContextMenuOf(*widget);
     EXPECT_GE(opened.texts.size(), 3U) << widget->metaObject()->className();
-    EXPECT_THAT(Latin(opened.texts), IsEmpty()) << widget->metaObject()->className();
+    EXPECT_THAT(LatinAmong(opened.texts), IsEmpty()) << widget->metaObject()->className();
   }
 }
 
@@ -160,7 +101,7 @@ TEST(ToolkitMenu, OfControlCharactersIsPersian) {
         "Insert Unicode control character"}) {
     texts.push_back(QCoreApplication::translate("QUnicodeControlCharacterMenu", source));
   }
-  EXPECT_THAT(Latin(texts), IsEmpty());
+  EXPECT_THAT(LatinAmong(texts), IsEmpty());
 }
 
 TEST(ToolkitButtons, OfEveryBoxArePersian) {
@@ -172,7 +113,7 @@ TEST(ToolkitButtons, OfEveryBoxArePersian) {
   std::vector<QString> texts;
   for (const auto* button : box.findChildren<QAbstractButton*>()) texts.push_back(button->text());
   EXPECT_GE(texts.size(), 19U);
-  EXPECT_THAT(Latin(texts), IsEmpty());
+  EXPECT_THAT(LatinAmong(texts), IsEmpty());
 }
 
 TEST(ToolkitActions, AreDescribedToAScreenReaderInPersian) {
@@ -193,7 +134,7 @@ TEST(ToolkitActions, AreDescribedToAScreenReaderInPersian) {
     texts.push_back(actions->localizedActionDescription(name));
   }
   EXPECT_EQ(std::ranges::count(texts, QString()), 0);
-  EXPECT_THAT(Latin(texts), IsEmpty());
+  EXPECT_THAT(LatinAmong(texts), IsEmpty());
 }
 
 }  // namespace
