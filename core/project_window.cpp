@@ -7,7 +7,6 @@
 #include "core/log.h"
 #include "core/numbers.h"
 #include "core/selector.h"
-#include "core/settings.h"
 #include "core/version.h"
 #include "core/vocabulary.h"
 #include "platform/failure.h"

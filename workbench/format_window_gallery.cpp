@@ -5,7 +5,6 @@
 
 #include "core/numbers.h"
 #include "gallery/browser.h"
-#include "platform/failure.h"
 #include "workbench/format_window.h"
 
 namespace workbench {

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 #include <string_view>
 #include <tuple>
 #include <utility>

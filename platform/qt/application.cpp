@@ -1,7 +1,6 @@
 #include "platform/windows/application.h"
 
 #include <QApplication>
-#include <QFont>
 #include <QThread>
 #include <QWidget>
 #include <cstdlib>

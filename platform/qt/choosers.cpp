@@ -1,5 +1,6 @@
 // Drive, folder and file lists.
 #include <QComboBox>
+#include <QPointer>
 
 #include "platform/failure.h"
 #include "platform/files/file_system.h"

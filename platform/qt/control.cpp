@@ -1,6 +1,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QPointer>
 #include <QTimer>
 
 #include "platform/qt/conversions.h"

@@ -1,7 +1,6 @@
 #include <QAccessibleWidget>
 #include <QFile>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,7 +9,6 @@
 #include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/picture_decoder.h"
-#include "platform/qt/trampoline.h"
 
 namespace platform {
 namespace {

@@ -9,7 +9,6 @@
 #include "platform/qt/line_delegate.h"
 #include "platform/qt/list_widget.h"
 #include "platform/qt/peers.h"
-#include "platform/qt/trampoline.h"
 
 namespace platform {
 namespace {

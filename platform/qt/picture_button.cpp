@@ -1,6 +1,5 @@
 #include "platform/qt/picture_button.h"
 
-#include <QPainter>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 

@@ -2,7 +2,6 @@
 
 #include <QTextBlock>
 #include <QTextFragment>
-#include <QUrl>
 #include <algorithm>
 #include <cmath>
 

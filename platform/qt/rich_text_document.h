@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QTextCursor>
-#include <QTextDocument>
 
 #include "platform/rtf/document.h"
 #include "platform/text/text.h"

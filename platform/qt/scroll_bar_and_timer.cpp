@@ -1,10 +1,7 @@
 #include <QScrollBar>
 #include <QTimer>
 
-#include "platform/failure.h"
-#include "platform/qt/conversions.h"
 #include "platform/qt/peers.h"
-#include "platform/qt/trampoline.h"
 
 namespace platform {
 namespace {

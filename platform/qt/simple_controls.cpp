@@ -16,7 +16,6 @@
 #include "platform/qt/path_edit.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/picture_button.h"
-#include "platform/qt/trampoline.h"
 #include "platform/text/caption.h"
 
 namespace platform {

@@ -1,7 +1,6 @@
 // The code pages that rich text names, ready for reading text with one look a byte.
 #pragma once
 
-#include <array>
 #include <string_view>
 
 #include "platform/text/code_page.h"

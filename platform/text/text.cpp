@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <system_error>
 
 #include "platform/failure.h"
 #include "platform/text/text_search.h"
