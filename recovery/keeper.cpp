@@ -14,7 +14,13 @@ using platform::TextView;
 namespace {
 
 // A short record isn't worth writing anew.
-constexpr std::size_t kAlwaysRoom = std::size_t{256} * 1024;
+constexpr std::uint64_t kAlwaysRoom = std::uint64_t{256} * 1024;
+
+// Where that part has come on top of what it was written with, or has gone of it, it is. So its
+// file never outgrows twice what it holds, and a text that is filed passage by passage, each of
+// which is told twice, takes little more than the text; each byte that comes or goes costs the
+// writing of so many.
+constexpr std::uint64_t kPart = 8;
 
 // So long a power cut may take, and no longer.
 constexpr std::chrono::milliseconds kLate = std::chrono::seconds(1);
@@ -115,6 +121,15 @@ void Keeper::WriteWhole(LiveWork& work) {
   isWhole_ = true;
   collection_ = work.collection;
   wholeBytes_ = file_->Size();
+  wholeCharacters_ = CharactersOf(work);
+}
+
+// How many bytes it holds by now only writing it tells; how many characters, a look at each row.
+bool Keeper::HasOutgrown(LiveWork& work) const {
+  const std::uint64_t size = file_->Size();
+  if (size < kAlwaysRoom) return false;
+  return size > wholeBytes_ + std::max(wholeBytes_ / kPart, kAlwaysRoom) ||
+         CharactersOf(work) < wholeCharacters_ - wholeCharacters_ / kPart;
 }
 
 // What stands there unsynced.
@@ -130,9 +145,10 @@ void Keeper::Sync(LiveWork work) {
   Try([&] {
     if (isOff_ || file_ == nullptr) return;
     if (collection_ != work.collection) return WriteWhole(work);
-    if (file_->Size() < 2 * wholeBytes_ + kAlwaysRoom) return;
+    if (!HasOutgrown(work)) return;
     // What stands there already is as good, should the disk have no room for both.
     wholeBytes_ = file_->Size();
+    wholeCharacters_ = CharactersOf(work);
     platform::Ignoring([&] { WriteWhole(work); });
   });
 }

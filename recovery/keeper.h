@@ -41,15 +41,15 @@ class Keeper {
   void Keep(LiveWork work);
   // Whether something isn't on the disk itself yet.
   bool NeedsSync() const { return unsyncedSince_.has_value(); }
-  // Puts it there, and makes the record short again where it has outgrown twice what it tells.
+  // Puts it there, and makes the record short again where it has outgrown what it tells.
   void Sync(LiveWork work);
 
   // The work is built: its record goes, and none is made until Start.
   void Drop();
   // The record stays for another opening. None is made until Start.
   void Close();
-  // What this run has recorded so far is left for another opening, as something else is about to take
-  // the place of the work; the next record of the run is another.
+  // What this run has recorded so far is left for another opening, as something else is about to
+  // take the place of the work; the next record of the run is another.
   void SetAside(LiveWork work);
   // All of the work goes into a record of this run at once, onto the disk. False where that failed.
   [[nodiscard]] bool KeepWhole(LiveWork work);
@@ -63,6 +63,7 @@ class Keeper {
   void SyncIfLate();
   void SyncBehind();
   void CheckLength() const;
+  bool HasOutgrown(LiveWork& work) const;
   void Off(const platform::Text& reason);
 
   platform::RecordFolder* folder_;
@@ -70,9 +71,10 @@ class Keeper {
   std::unique_ptr<platform::RecordFile> file_;
   std::unique_ptr<platform::RecordFile> held_;
   Recorded recorded_;
-  Collection collection_;         // that the file begins with
-  std::uint64_t wholeBytes_ = 0;  // of the record when it was written whole
-  bool isWhole_ = false;          // all of the work was written to the file once
+  Collection collection_;              // that the file begins with
+  std::uint64_t wholeBytes_ = 0;       // of the record when it was written whole
+  std::uint64_t wholeCharacters_ = 0;  // of the work at that time
+  bool isWhole_ = false;               // all of the work was written to the file once
   bool isStarted_ = false;
   bool isOff_ = false;
   std::optional<std::chrono::milliseconds> unsyncedSince_;  // if something is

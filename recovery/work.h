@@ -6,6 +6,7 @@
 // what is new gets the next, and the records a new version (recovery/piece.h).
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -93,5 +94,7 @@ void ForEachColumn(filed::FiledWork& filed, const Visit& visit) {
 
 // How many rows the longest of them has.
 std::ptrdiff_t LongestColumn(filed::FiledWork& filed);
+// How many characters the text that is left and the rows have. Looks at each row, at no character.
+std::uint64_t CharactersOf(LiveWork& work);
 
 }  // namespace recovery

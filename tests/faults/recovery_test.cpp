@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -304,6 +305,49 @@ TEST_F(RecoveryFaults, ARecordThatHasOutgrownTwiceWhatItHoldsIsWrittenAnew) {
   keeper.Close();
   ASSERT_THAT(Find(), SizeIs(1));
   EXPECT_EQ(Described(Find().front().work), Described(editor.Work()));
+}
+
+// A text of megabytes that is opened and then filed passage by passage: each passage is told twice,
+// as a part of the text that is left and as an entry.
+TEST_F(RecoveryFaults, FilingALargeTextKeepsTheRecordShort) {
+  constexpr std::size_t kText = 4'000'000;
+  constexpr std::size_t kPassage = 4096;
+  FaultyRecords records(*host_);
+  RandomEditor editor(5);
+  Keeper keeper(&records, Log());
+  keeper.Start(editor.Live());
+  editor.Replace(0, 0, platform::Text(kText, u'س'));
+  keeper.Keep(editor.Live());
+  keeper.Sync(editor.Live());
+  filed::FiledWork& filed = editor.Work().filed;
+  while (editor.Work().rest.size() >= kPassage) {
+    filed.table.entryText.Set(filed.entryCount++, editor.Work().rest.substr(0, kPassage));
+    editor.Replace(0, kPassage, {});
+    keeper.Keep(editor.Live());
+    keeper.Sync(editor.Live());
+    ASSERT_LT(fs::file_size(Files().front()), kText * 13 / 10);
+  }
+  EXPECT_LE(std::ranges::count(records.Names(), "Replace"), 12) << "each costs the whole";
+  keeper.Close();
+  ASSERT_THAT(Find(), SizeIs(1));
+  EXPECT_TRUE(Described(Find().front().work) == Described(editor.Work()));
+}
+
+// What is thrown away is told in a few bytes, so the file doesn't grow by it.
+TEST_F(RecoveryFaults, WhatIsNoLongerHeldLeavesTheFile) {
+  RandomEditor editor(5);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  editor.Replace(0, 0, platform::Text(2'000'000, u'س'));
+  keeper.Keep(editor.Live());
+  keeper.Sync(editor.Live());
+  for (std::size_t left = 2'000'000; left > 0; left -= 100'000) {
+    editor.Replace(0, 100'000, {});
+    keeper.Keep(editor.Live());
+    keeper.Sync(editor.Live());
+    ASSERT_LT(fs::file_size(Files().front()), 2 * (left - 100'000) + 300'000);
+  }
 }
 
 // The disk has no room for both: the old one goes on, and what changes is told against that.

@@ -111,13 +111,19 @@ class RandomEditor {
         if (!work_.filed.galleryMode) gallery::Clear(work_.filed.table.galleryPic.Slots());
         return;
       case 10:
-        return ChangeRest(0, static_cast<platform::Position>(work_.rest.size()), AnyText());
+        return Replace(0, static_cast<platform::Position>(work_.rest.size()), AnyText());
       default: {
         const auto size = static_cast<int>(work_.rest.size());
         const int start = Below(size + 1);
-        return ChangeRest(start, Below(size - start + 1), AnyText());
+        return Replace(start, Below(size - start + 1), AnyText());
       }
     }
+  }
+
+  // A part of the text that is left.
+  void Replace(Position start, Position removed, const platform::Text& added) {
+    work_.rest.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(removed), added);
+    edit_ = platform::TextEdit{start, removed, static_cast<Position>(added.size())};
   }
 
   int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
@@ -131,11 +137,6 @@ class RandomEditor {
   }
 
  private:
-  void ChangeRest(Position start, Position removed, const platform::Text& added) {
-    work_.rest.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(removed), added);
-    edit_ = platform::TextEdit{start, removed, static_cast<Position>(added.size())};
-  }
-
   void FileHeading() {
     filed::FiledWork& filed = work_.filed;
     filed.table.entryTitle.Set(filed.entryCount, u"t" + AnyText());
@@ -145,7 +146,7 @@ class RandomEditor {
     filed.mainOpen += Below(3) - 1;
     ++filed.entryCount;
     const auto passage = std::min<std::size_t>(work_.rest.size(), 3);
-    ChangeRest(0, static_cast<Position>(passage), {});
+    Replace(0, static_cast<Position>(passage), {});
   }
 
   std::ptrdiff_t AnyRow() { return Below(static_cast<int>(work_.filed.entryCount) + 2); }
