@@ -33,7 +33,7 @@ namespace {
 
 constexpr int kFewestRounds = 5;
 
-const std::array<bench::NamedRow, 31> kRows = {
+const std::array<bench::NamedRow, 32> kRows = {
     {{"build", bench::MeasureTextBuild},
      {"build-memory", bench::MeasureTextBuildInMemory, true},
      {"media", bench::MeasureMediaBuild},
@@ -57,6 +57,7 @@ const std::array<bench::NamedRow, 31> kRows = {
      {"f3-more", bench::MeasureMarkingMore},
      {"record-cost", bench::MeasureRecordCost},
      {"record-size", bench::MeasureRecordSize},
+     {"record-by-keys", bench::MeasureRecordByKeys},
      {"record-back", bench::MeasureBringingBack},
      {"scroll", bench::MeasureScrollStep},
      {"start", bench::MeasureStart},

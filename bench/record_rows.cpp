@@ -1,5 +1,9 @@
 #include "bench/record_rows.h"
 
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 
@@ -15,18 +19,19 @@ using platform::Text;
 using testing_support::Robot;
 
 constexpr int kMarked = 500;
+constexpr int kEntriesByKeys = 1000;
 constexpr int kEntries = 5000;
 constexpr std::size_t kCharacters = 4096;
 constexpr std::uint32_t kDifferentTexts = 97;
 
-Text HeadingsAndTexts() {
+std::string HeadingsAndTexts(std::uint32_t entries, std::size_t characters) {
   Text text;
-  for (std::uint32_t i = 0; i < kMarked; ++i) {
+  for (std::uint32_t i = 0; i < entries; ++i) {
     text.append(Heading(i)).append(platform::kCrLf);
-    text.append(platform::Replace(CleanText(500, i), platform::kCrLf, u" "))
+    text.append(platform::Replace(CleanText(characters, i), platform::kCrLf, u" "))
         .append(platform::kCrLf);
   }
-  return text;
+  return platform::EncodeMachineCodePage(text);
 }
 
 void MarkParagraph(const workbench::Form3& form3, int key) {
@@ -38,7 +43,7 @@ void MarkParagraph(const workbench::Form3& form3, int key) {
 double SecondsToMark(WorkFolder& work, bool keepsRecords) {
   Desk desk(work.NewFolder("program"), keepsRecords);
   const std::string input = work.NewFolder("input");
-  WriteFile(input + "/text.txt", platform::EncodeMachineCodePage(HeadingsAndTexts()));
+  WriteFile(input + "/text.txt", HeadingsAndTexts(kMarked, 500));
   desk.OpenWorkbench(work.NewFolder("project"), input);
   desk.OpenText("text.txt");
   const double seconds = SecondsOf([&] {
@@ -49,6 +54,35 @@ double SecondsToMark(WorkFolder& work, bool keepsRecords) {
   });
   if (desk.form3.entryCount != kMarked) throw std::runtime_error("not all entries were filed");
   return seconds;
+}
+
+double KilobytesIn(const std::string& folder) {
+  std::uintmax_t bytes = 0;
+  for (const auto& entry : fs::directory_iterator(folder)) bytes += entry.file_size();
+  return static_cast<double>(bytes) / 1024;
+}
+
+void MarkFirstParagraph(int key) {
+  const QTextDocument& text = *Robot::FindAs<QTextEdit>("Form3", "matn").document();
+  Robot::Select("Form3", "matn", 0, text.firstBlock().length());
+  Robot::PressKey("Form3", "matn", key);
+}
+
+double KilobytesByKeys(WorkFolder& work) {
+  const std::string program = work.NewFolder("program");
+  Desk desk(program);
+  const std::string input = work.NewFolder("input");
+  WriteFile(input + "/text.txt", HeadingsAndTexts(kEntriesByKeys, kCharacters));
+  desk.OpenWorkbench(work.NewFolder("project"), input);
+  desk.OpenText("text.txt");
+  double longest = 0;
+  for (int i = 0; i < kEntriesByKeys; ++i) {
+    MarkFirstParagraph(Qt::Key_F2);
+    MarkFirstParagraph(Qt::Key_F3);
+    longest = std::max(longest, KilobytesIn(program + "/recovery"));
+  }
+  if (desk.form3.entryCount != kEntriesByKeys) throw std::runtime_error("not all were filed");
+  return longest;
 }
 
 // A desk with 5,000 entries of 4 KB in its record.
@@ -62,13 +96,7 @@ class FullDesk {
     Robot::Settle();
   }
 
-  double KilobytesOfRecord() const {
-    std::uintmax_t bytes = 0;
-    for (const auto& entry : fs::directory_iterator(folder_ + "/recovery")) {
-      bytes += entry.file_size();
-    }
-    return static_cast<double>(bytes) / 1024;
-  }
+  double KilobytesOfRecord() const { return KilobytesIn(folder_ + "/recovery"); }
 
   double SecondsToBringBack() {
     Robot::CloseWindow("Form3");
@@ -132,6 +160,13 @@ Row MeasureRecordSize(const Plan& plan) {
   constexpr double kTexts = static_cast<double>(kEntries * kCharacters) / 1024;
   return SizedRow("the record of 5,000 entries of 4 KB", "their texts in the input files",
                   desk.KilobytesOfRecord(), kTexts, {Target::Kind::kAtMost, 1.3});
+}
+
+Row MeasureRecordByKeys(const Plan& plan) {
+  constexpr double kTexts = static_cast<double>(kEntriesByKeys * kCharacters) / 1024;
+  return SizedRow("the record while 1,000 entries of 4 KB are filed by keys, at its longest",
+                  "their texts in the input file", KilobytesByKeys(plan.work), kTexts,
+                  {Target::Kind::kAtMost, 1.3});
 }
 
 Row MeasureBringingBack(const Plan& plan) {

@@ -7,6 +7,7 @@ namespace bench {
 
 Row MeasureRecordCost(const Plan& plan);
 Row MeasureRecordSize(const Plan& plan);
+Row MeasureRecordByKeys(const Plan& plan);
 Row MeasureBringingBack(const Plan& plan);
 
 }  // namespace bench

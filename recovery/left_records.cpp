@@ -11,12 +11,59 @@
 
 namespace recovery {
 
+using platform::Text;
+using platform::TextView;
+
 namespace {
 
 // A tool that was ended as it made the file got no further than its head.
 bool IsStillborn(platform::RecordFile& file) {
   return file.Size() < kHeadLength ||
          (file.Size() == kHeadLength && HeadOf(file.Read(kHeadLength)) == Head::kReadable);
+}
+
+constexpr std::int64_t kSecondsADay = std::int64_t{24} * 60 * 60;
+
+// "a1-77-1~20414~35": left by the run whose record was a1-77-1, looked at last on that day since
+// 1970, when 35 days had gone by.
+constexpr TextView kMark = u"~";
+
+struct Age {
+  Text run;
+  std::int64_t day = 0;
+  std::int64_t days = 0;
+};
+
+// Failure for what is no number of days.
+std::int64_t DaysIn(TextView text) {
+  constexpr double kMost = 1e9;
+  const double days = platform::ToNumber(text);
+  if (days < 0 || days > kMost) throw platform::Failure(u"Overflow");
+  return static_cast<std::int64_t>(days);
+}
+
+Age AgeOf(const platform::FoundRecord& found) {
+  const Text name = found.name.substr(0, found.name.rfind(u'.'));
+  const std::vector<Text> parts = platform::Split(name, kMark);
+  Age age{.run = parts.front(), .day = found.changed / kSecondsADay};
+  if (parts.size() != 3) return age;
+  platform::Ignoring([&] {
+    age.day = DaysIn(parts[1]);
+    age.days = DaysIn(parts[2]);
+  });
+  return age;
+}
+
+// How many days it has lain there by now. Where its name can't say so it grows no older.
+std::int64_t CountDays(platform::RecordFile& file, const platform::FoundRecord& found,
+                       std::int64_t today) {
+  Age age = AgeOf(found);
+  if (age.day == today) return age.days;
+  age.days += std::clamp(today - age.day, std::int64_t{0}, kDaysAtOnce);
+  const Text name = age.run + Text(kMark) + platform::FromNumber(today) + Text(kMark) +
+                    platform::FromNumber(age.days);
+  platform::Ignoring([&] { file.Rename(name); });
+  return age.days;
 }
 
 std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::FoundRecord& found,
@@ -29,8 +76,7 @@ std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::F
   }
   if (file->Size() > kLongestRecord) return std::nullopt;
   if (ReadCollection(file->Read(kBeginning)) != wanted) return std::nullopt;
-  // A clock that was set back makes an age of less than nothing, which is young.
-  if (found.changed < folder.Now() - kKeptFor) {
+  if (CountDays(*file, found, folder.Now() / kSecondsADay) > kKeptFor) {
     file->Remove();
     return std::nullopt;
   }

@@ -23,13 +23,16 @@ struct LeftRecord {
 std::optional<Work> ReadLeft(LeftRecord& record);
 
 // Of that collection alone, those last changed first; looks at no more of them than whose they are.
-// What was last changed so long ago that nobody asks for it any more goes away. Failure if the
-// folder can't be read; a single record that can't be read is passed over and stays.
+// What nobody has asked for on so many days goes away. Failure if the folder can't be read; a
+// single record that can't be read is passed over and stays.
 std::vector<LeftRecord> FindLeftRecords(platform::RecordFolder& folder,
                                         const Collection& collection);
 
-// How long a record is kept, in seconds.
-inline constexpr std::int64_t kKeptFor = std::int64_t{90} * 24 * 60 * 60;
+// How long a record is kept after its last change, in days. Its name says how many of them have
+// gone by and on which day it was looked at last, and one look counts no more than kDaysAtOnce: the
+// clock may be wrong, and then it takes no more than these.
+inline constexpr std::int64_t kKeptFor = 90;
+inline constexpr std::int64_t kDaysAtOnce = 30;
 // A longer one is neither read nor removed.
 inline constexpr std::uint64_t kLongestRecord = std::uint64_t{512} * 1024 * 1024;
 

@@ -99,6 +99,16 @@ class HostRecord : public RecordFile {
     }
   }
 
+  void Rename(TextView beginning) override {
+    const std::size_t name = hostPath_.rfind('/') + 1;
+    std::string renamed = hostPath_.substr(0, name).append(ToUtf8(beginning)).append(kRecordEnding);
+    if (::renameat2(AT_FDCWD, hostPath_.c_str(), AT_FDCWD, renamed.c_str(), RENAME_NOREPLACE) != 0)
+      FailHost(u"rename", path_, HostError(errno));
+    hostPath_ = std::move(renamed);
+    path_ = ToolPath(hostPath_);
+    nameIsNew_ = true;
+  }
+
   void Remove() override {
     if (::unlink(hostPath_.c_str()) != 0 && errno != ENOENT)
       FailHost(u"remove", path_, HostError(errno));

@@ -35,11 +35,13 @@ class RecordFile {
   virtual void Replace(const std::function<void(const Sink&)>& write) = 0;
   // Returns once all that was written is on the disk.
   virtual void Sync() = 0;
+  // Its name becomes that, with the ending of all records; one that is there already is a failure.
+  virtual void Rename(TextView beginning) = 0;
   virtual void Remove() = 0;
 };
 
 struct FoundRecord {
-  Text name;
+  Text name;  // with the ending of all records, "." and a word
   // By the clock of that time: seconds since 1970, and what of a second came on top.
   std::int64_t changed = 0;
   std::int64_t nanoseconds = 0;

@@ -247,11 +247,15 @@ TEST_F(RecoveryFaults, WhatOneToolOffersNoOtherDoes) {
   EXPECT_THAT(Find(), IsEmpty());
 }
 
+// Offered every few weeks all the while.
 TEST_F(RecoveryFaults, ARecordGoesAfterNinetyDays) {
   LeaveOne();
   FaultyRecords records(*host_);
-  records.clockMoved = 89 * kDay;
-  EXPECT_THAT(Find(records), SizeIs(1));
+  for (const int day : {0, 1, 28, 57, 60, 89}) {
+    records.clockMoved = day * kDay;
+    EXPECT_THAT(Find(records), SizeIs(1)) << day;
+    EXPECT_THAT(Files(), SizeIs(1)) << day;
+  }
   records.clockMoved = 91 * kDay;
   EXPECT_THAT(recovery::FindLeftRecords(records, {u"C:\\other\\", u"a1"}), IsEmpty());
   EXPECT_THAT(Files(), SizeIs(1)) << "another collection's";
@@ -259,11 +263,79 @@ TEST_F(RecoveryFaults, ARecordGoesAfterNinetyDays) {
   EXPECT_THAT(Files(), IsEmpty());
 }
 
+TEST_F(RecoveryFaults, ARecordThatWasNeverOfferedIsOfferedHoweverOldItIs) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  records.clockMoved = 400 * kDay;
+  EXPECT_THAT(Find(records), SizeIs(1));
+}
+
 TEST_F(RecoveryFaults, AClockThatWasSetBackTakesNothing) {
   LeaveOne();
   FaultyRecords records(*host_);
   records.clockMoved = -10'000 * kDay;
   EXPECT_THAT(Find(records), SizeIs(1));
+}
+
+// In the year 2106 for a month, and back: what was offered before and what never was.
+TEST_F(RecoveryFaults, AClockThatWasWrongForAWhileTakesNothing) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  for (const int day : {0, 29'200, 29'201, 29'230, 1, 2}) {
+    records.clockMoved = day * kDay;
+    EXPECT_THAT(Find(records), SizeIs(1)) << day;
+  }
+  fs::remove_all(HostPath());
+  LeaveOne();
+  for (const int day : {29'200, 29'230, 3}) {
+    records.clockMoved = day * kDay;
+    EXPECT_THAT(Find(records), SizeIs(1)) << day;
+  }
+}
+
+// A record of a time that never was goes, too.
+TEST_F(RecoveryFaults, ARecordOfAWrongClockGoesAfterNinetyDays) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  for (const int day : {0, 29, 58, 87}) {
+    records.clockMoved = (day - 10'000) * kDay;
+    EXPECT_THAT(Find(records), SizeIs(1)) << day;
+  }
+  records.clockMoved = (91 - 10'000) * kDay;
+  EXPECT_THAT(Find(records), IsEmpty());
+}
+
+// What the names say doesn't count where nobody wrote them so.
+TEST_F(RecoveryFaults, AnyNameIsTheNameOfARecord) {
+  FaultyRecords records(*host_);
+  for (const char* name : {"a1~x~y", "a1~1~1e300", "a1~-1~-5", "~~", "a1~1~2~3", "x", "a1~9~"}) {
+    LeaveOne();
+    fs::rename(Files().front(), HostPath() / (std::string(name) + ".record"));
+    EXPECT_THAT(Find(records), SizeIs(1)) << name;
+    EXPECT_THAT(Files(), SizeIs(1)) << name;
+    fs::remove_all(HostPath());
+  }
+}
+
+TEST_F(RecoveryFaults, AFailingRenameLeavesTheRecordAsItIs) {
+  LeaveOne();
+  FaultyRecords records(*host_);
+  records.clockMoved = kDay;
+  records.FailAt(4);
+  EXPECT_THAT(Find(records), SizeIs(1));
+  EXPECT_EQ(records.Names()[3], "Rename");
+  EXPECT_THAT(Find(records), SizeIs(1));
+}
+
+// Two runs may have had the same number, and so their records.
+TEST_F(RecoveryFaults, NoRecordTakesTheNameOfAnother) {
+  FaultyRecords records(*host_);
+  records.clockMoved = kDay;
+  for (unsigned seed = 1; seed <= 3; ++seed) {
+    LeaveOne(seed);
+    EXPECT_THAT(Find(records), SizeIs(seed));
+    EXPECT_THAT(Files(), SizeIs(seed));
+  }
 }
 
 TEST_F(RecoveryFaults, ANewerToolsRecordIsNeitherReadNorRemoved) {

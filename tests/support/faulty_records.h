@@ -75,6 +75,10 @@ class FaultyRecords : public platform::RecordFolder {
       owner_.Count("Sync");
       real_->Sync();
     }
+    void Rename(platform::TextView beginning) override {
+      owner_.Count("Rename");
+      real_->Rename(beginning);
+    }
     void Remove() override {
       owner_.Count("Remove");
       real_->Remove();
