@@ -16,12 +16,6 @@ using platform::TextView;
 
 namespace {
 
-// A tool that was ended as it made the file got no further than its head.
-bool IsStillborn(platform::RecordFile& file) {
-  return file.Size() < kHeadLength ||
-         (file.Size() == kHeadLength && HeadOf(file.Read(kHeadLength)) == Head::kReadable);
-}
-
 constexpr std::int64_t kSecondsADay = std::int64_t{24} * 60 * 60;
 
 // "a1-77-1~20414~35": left by the run whose record was a1-77-1, looked at last on that day since
@@ -70,12 +64,13 @@ std::optional<LeftRecord> Look(platform::RecordFolder& folder, const platform::F
                                const Collection& wanted) {
   std::unique_ptr<platform::RecordFile> file = folder.Take(found.name);
   if (file == nullptr) return std::nullopt;
-  if (IsStillborn(*file)) {
+  if (file->Size() > kLongestRecord) return std::nullopt;
+  const std::string beginning = file->Read(kBeginning);
+  if (file->Size() <= kBeginning && IsStillborn(beginning)) {
     file->Remove();
     return std::nullopt;
   }
-  if (file->Size() > kLongestRecord) return std::nullopt;
-  if (ReadCollection(file->Read(kBeginning)) != wanted) return std::nullopt;
+  if (ReadCollection(beginning) != wanted) return std::nullopt;
   if (CountDays(*file, found, folder.Now() / kSecondsADay) > kKeptFor) {
     file->Remove();
     return std::nullopt;

@@ -1,5 +1,6 @@
 #include "recovery/piece.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "platform/checksum.h"
@@ -65,6 +66,16 @@ std::optional<std::string_view> TakePiece(std::string_view& file) {
   if (WordAt(file, kWord) != ChecksumOf(file.substr(0, kWord), content)) return std::nullopt;
   file.remove_prefix(kPieceFrame + length);
   return content;
+}
+
+bool IsStillborn(std::string_view file) {
+  const auto isZero = [](char byte) { return byte == 0; };
+  if (file.size() < kHeadLength || std::ranges::all_of(file, isZero)) return true;
+  if (HeadOf(file) != Head::kReadable) return false;
+  file.remove_prefix(kHeadLength);
+  if (file.size() < kPieceFrame || std::ranges::all_of(file, isZero)) return true;
+  const bool endsInIt = WordAt(file, 0) >= file.size() - kPieceFrame;
+  return endsInIt && !TakePiece(file);
 }
 
 bool IsWhole(std::string_view file) {

@@ -31,6 +31,9 @@ void AppendPiece(std::string& file, std::string_view content);
 // Takes the first piece off what is left of a file; gives its content. Nothing where none stands
 // there whole: what follows was torn off or damaged.
 [[nodiscard]] std::optional<std::string_view> TakePiece(std::string_view& file);
+// Whether nothing can come of a file: no piece of it is whole, and no more of it is there than one,
+// or what a power cut has left of it is zeros. Never so for a newer tool's.
+bool IsStillborn(std::string_view file);
 // Whether whole pieces are all that stands after the head, up to the file's end.
 bool IsWhole(std::string_view file);
 

@@ -465,6 +465,47 @@ TEST_F(RecoveryFaults, AHeadAloneGoes) {
   EXPECT_THAT(Files(), SizeIs(2)) << "a newer tool's stays";
 }
 
+// One that was ended in its first write, or whose bytes a power cut took: nothing can come of it.
+TEST_F(RecoveryFaults, ATornFirstPieceGoes) {
+  std::string piece;
+  recovery::AppendPiece(piece, "the work");
+  std::string newer = recovery::HeadBytes();
+  ++newer[8];
+  const std::string head = recovery::HeadBytes();
+  const auto write = [&](const std::string& bytes) {
+    std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << bytes;
+  };
+  LeaveOne();
+  for (std::size_t cut = 1; cut < piece.size(); ++cut) {
+    write(head + piece.substr(0, cut));
+    EXPECT_THAT(Find(), SizeIs(1));
+    EXPECT_THAT(Files(), SizeIs(1)) << cut;
+    write(head + piece.substr(0, cut) + std::string(piece.size() - cut, '\0'));
+    EXPECT_THAT(Find(), SizeIs(1));
+    EXPECT_THAT(Files(), SizeIs(1)) << cut << ", zeros";
+    write(newer + piece.substr(0, cut));
+    EXPECT_THAT(Find(), SizeIs(1));
+    EXPECT_THAT(Files(), SizeIs(2)) << cut << ", a newer tool's";
+  }
+  write(head + std::string(500, '\0'));
+  EXPECT_THAT(Find(), SizeIs(1));
+  EXPECT_THAT(Files(), SizeIs(1));
+  write(std::string(500, '\0'));
+  EXPECT_THAT(Find(), SizeIs(1));
+  EXPECT_THAT(Files(), SizeIs(1));
+}
+
+// Somebody may find a way to what stands behind it.
+TEST_F(RecoveryFaults, ADamagedFirstPieceWithMoreBehindItStays) {
+  LeaveOne();
+  std::fstream(Files().front(), std::ios::in | std::ios::out | std::ios::binary).seekp(24).put('x');
+  EXPECT_THAT(Find(), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(1));
+  std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << "somebody's own, no record";
+  EXPECT_THAT(Find(), IsEmpty());
+  EXPECT_THAT(Files(), SizeIs(2));
+}
+
 // What nobody would read isn't written.
 TEST_F(RecoveryFaults, ARecordEndsBeforeItIsTooLongToBeRead) {
   FaultyRecords records(*host_);
