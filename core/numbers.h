@@ -99,6 +99,7 @@ inline constexpr std::int16_t kBlankParagraphs = 83;
 inline constexpr std::int16_t kBackgroundAttribute = 84;
 inline constexpr std::int16_t kAttachmentAttributes = 85;
 inline constexpr std::int16_t kBringBack = 86;
+inline constexpr std::int16_t kDropRecord = 87;
 inline constexpr std::int16_t kNext = 101;
 inline constexpr std::int16_t kExport = 102;
 }  // namespace failure

@@ -18,10 +18,12 @@ Form3::Form3(core::Form1& form1)
       form1_(form1),
       report_(form1),
       keeper_(form1.TheMachine().records, [this](TextView line) { report_.LogMe(line); }),
-      recoveryWindow_({.isTableEmpty = [this] { return filed::IsEmpty(*this); },
-                       .collectionInHand = [this] { return CollectionInHand(); },
-                       .bring = [this](recovery::LeftRecord& record,
-                                       recovery::Work& work) { return BringBack(record, work); }}),
+      recoveryWindow_(
+          {.isTableEmpty = [this] { return filed::IsEmpty(*this); },
+           .collectionInHand = [this] { return CollectionInHand(); },
+           .bring = [this](recovery::LeftRecord& record,
+                           recovery::Work& work) { return BringBack(record, work); },
+           .drop = [this](recovery::LeftRecord& record) { return DropRecord(record); }}),
       watch_([this] { KeepRecord(); }) {
   WireHandlers();
 }

@@ -134,6 +134,8 @@ class Form3 : public platform::Window, public core::WorkbenchPort, public FiledW
   // What an earlier run left of the collection in hand. 86.
   void OfferRecords();
   [[nodiscard]] bool BringBack(recovery::LeftRecord& record, recovery::Work& work);
+  // False where it is there still. 87.
+  [[nodiscard]] bool DropRecord(recovery::LeftRecord& record);
 
   core::Form1& TheForm1() { return form1_; }
 

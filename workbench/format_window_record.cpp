@@ -118,7 +118,8 @@ void Form3::OfferRecords() {
                    [&] { recoveryWindow_.Offer(keeper_.FindLeft(CollectionInHand()), *this); });
 }
 
-// Where this run can keep no record, the one that was brought back is the work's still.
+// Where this run can keep no record, the one that was brought back is the work's still; where it
+// can't be removed, it goes with the build.
 bool Form3::BringBack(recovery::LeftRecord& record, recovery::Work& work) {
   keeper_.SetAside(Live());
   bool brought = false;
@@ -129,12 +130,17 @@ bool Form3::BringBack(recovery::LeftRecord& record, recovery::Work& work) {
   ShowGalleryAgain();
   const bool isKept = keeper_.KeepWhole(Live());
   if (!brought) return false;
-  if (isKept) {
-    platform::Ignoring([&] { record.file->Remove(); });
-  } else {
-    keeper_.Hold(std::move(record.file));
-  }
+  if (!isKept || !DropRecord(record)) keeper_.Hold(std::move(record.file));
   return true;
+}
+
+bool Form3::DropRecord(recovery::LeftRecord& record) {
+  bool dropped = false;
+  report_.Catching(core::failure::kDropRecord, [&] {
+    record.file->Remove();
+    dropped = true;
+  });
+  return dropped;
 }
 
 void Form3::TakeOver(recovery::Work& work) {

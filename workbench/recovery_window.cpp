@@ -104,8 +104,8 @@ void RecoveryWindow::Drop() {
   constexpr TextView kQuestion = u"آنچه از اين مجموعه مانده است براي هميشه دور انداخته شود؟";
   if (platform::AskYesNo(kQuestion, platform::kApplicationTitle) != platform::Answer::kYes) return;
   if (records_.empty()) return;
-  platform::Ignoring([&] { records_.front().file->Remove(); });
-  ShowNext();
+  if (desk_.drop(records_.front())) return ShowNext();
+  platform::ShowNotice(u"دور انداختن آن ممكن نشد!\u200F", platform::kApplicationTitle);
 }
 
 }  // namespace workbench

@@ -19,6 +19,8 @@ struct RecoveryDesk {
   // Puts all of the work in its place, and does with its record what is right then; false where it
   // didn't get there.
   std::function<bool(recovery::LeftRecord&, recovery::Work&)> bring;
+  // Removes the record for good; false where it is there still.
+  std::function<bool(recovery::LeftRecord&)> drop;
 };
 
 class RecoveryWindow : public platform::Window {

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
 #include <filesystem>
@@ -255,6 +256,46 @@ TEST_F(RecoveryWindow, DropAsksOnceAndRemoves) {
   Robot::Click("Recovery", "recoverDrop");
   EXPECT_THAT(desk.robot.TakeBoxes(), SizeIs(1));
   EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
+TEST_F(RecoveryWindow, WhatCantBeDroppedIsSaidAndStaysOffered) {
+  FileFive();
+  OpenAnew();
+  desk.robot.AnswerYes();
+  desk.records.FailAt(1);
+  Robot::Click("Recovery", "recoverDrop");
+  const auto boxes = desk.robot.TakeBoxes();
+  ASSERT_THAT(boxes, SizeIs(2));
+  EXPECT_EQ(boxes.front().buttons, QMessageBox::Yes | QMessageBox::No);
+  EXPECT_EQ(boxes.back().buttons, QMessageBox::Ok);
+  EXPECT_EQ(desk.LoggedFailures(87), 1);
+  ASSERT_TRUE(IsShown());
+  EXPECT_EQ(Says("recoverCount"), "5");
+  EXPECT_THAT(Records(), SizeIs(1));
+  desk.robot.AnswerYes();
+  Robot::Click("Recovery", "recoverDrop");
+  EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), IsEmpty());
+}
+
+// The old record of what came back couldn't be removed: it is in hand, and goes with the build.
+TEST_F(RecoveryWindow, ARecordThatStaysAfterThePressGoesWithTheBuild) {
+  FileFive();
+  OpenAnew();
+  desk.records.FailAt(0);
+  Robot::Click("Recovery", "recoverBring");
+  const auto removal = std::ranges::find(desk.records.Names(), "Remove");
+  const auto k = removal - desk.records.Names().begin() + 1;
+  OpenAnew();
+  desk.records.FailAt(static_cast<std::size_t>(k));
+  Robot::Click("Recovery", "recoverBring");
+  ASSERT_EQ(desk.records.Names()[static_cast<std::size_t>(k) - 1], "Remove");
+  EXPECT_EQ(desk.LoggedFailures(87), 1);
+  EXPECT_FALSE(IsShown());
+  EXPECT_THAT(Records(), SizeIs(2));
+  EXPECT_EQ(desk.form3.entryCount, 5);
+  Robot::PressKey("Form3", "matn", Qt::Key_F12);
   EXPECT_THAT(Records(), IsEmpty());
 }
 
