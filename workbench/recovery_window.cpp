@@ -7,31 +7,11 @@
 #include "platform/windows/application.h"
 #include "platform/windows/message_box.h"
 #include "support/window_catalogue.h"
-#include "workbench/clean_up.h"
-#include "workbench/marking.h"
+#include "workbench/left_work.h"
 
 namespace workbench {
 
-using platform::Text;
 using platform::TextView;
-
-namespace {
-
-// As the label over the entry list says it; a key that no list gives stands for itself.
-Text NameOf(const recovery::Collection& collection) {
-  const TextView key = collection.key;
-  Text name(key);
-  platform::Ignoring([&] {
-    if (!key.empty()) name = CollectionLabel(key.substr(0, 1), key.substr(1));
-  });
-  return name;
-}
-
-Text TitleOf(const filed::FiledWork& filed, std::ptrdiff_t row) {
-  return row < 0 ? Text() : BeBor(RemCrLf(filed.table.entryTitle(row)), kShownTitle);
-}
-
-}  // namespace
 
 RecoveryWindow::RecoveryWindow(RecoveryDesk desk)
     : Window(support::RecoveryDefinition()), desk_(std::move(desk)) {
@@ -67,12 +47,12 @@ bool RecoveryWindow::ReadFirst() {
 }
 
 void RecoveryWindow::ShowFirst() {
-  const filed::FiledWork& filed = shown_->filed;
-  recoverWhose.SetCaption(NameOf(shown_->collection));
-  recoverCount.SetCaption(platform::FromNumber(filed.entryCount));
+  const LeftWorkTexts texts = DescribeLeft(*shown_);
+  recoverWhose.SetCaption(texts.whose);
+  recoverCount.SetCaption(texts.count);
   recoverWhen.SetCaption(platform::GeneralDateOf(records_.front().found.changed));
-  recoverFirst.SetCaption(TitleOf(filed, 0));
-  recoverLast.SetCaption(TitleOf(filed, filed.entryCount - 1));
+  recoverFirst.SetCaption(texts.first);
+  recoverLast.SetCaption(texts.last);
   Refresh();
 }
 

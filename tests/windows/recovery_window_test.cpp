@@ -150,12 +150,38 @@ TEST_F(RecoveryWindow, TellsWhatIsLeftWithoutTakingTheFocus) {
   EXPECT_FALSE(window.isModal());
   EXPECT_EQ(window.layoutDirection(), Qt::RightToLeft);
   EXPECT_EQ(QApplication::activeWindow(), Robot::FindWindow("Form3"));
-  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه اول در رديف اول:");
+  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه اول در رديف اول");
   EXPECT_EQ(Says("recoverCount"), "5");
   EXPECT_NE(Says("recoverWhen"), "");
   EXPECT_EQ(Says("recoverFirst"), "شناسنامه");
   EXPECT_EQ(Says("recoverLast"), ">>> پايان تيتر");
   EXPECT_THAT(desk.robot.TakeBoxes(), IsEmpty());
+}
+
+TEST_F(RecoveryWindow, TellsOfAHeadingThatHasNoTextYet) {
+  FileFive();
+  FormatDesk::Mark(Qt::Key_F2, "what is");
+  OpenAnew();
+  EXPECT_EQ(Says("recoverCount"), "6 (آخري هنوز متن ندارد)");
+  EXPECT_EQ(Says("recoverFirst"), "شناسنامه");
+  EXPECT_EQ(Says("recoverLast"), "what is");
+}
+
+TEST_F(RecoveryWindow, TellsOfACollectionOfPictures) {
+  desk.AddPictures(3);
+  desk.OpenOn(u"a text");
+  Robot::Type("Form3", "bname", "a title");
+  Robot::Click("Form3", "Com(12)");
+  desk.OpenFolder("Form3");
+  GalleryDesk::Tick("Form3", 0, "first");
+  GalleryDesk::Tick("Form3", 1);
+  GalleryDesk::Tick("Form3", 2);
+  GalleryDesk::Tick("Form3", 1);
+  OpenAnew();
+  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه اول در رديف اول: a title");
+  EXPECT_EQ(Says("recoverCount"), "هيچ، و 2 تصوير گالري");
+  EXPECT_EQ(Says("recoverFirst"), "ندارد");
+  EXPECT_EQ(Says("recoverLast"), "ندارد");
 }
 
 TEST_F(RecoveryWindow, BringsEverythingBack) {
@@ -485,7 +511,7 @@ TEST_F(RecoveryWindow, TheWorkFollowsTheSelector) {
   EXPECT_THAT(Records(), SizeIs(1));
   desk.PressNext();
   ASSERT_TRUE(IsShown());
-  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه دوم در رديف اول:");
+  EXPECT_EQ(Says("recoverWhose"), "عنوان مجموعه دوم در رديف اول");
 }
 
 TEST_F(RecoveryWindow, AStateFolderThatCantBeUsedIsToldOnceInTheLog) {
