@@ -468,9 +468,12 @@ constexpr std::array kRecoveryRows = std::to_array<ControlRow>({
     Row(Kind::kLabel, u"recoverFirst", {120, 1530, 3150, 285}).RightAligned(),
     Row(Kind::kLabel, u"Label5", {3330, 1875, 1230, 285}, u"عنوان آخر:\u200F").RightAligned(),
     Row(Kind::kLabel, u"recoverLast", {120, 1875, 3150, 285}).RightAligned(),
-    Row(Kind::kButton, u"recoverBring", {3120, 2340, 1440, 390}, u"بازگرداندن"),
-    Row(Kind::kButton, u"recoverLater", {1620, 2340, 1440, 390}, u"بعداً"),
-    Row(Kind::kButton, u"recoverDrop", {120, 2340, 1440, 390}, u"دور انداختن"),
+    Row(Kind::kLabel, u"Label6", {120, 2220, 4440, 285},
+        u"با Ctrl+Tab به اين پنجره مي\u200Fآييد و برمي\u200Fگرديد.\u200F")
+        .RightAligned(),
+    Row(Kind::kButton, u"recoverBring", {3120, 2655, 1440, 390}, u"بازگرداندن"),
+    Row(Kind::kButton, u"recoverLater", {1620, 2655, 1440, 390}, u"بعداً"),
+    Row(Kind::kButton, u"recoverDrop", {120, 2655, 1440, 390}, u"دور انداختن"),
 });
 
 }  // namespace
@@ -542,7 +545,7 @@ const WindowDefinition& RecoveryDefinition() {
   static constexpr WindowDefinition kDefinition{.name = u"Recovery",
                                                 .title = u"Recovery",
                                                 .width = 4680,
-                                                .height = 2850,
+                                                .height = 3165,
                                                 .border = platform::Border::kFixedTool,
                                                 .escapeCloses = true,
                                                 .rows = kRecoveryRows};

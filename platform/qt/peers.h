@@ -43,6 +43,7 @@ struct Window::Peer {
   std::unique_ptr<QWidget> widget;
   // Controls that no code of the tool names: labels, lines, pictures.
   std::vector<std::unique_ptr<Control::Peer>> nameless;
+  QPointer<QWidget> beside;  // gets the focus back from a window that was shown beside it
 };
 
 // The peer of a control as its own kind. `PeerOf<TextBoxPeer>(*this)`.

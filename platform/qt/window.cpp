@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
@@ -176,6 +177,18 @@ void PlaceBeside(QWidget& widget, const QWidget& owner) {
   widget.move(corner);
 }
 
+// The function keys are commands, and Tab alone goes through one window.
+constexpr auto kToOtherWindow = Qt::CTRL | Qt::Key_Tab;
+
+// From one window to the other, as long as the second is there.
+void LeadBetween(QWidget& first, QWidget& second) {
+  auto* const there = new QShortcut(kToOtherWindow, &first);
+  auto* const back = new QShortcut(kToOtherWindow, &second);
+  QObject::connect(&second, &QObject::destroyed, there, &QObject::deleteLater);
+  QObject::connect(there, &QShortcut::activated, &second, &QWidget::activateWindow);
+  QObject::connect(back, &QShortcut::activated, &first, &QWidget::activateWindow);
+}
+
 // Runs `undo` at its end, unless Done was called.
 class Rollback {
  public:
@@ -317,6 +330,8 @@ void Window::ShowBeside(const Window& owner) {
   widget.winId();
   widget.windowHandle()->setTransientParent(beside.windowHandle());
   PlaceBeside(widget, beside);
+  LeadBetween(beside, widget);
+  peer_->beside = &beside;
   widget.show();
   // Not every desktop heeds the wish.
   beside.activateWindow();
@@ -334,7 +349,10 @@ void Window::TakeApart() {
   if (!IsLoaded()) return;
   WidgetOf(*this).SetSilent(true);
   for (Control* control : controls_) control->peer_.reset();
+  const bool hadFocus = WidgetOf(*this).isActiveWindow();
   WidgetOf(*this).hide();
+  // Not every desktop gives the focus back.
+  if (hadFocus && peer_->beside != nullptr) peer_->beside->activateWindow();
   // The event that led here may still run in the widget or one of its children.
   peer_->widget.release()->deleteLater();
   peer_.reset();

@@ -30,7 +30,7 @@ class Window {
   // get no input meanwhile; events go on.
   void ShowModal(Window* owner);
   // Loads if need be and shows next to `owner`, not modal and in front of it. The focus stays with
-  // that window.
+  // that window; Ctrl+Tab takes it over to this one, and back.
   void ShowBeside(const Window& owner);
   void Hide();
   // Runs Form_Unload, then takes the window and its controls off the screen for good.

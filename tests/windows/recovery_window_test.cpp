@@ -584,4 +584,27 @@ TEST_F(RecoveryWindow, IsReachedByKeysInTheOrderOfItsButtons) {
   EXPECT_EQ(desk.form3.entryCount, 5);
 }
 
+// It never takes the focus, so a key goes there, and back.
+TEST_F(RecoveryWindow, AKeyLeadsThereAndBack) {
+  const auto press = [](const char* window, const QString& control) {
+    Robot::Find(window, control).setFocus();
+    Robot::PressKey(window, control, Qt::Key_Tab, Qt::ControlModifier);
+    Robot::Settle();
+    const QWidget* const focus = QApplication::focusWidget();
+    return (QApplication::activeWindow()->objectName() + u'.' +
+            (focus != nullptr ? focus->objectName() : QString()))
+        .toStdString();
+  };
+  FileFive();
+  OpenAnew();
+  EXPECT_EQ(press("Form3", "matn"), "Recovery.recoverBring");
+  EXPECT_EQ(press("Recovery", "recoverBring"), "Form3.matn");
+  FormatDesk::OpenBook("One.txt");
+  FormatDesk::FileHeading("Head", "Text");
+  EXPECT_EQ(press("Form3", "bname"), "Recovery.recoverLater") << "the table isn't empty";
+  Robot::PressKey("Recovery", "recoverLater", Qt::Key_Return);
+  EXPECT_FALSE(IsShown());
+  EXPECT_EQ(press("Form3", "matn"), "Form3.matn") << "there is nowhere to go";
+}
+
 }  // namespace
