@@ -7,6 +7,7 @@
 
 #include "viewer/made_page.h"
 #include "viewer/print_page.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -70,7 +71,7 @@ void CollectionPage::Open(const book::Collection& collection) {
   if (first >= 0) {
     ShowEntry(first);
   } else {
-    page_.ShowNotice(QStringLiteral("در این مجموعه نوشته\u200Cای پیدا نشد."));
+    page_.ShowNotice(texts::NoEntries());
     sheets_.setCurrentWidget(&page_);
     bar_.ShowEntry({}, false, false);
     bar_.AllowPrinting(false);
@@ -126,7 +127,7 @@ void CollectionPage::ShowPage(const book::Node& node, const QString& words) {
   if (!page) page = ReadMadePage(surroundings_.book, node);
   sheets_.setCurrentWidget(&page_);
   if (!page) {
-    page_.ShowNotice(QStringLiteral("این نوشته در کتاب پیدا نشد.\n") + AsPath(node.source));
+    page_.ShowNotice(texts::NoPage() + AsPath(node.source));
     return;
   }
   if (page->title.isEmpty()) page->title = node.label;
@@ -187,7 +188,7 @@ void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
 
 void CollectionPage::Print(QPrinter& printer) {
   // It comes up only where printing goes on for a while.
-  QProgressDialog progress(QStringLiteral("چاپ ..."), QStringLiteral("انصراف"), 0, 0, window());
+  QProgressDialog progress(texts::Printing(), texts::Cancel(), 0, 0, window());
   progress.setObjectName(QStringLiteral("printing"));
   progress.setWindowModality(Qt::WindowModal);
   const bool printed =
@@ -198,7 +199,7 @@ void CollectionPage::Print(QPrinter& printer) {
       });
   if (printed || progress.wasCanceled()) return;
   progress.reset();
-  Tell(window(), QStringLiteral("این نوشته چاپ نشد."));
+  Tell(window(), texts::NotPrinted());
 }
 
 }  // namespace viewer

@@ -6,6 +6,8 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 namespace {
 
@@ -82,7 +84,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
 
 ContentsList::ContentsList(const Look& look, QWidget* parent) : QListView(parent) {
   setObjectName(QStringLiteral("contents"));
-  setAccessibleName(QStringLiteral("فهرست"));
+  setAccessibleName(texts::Contents());
   setFrameShape(QFrame::NoFrame);
   setUniformItemSizes(true);
   setMouseTracking(true);

@@ -9,6 +9,7 @@
 #include "book/medium.h"
 #include "book/shown_name.h"
 #include "viewer/film_window.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -19,31 +20,26 @@ constexpr int kGap = 8;
 // The contents don't tell the extension of a sound or a film.
 const QString kAnyEnding = QStringLiteral(".*");
 
-const QString& SoundCaption() {
-  static const QString kCaption = QStringLiteral("صدا");
-  return kCaption;
-}
-
 }  // namespace
 
 EntryBar::EntryBar(const Surroundings& surroundings, QWidget* parent)
     : QWidget(parent),
       surroundings_(surroundings),
-      previous_(QStringLiteral("previous"), QStringLiteral("قبلی"), surroundings.look,
+      previous_(QStringLiteral("previous"), texts::Previous(), surroundings.look,
                 FlatButton::Place::kPage, this),
-      next_(QStringLiteral("next"), QStringLiteral("بعدی"), surroundings.look,
-            FlatButton::Place::kPage, this),
-      attachment_(QStringLiteral("attachment"), QStringLiteral("پیوست"), surroundings.look,
+      next_(QStringLiteral("next"), texts::Next(), surroundings.look, FlatButton::Place::kPage,
+            this),
+      attachment_(QStringLiteral("attachment"), texts::Attachment(), surroundings.look,
                   FlatButton::Place::kPage, this),
-      sound_(QStringLiteral("sound"), SoundCaption(), surroundings.look, FlatButton::Place::kPage,
+      sound_(QStringLiteral("sound"), texts::Sound(), surroundings.look, FlatButton::Place::kPage,
              this),
-      film_(QStringLiteral("film"), QStringLiteral("فیلم"), surroundings.look,
-            FlatButton::Place::kPage, this),
-      print_(QStringLiteral("print"), QStringLiteral("چاپ"), surroundings.look,
-             FlatButton::Place::kPage, this),
-      smaller_(QStringLiteral("smaller"), QStringLiteral("ریزتر"), surroundings.look,
+      film_(QStringLiteral("film"), texts::Film(), surroundings.look, FlatButton::Place::kPage,
+            this),
+      print_(QStringLiteral("print"), texts::Print(), surroundings.look, FlatButton::Place::kPage,
+             this),
+      smaller_(QStringLiteral("smaller"), texts::Smaller(), surroundings.look,
                FlatButton::Place::kPage, this),
-      larger_(QStringLiteral("larger"), QStringLiteral("درشت\u200Cتر"), surroundings.look,
+      larger_(QStringLiteral("larger"), texts::Larger(), surroundings.look,
               FlatButton::Place::kPage, this) {
   setObjectName(QStringLiteral("entryBar"));
   auto* const row = new QHBoxLayout(this);
@@ -98,17 +94,17 @@ void EntryBar::ShowWhatFits() {
 }
 
 // Else says which file is missing.
-bool EntryBar::IsThere(const QString& path, const QString& what, const QString& ending) {
+bool EntryBar::IsThere(const QString& path, const QString& missing, const QString& ending) {
   if (!path.isEmpty()) return true;
   const QString file = book::StemOf(node_) + ending;
   qWarning().noquote() << "Can't be read:"
                        << book::WithSigns(surroundings_.book.Root() + u'/' + file);
-  Tell(window(), what + QStringLiteral(" این نوشته در کتاب پیدا نشد.\n") + AsPath(file));
+  Tell(window(), missing + AsPath(file));
   return false;
 }
 
 void EntryBar::OpenAttachment() {
-  if (!IsThere(media_.attachment, QStringLiteral("پیوست"), node_.attachmentExtension)) return;
+  if (!IsThere(media_.attachment, texts::AttachmentMissing(), node_.attachmentExtension)) return;
   const bool isDocument = book::IsKnownDocument(media_.attachment);
   const bool isExecutable = QFileInfo(media_.attachment).isExecutable();
   if (node_.attachmentIsProgram || (isExecutable && !isDocument)) return StartProgram();
@@ -125,28 +121,23 @@ bool EntryBar::IsWhatItIsCalled() const {
 
 QString EntryBar::AttachmentName() const { return AsPath(QFileInfo(media_.attachment).fileName()); }
 
-bool EntryBar::MayOpen() {
-  return Ask(window(), QStringLiteral("باز کردن این پیوست شاید برنامه\u200Cای را اجرا کند:\n") +
-                           AttachmentName() + QStringLiteral("\n\nآیا باز شود؟"));
-}
+bool EntryBar::MayOpen() { return Ask(window(), texts::MayStartProgram().arg(AttachmentName())); }
 
 void EntryBar::OpenWithItsProgram() {
   if (surroundings_.outside.openFile(media_.attachment)) return;
-  Tell(window(), QStringLiteral("برنامه\u200Cای برای باز کردن این پیوست پیدا نشد."));
+  Tell(window(), texts::NoProgramFor());
 }
 
 void EntryBar::StartProgram() {
-  const QString question = QStringLiteral("پیوست این نوشته یک برنامه است:\n") + AttachmentName() +
-                           QStringLiteral("\n\nآیا اجرا شود؟");
-  if (!Ask(window(), question)) return;
+  if (!Ask(window(), texts::IsProgram().arg(AttachmentName()))) return;
   if (!surroundings_.outside.startProgram(media_.attachment)) {
-    Tell(window(), QStringLiteral("این برنامه را در این رایانه نمی\u200Cتوان اجرا کرد."));
+    Tell(window(), texts::CantStart());
   }
 }
 
 void EntryBar::SwitchSound() {
   if (sounds_) return Silence();
-  if (!IsThere(media_.sound, QStringLiteral("صدای"), kAnyEnding)) return;
+  if (!IsThere(media_.sound, texts::SoundMissing(), kAnyEnding)) return;
   auto sound = book::Medium::Open(surroundings_.book, media_.sound);
   if (!sound) return TellSound();
   if (!player_) {
@@ -159,24 +150,24 @@ void EntryBar::SwitchSound() {
   }
   surroundings_.hushMusic(true);
   sounds_ = true;
-  sound_.SetCaption(QStringLiteral("قطع صدا"));
+  sound_.SetCaption(texts::StopSound());
   player_->Play(std::move(sound));
 }
 
-void EntryBar::TellSound() { Tell(window(), QStringLiteral("این صدا را نمی\u200Cتوان پخش کرد.")); }
+void EntryBar::TellSound() { Tell(window(), texts::CantPlaySound()); }
 
 void EntryBar::Silence() {
   if (!sounds_) return;
   sounds_ = false;
   player_->Stop();
-  sound_.SetCaption(SoundCaption());
+  sound_.SetCaption(texts::Sound());
   surroundings_.hushMusic(false);
 }
 
 void EntryBar::ShowFilm() {
-  if (!IsThere(media_.film, QStringLiteral("فیلم"), kAnyEnding)) return;
+  if (!IsThere(media_.film, texts::FilmMissing(), kAnyEnding)) return;
   auto film = book::Medium::Open(surroundings_.book, media_.film);
-  if (!film) return Tell(window(), CantPlayFilm());
+  if (!film) return Tell(window(), texts::CantPlayFilm());
   surroundings_.hushMusic(true);
   Silence();
   surroundings_.outside.showFilm(std::move(film), AsCaption(node_.label), window(),

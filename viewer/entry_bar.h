@@ -40,7 +40,7 @@ class EntryBar : public QWidget {
   void SwitchSound();
   void TellSound();
   void ShowFilm();
-  [[nodiscard]] bool IsThere(const QString& path, const QString& what, const QString& ending);
+  [[nodiscard]] bool IsThere(const QString& path, const QString& missing, const QString& ending);
 
   const Surroundings& surroundings_;
   book::Node node_;

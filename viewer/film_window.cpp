@@ -8,10 +8,9 @@
 
 #include "viewer/look.h"
 #include "viewer/media_player.h"
+#include "viewer/texts.h"
 
 namespace viewer {
-
-QString CantPlayFilm() { return QStringLiteral("این فیلم را نمی\u200Cتوان پخش کرد."); }
 
 FilmWindow::FilmWindow(std::unique_ptr<book::Medium> medium, const QString& title, QWidget* parent)
     : QWidget(parent, Qt::Window), medium_(std::move(medium)), player_(this) {
@@ -33,7 +32,7 @@ FilmWindow::FilmWindow(std::unique_ptr<book::Medium> medium, const QString& titl
   QObject::connect(&player_, &QMediaPlayer::errorOccurred, this,
                    [this](QMediaPlayer::Error, const QString& what) {
                      qWarning() << "film can't be played:" << medium_->Path() << what;
-                     message_.setText(CantPlayFilm());
+                     message_.setText(texts::CantPlayFilm());
                      message_.show();
                    });
   player_.setSourceDevice(medium_.get(), NoAddress());

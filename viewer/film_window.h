@@ -13,9 +13,6 @@
 
 namespace viewer {
 
-// What the reader is told where there is nothing to see.
-QString CantPlayFilm();
-
 // Plays at once. The space bar pauses, F and a double click fill the screen, Esc ends.
 class FilmWindow : public QWidget {
  public:

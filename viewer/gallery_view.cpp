@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 
 #include "viewer/picture_show.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -94,7 +95,7 @@ GalleryView::GalleryView(const book::Folder& book, const Look& look, Pictures& p
                          QWidget* parent)
     : QListView(parent), book_(book), look_(look), pictures_(pictures), model_(new Model(this)) {
   setObjectName(QStringLiteral("gallery"));
-  setAccessibleName(QStringLiteral("نگارخانه"));
+  setAccessibleName(texts::Gallery());
   setFrameShape(QFrame::NoFrame);
   setViewMode(QListView::IconMode);
   setMovement(QListView::Static);
@@ -141,8 +142,7 @@ void GalleryView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setPen(look_.faint);
   painter.setFont(ViewerFont(kHeadingPixels));
-  DrawText(painter, viewport()->rect().adjusted(20, 20, -20, -20),
-           QStringLiteral("در این نگارخانه تصویری پیدا نشد."), 2,
+  DrawText(painter, viewport()->rect().adjusted(20, 20, -20, -20), texts::NoPictures(), 2,
            Qt::AlignHCenter | Qt::AlignVCenter);
 }
 

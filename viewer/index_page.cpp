@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 namespace {
 
@@ -86,7 +88,7 @@ void CollectionCard::PaintBesideCover(QPainter& painter, const QPixmap& cover) c
   if (collection_.isGallery) {
     painter.setFont(ViewerFont(13));
     painter.setPen(look_.accent);
-    DrawText(painter, words, QStringLiteral("نگارخانه"), 1, Qt::AlignBottom);
+    DrawText(painter, words, texts::Gallery(), 1, Qt::AlignBottom);
     words.adjust(0, 0, 0, -24);
   }
   painter.setFont(ViewerFont(16, true));
@@ -116,7 +118,7 @@ void CollectionCard::PaintOverCover(QPainter& painter, const QPixmap& cover) con
   if (collection_.isGallery) {
     painter.setPen(look_.accent);
     painter.setFont(ViewerFont(13));
-    DrawText(painter, words, QStringLiteral("نگارخانه"), 1, Qt::AlignBottom);
+    DrawText(painter, words, texts::Gallery(), 1, Qt::AlignBottom);
     words.adjust(0, 0, 0, -24);
     painter.setPen(Qt::white);
     painter.setFont(ViewerFont(15, true));

@@ -12,6 +12,7 @@
 #include "viewer/film_window.h"
 #include "viewer/media_player.h"
 #include "viewer/surroundings.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -51,7 +52,7 @@ void ShowFilm(std::unique_ptr<book::Medium> medium, const QString& title, QWidge
               std::function<void()> onClosed) {
   // The toolkit's player wants a sound card for a film, too.
   if (!CanPlaySounds()) {
-    Tell(parent, QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد: کارت صدا پیدا نشد."));
+    Tell(parent, texts::NoSoundCard());
     return onClosed();
   }
   auto* const film =
@@ -70,7 +71,7 @@ void Print(const std::function<void(QPrinter&)>& draw, QWidget* parent) {
 QString ChooseFolder(QWidget* parent) {
   // The desktop's own dialog would speak the desktop's language.
   return QFileDialog::getExistingDirectory(
-      parent, QStringLiteral("پوشه\u200Cی کتاب را برگزینید"), {},
+      parent, texts::ChooseBookFolder(), {},
       QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
 }
 

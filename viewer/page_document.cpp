@@ -12,6 +12,7 @@
 
 #include "viewer/look.h"
 #include "viewer/pictures.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -87,8 +88,7 @@ void InsertWords(QTextCursor& cursor, const QString& path, const QString& pathIn
   QTextCharFormat note = Letters(style);
   note.setFont(ViewerFont(Part(style, kNoteHeight)));
   note.setForeground(Qt::gray);
-  const QString why =
-      path.isEmpty() ? QStringLiteral("این تصویر در کتاب پیدا نشد") : NoteInPlaceOf(path);
+  const QString why = path.isEmpty() ? texts::PictureNotInBook() : NoteInPlaceOf(path);
   cursor.insertText(u'[' + why + QStringLiteral(": ") + AsPath(pathInBook) + u']', note);
 }
 

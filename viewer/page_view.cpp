@@ -9,6 +9,7 @@
 
 #include "book/fold.h"
 #include "book/marks.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -27,7 +28,7 @@ PageView::PageView(const book::Folder& book, const Look& look, Pictures& picture
       pictures_(pictures),
       pagePictures_(pictures, look, *viewport(), {kColumnWidth, kHighestPicture}) {
   setObjectName(QStringLiteral("page"));
-  setAccessibleName(QStringLiteral("متن"));
+  setAccessibleName(texts::PageText());
   setReadOnly(true);
   setCursorWidth(0);
   setAcceptDrops(false);

@@ -5,6 +5,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 namespace {
 
@@ -19,12 +21,11 @@ PictureShow::PictureShow(const book::Folder& book, const Look& /*look*/,
       gallery_(std::move(gallery)),
       current_(first),
       pictures_(kLargestOnScreen),
-      next_(QStringLiteral("nextPicture"), QStringLiteral("بعدی"), LookOf(2),
-            FlatButton::Place::kBar, this),
-      previous_(QStringLiteral("previousPicture"), QStringLiteral("قبلی"), LookOf(2),
+      next_(QStringLiteral("nextPicture"), texts::Next(), LookOf(2), FlatButton::Place::kBar, this),
+      previous_(QStringLiteral("previousPicture"), texts::Previous(), LookOf(2),
                 FlatButton::Place::kBar, this),
-      close_(QStringLiteral("closePicture"), QStringLiteral("بستن"), LookOf(2),
-             FlatButton::Place::kBar, this) {
+      close_(QStringLiteral("closePicture"), texts::Close(), LookOf(2), FlatButton::Place::kBar,
+             this) {
   setObjectName(QStringLiteral("pictureShow"));
   setAttribute(Qt::WA_DeleteOnClose);
   setFocusPolicy(Qt::StrongFocus);
@@ -75,8 +76,8 @@ void PictureShow::PaintTitle(QPainter& painter) {
            Qt::AlignHCenter | Qt::AlignVCenter);
   painter.setFont(ViewerFont(13));
   painter.setPen(QColor(190, 190, 190));
-  const QString place = PersianNumber(current_ + 1) + QStringLiteral(" از ") +
-                        PersianNumber(static_cast<qint64>(gallery_.size()));
+  const QString place = texts::PictureOf().arg(PersianNumber(current_ + 1),
+                                               PersianNumber(static_cast<qint64>(gallery_.size())));
   DrawText(painter, {close_.x() - 130, band.top(), 114, band.height()}, place, 1, Qt::AlignVCenter);
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 
 #include "media/turns.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -152,8 +153,7 @@ QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most) {
 }
 
 QString NoteInPlaceOf(const QString& path) {
-  return path.isEmpty() ? QStringLiteral("این تصویر پیدا نشد")
-                        : QStringLiteral("این تصویر نمایش داده نمی‌شود");
+  return path.isEmpty() ? texts::NoPicture() : texts::PictureNotShown();
 }
 
 Pictures::Pictures(quint64 largest) : largest_(largest), ready_(kKeptKilobytes) {

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "book/shown_name.h"
+#include "viewer/texts.h"
 
 namespace viewer {
 namespace {
@@ -132,7 +133,7 @@ SearchPage::SearchPage(const QString& root, const Look& look, QWidget* parent)
   auto* const list = new List(this);
   list_ = list;
   list->setObjectName(QStringLiteral("hits"));
-  list->setAccessibleName(QStringLiteral("یافته\u200Cها"));
+  list->setAccessibleName(texts::Hits());
   list->setFrameShape(QFrame::NoFrame);
   list->setUniformItemSizes(true);
   list->setMouseTracking(true);
@@ -171,14 +172,14 @@ void SearchPage::Stop() { worker_.Cancel(); }
 
 void SearchPage::Tell(bool ended) {
   const auto count = static_cast<qint64>(model_->hits.size());
-  const QString words = QStringLiteral("«") + AsCaption(words_.left(60)) + QStringLiteral("»");
+  const QString words = AsCaption(words_.left(60));
   QString text;
   if (count == 0) {
-    text = ended ? words + QStringLiteral(" در کتاب پیدا نشد.") : QStringLiteral("جست\u200Cوجو…");
+    text = ended ? texts::NotFound().arg(words) : texts::Searching();
   } else {
-    text = PersianNumber(count) + QStringLiteral(" نوشته با ") + words;
-    if (!ended) text += QStringLiteral(" — جست\u200Cوجو ادامه دارد…");
-    if (count >= SearchWorker::kMostHits) text += QStringLiteral(" — نخستین یافته\u200Cها");
+    text = texts::FoundWith().arg(PersianNumber(count), words);
+    if (!ended) text += texts::SearchGoesOn();
+    if (count >= SearchWorker::kMostHits) text += texts::FirstHits();
   }
   status_->setText(text);
 }

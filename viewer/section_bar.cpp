@@ -4,21 +4,23 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 
 SectionBar::SectionBar(const Look& look, QWidget* parent)
     : QWidget(parent),
-      previous_(QStringLiteral("previousSection"), QStringLiteral("بخش پیش"), look,
+      previous_(QStringLiteral("previousSection"), texts::PreviousSection(), look,
                 FlatButton::Place::kPage, this),
       label_(this),
       slider_(Qt::Horizontal, this),
-      next_(QStringLiteral("nextSection"), QStringLiteral("بخش بعد"), look,
-            FlatButton::Place::kPage, this) {
+      next_(QStringLiteral("nextSection"), texts::NextSection(), look, FlatButton::Place::kPage,
+            this) {
   setObjectName(QStringLiteral("sectionBar"));
   label_.setObjectName(QStringLiteral("sectionLabel"));
   label_.setFont(ViewerFont(kCaptionPixels));
   slider_.setObjectName(QStringLiteral("sections"));
-  slider_.setAccessibleName(QStringLiteral("بخش\u200Cهای این نوشته"));
+  slider_.setAccessibleName(texts::Sections());
   slider_.setTracking(false);  // a section is laid out once the reader lets go
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(12, 5, 12, 0);
@@ -39,8 +41,7 @@ void SectionBar::Show(int section, int count) {
   slider_.setRange(0, count - 1);
   slider_.setPageStep(std::max(1, count / 10));
   slider_.setValue(section);
-  label_.setText(
-      QStringLiteral("بخش %1 از %2").arg(PersianNumber(section + 1), PersianNumber(count)));
+  label_.setText(texts::SectionOf().arg(PersianNumber(section + 1), PersianNumber(count)));
   previous_.setEnabled(section > 0);
   next_.setEnabled(section + 1 < count);
   setVisible(count > 1);

@@ -3,13 +3,14 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 namespace {
 
 void SetUp(QMessageBox& box, const QString& name, const QString& text) {
   box.setObjectName(name);
-  box.setWindowTitle(
-      QStringLiteral("کتاب"));  // the desktop would put the program's file name there
+  box.setWindowTitle(texts::Book());  // the desktop would put the program's file name there
   box.setLayoutDirection(Qt::RightToLeft);
   box.setTextFormat(Qt::PlainText);  // a book's own words may stand in it
   box.setFont(ViewerFont(kCaptionPixels));
@@ -21,7 +22,7 @@ void SetUp(QMessageBox& box, const QString& name, const QString& text) {
 void Tell(QWidget* parent, const QString& text) {
   QMessageBox box(parent);
   SetUp(box, QStringLiteral("notice"), text);
-  box.addButton(QStringLiteral("بسیار خوب"), QMessageBox::AcceptRole);
+  box.addButton(texts::Fine(), QMessageBox::AcceptRole);
   box.exec();
 }
 
@@ -29,8 +30,8 @@ bool Ask(QWidget* parent, const QString& text) {
   QMessageBox box(parent);
   SetUp(box, QStringLiteral("question"), text);
   box.setIcon(QMessageBox::Question);
-  QPushButton* const yes = box.addButton(QStringLiteral("بله"), QMessageBox::YesRole);
-  QPushButton* const no = box.addButton(QStringLiteral("نه"), QMessageBox::NoRole);
+  QPushButton* const yes = box.addButton(texts::Yes(), QMessageBox::YesRole);
+  QPushButton* const no = box.addButton(texts::No(), QMessageBox::NoRole);
   yes->setObjectName(QStringLiteral("yes"));
   no->setObjectName(QStringLiteral("no"));
   box.setDefaultButton(no);

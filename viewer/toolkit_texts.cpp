@@ -1,6 +1,5 @@
 #include "viewer/toolkit_texts.h"
 
-#include <QLibraryInfo>
 #include <QTranslator>
 #include <algorithm>
 #include <array>
@@ -64,7 +63,7 @@ constexpr std::array kButtons = std::to_array<Phrase>({
     {"Close", u"بستن"},
     {"Yes", u"بله"},
     {"Yes to All", u"بله برای همه"},
-    {"No", u"نه"},
+    {"No", u"خیر"},
     {"No to All", u"نه برای همه"},
     {"Open", u"باز کردن"},
     {"Save", u"ذخیره"},
@@ -127,14 +126,14 @@ constexpr std::array kFolderDialog = std::to_array<Phrase>({
     {"Change to detail view mode", u"نمایش با جزئیات"},
     {"Sidebar", u"کناره"},
     {"List of places and bookmarks", u"فهرست جاها و نشانه\u200Cها"},
-    {"Files", u"پرونده\u200Cها"},
-    {"Files of type:", u"نوع پرونده\u200Cها:"},
-    {"File name:", u"نام پرونده:"},
+    {"Files", u"فایل\u200Cها"},
+    {"Files of type:", u"نوع فایل\u200Cها:"},
+    {"File name:", u"نام فایل:"},
     {"Directory:", u"پوشه:"},
     {"Directories", u"پوشه\u200Cها"},
     {"Choose", u"برگزیدن"},
     {"Find Directory", u"یافتن پوشه"},
-    {"All Files (*)", u"همه\u200Cی پرونده\u200Cها (*)"},
+    {"All Files (*)", u"همه\u200Cی فایل\u200Cها (*)"},
     {"Rename", u"تغییر نام"},
     {"Remove", u"برداشتن"},
     {"Show hidden files", u"نمایش پنهان\u200Cها"},
@@ -143,7 +142,7 @@ constexpr std::array kFolderDialog = std::to_array<Phrase>({
     {"Computer", u"رایانه"},
     {"Drive", u"دیسک"},
     {"Folder", u"پوشه"},
-    {"File", u"پرونده"},
+    {"File", u"فایل"},
     {"Name", u"نام"},
     {"Size", u"اندازه"},
     {"Type", u"نوع"},
@@ -151,7 +150,7 @@ constexpr std::array kFolderDialog = std::to_array<Phrase>({
     {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
      u"%1\nاین پوشه پیدا نشد. نام آن را دوباره ببینید."},
     {"%1\nFile not found.\nPlease verify the correct file name was given.",
-     u"%1\nاین پرونده پیدا نشد. نام آن را دوباره ببینید."},
+     u"%1\nاین فایل پیدا نشد. نام آن را دوباره ببینید."},
     {"%1 already exists.\nDo you want to replace it?", u"%1 هست. جایگزین شود؟"},
     {"'%1' is write protected.\nDo you want to delete it anyway?",
      u"«%1» در برابر نوشتن محافظت شده است. با این همه حذف شود؟"},
@@ -168,15 +167,15 @@ constexpr std::array kPrintDialog = std::to_array<Phrase>({
     {"Location:", u"جا:"},
     {"Preview", u"پیش\u200Cنمایش"},
     {"Type:", u"نوع:"},
-    {"Output file:", u"پرونده\u200Cی خروجی:"},
+    {"Output file:", u"فایل خروجی:"},
     {"Options >>", u"گزینه\u200Cها >>"},
     {"Options <<", u"گزینه\u200Cها <<"},
     {"Options", u"گزینه\u200Cها"},
     {"Advanced", u"پیشرفته"},
-    {"Print to File (PDF)", u"چاپ در پرونده (PDF)"},
-    {"Local file", u"پرونده در همین رایانه"},
-    {"Write PDF file", u"نوشتن پرونده\u200Cی PDF"},
-    {"Print To File ...", u"چاپ در پرونده ..."},
+    {"Print to File (PDF)", u"چاپ در فایل (PDF)"},
+    {"Local file", u"فایل در همین رایانه"},
+    {"Write PDF file", u"نوشتن فایل PDF"},
+    {"Print To File ...", u"چاپ در فایل ..."},
     {"Print range", u"چه صفحه\u200Cهایی"},
     {"Print all", u"همه"},
     {"Pages from", u"صفحه\u200Cهای"},
@@ -333,12 +332,6 @@ class PersianTexts : public QTranslator {
 }  // namespace
 
 void MakeToolkitSpeakPersian(QCoreApplication& application) {
-  auto* const ofHost = new QTranslator(&application);
-  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-  if (ofHost->load(QStringLiteral("qtbase_fa"), folder)) {
-    QCoreApplication::installTranslator(ofHost);
-  }
-  // The last one is asked first, so that the words are the same on every host.
   QCoreApplication::installTranslator(new PersianTexts(&application));
 }
 

@@ -5,8 +5,7 @@
 
 namespace viewer {
 
-// From here on they are Persian. What this doesn't know comes from the translations of the host,
-// where they are installed.
+// From here on they are Persian, and the same on every host, whatever translations it has.
 void MakeToolkitSpeakPersian(QCoreApplication& application);
 
 }  // namespace viewer

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "viewer/texts.h"
+
 namespace viewer {
 namespace {
 
@@ -35,7 +37,7 @@ Window::Window(const QString& root, Outside outside)
       surroundings_{book_,     settings_, look_,
                     pictures_, outside_,  [this](bool hushed) { music_.Hush(hushed); }} {
   setObjectName(QStringLiteral("viewer"));
-  setWindowTitle(QStringLiteral("کتاب"));
+  setWindowTitle(texts::Book());
   setLayoutDirection(Qt::RightToLeft);
   setFont(ViewerFont(kCaptionPixels));
   setPalette(PaletteOf(look_));
@@ -56,14 +58,11 @@ Window::Window(const QString& root, Outside outside)
 Window::~Window() { delete pages_; }
 
 void Window::MakeNotice() {
-  notice_ = hasBook_ ? QStringLiteral("این کتاب هنوز مجموعه\u200Cای ندارد.")
-                     : QStringLiteral(
-                           "کتابی در این پوشه پیدا نشد. این برنامه باید در کنار پوشه\u200Cی Data "
-                           "کتاب باشد.");
+  notice_ = hasBook_ ? texts::NoCollections() : texts::NoBook();
   setAccessibleDescription(notice_);
   if (hasBook_ || !outside_.chooseFolder) return;
-  open_ = new FlatButton(QStringLiteral("open"), QStringLiteral("باز کردن کتاب"), look_,
-                         FlatButton::Place::kPage, this);
+  open_ = new FlatButton(QStringLiteral("open"), texts::OpenBook(), look_, FlatButton::Place::kPage,
+                         this);
   QObject::connect(open_, &QAbstractButton::clicked, this, [this] { ChooseFolder(); });
   open_->setFocus();
 }
@@ -84,13 +83,13 @@ void Window::MakeBar() {
   const auto button = [this](const char* name, const QString& caption) {
     return new FlatButton(QString::fromLatin1(name), caption, look_, FlatButton::Place::kBar, this);
   };
-  home_ = button("home", QStringLiteral("فهرست کتاب"));
-  back_ = button("back", QStringLiteral("بازگشت"));
-  musicSwitch_ = button("music", QStringLiteral("موسیقی"));
-  find_ = button("find", QStringLiteral("جست\u200Cوجو"));
+  home_ = button("home", texts::Home());
+  back_ = button("back", texts::Back());
+  musicSwitch_ = button("music", texts::Music());
+  find_ = button("find", texts::Find());
   words_ = new QLineEdit(this);
   words_->setObjectName(QStringLiteral("words"));
-  words_->setPlaceholderText(QStringLiteral("جست\u200Cوجو در کتاب"));
+  words_->setPlaceholderText(texts::FindInBook());
   words_->setAccessibleName(words_->placeholderText());
   words_->setMaxLength(200);
   words_->setTextMargins(6, 0, 6, 0);
@@ -265,7 +264,7 @@ void Window::GoHome() {
   if (!indexPage_) return;
   if (searchPage_) searchPage_->Stop();
   fromSearch_ = false;
-  setWindowTitle(QStringLiteral("کتاب"));
+  setWindowTitle(texts::Book());
   Show(indexPage_);
   indexPage_->FocusCard(last_.number > 0 ? last_ : index_.collections.front());
 }
@@ -279,15 +278,14 @@ void Window::SwitchMusic() {
 // Music that begins by itself brings no box with it: the reader has asked for a book.
 void Window::TellMusicGivenUp() {
   TellMusic();
-  const QString word = QStringLiteral("موسیقی این کتاب را نمی\u200Cتوان پخش کرد.");
+  const QString word = texts::CantPlayMusic();
   musicSwitch_->setToolTip(word);
   musicSwitch_->setAccessibleDescription(word);
   if (musicIsAskedFor_) Tell(this, word);
 }
 
 void Window::TellMusic() {
-  musicSwitch_->SetCaption(music_.IsOn() ? QStringLiteral("خاموشی موسیقی")
-                                         : QStringLiteral("پخش موسیقی"));
+  musicSwitch_->SetCaption(music_.IsOn() ? texts::SwitchMusicOff() : texts::SwitchMusicOn());
 }
 
 }  // namespace viewer
