@@ -129,6 +129,14 @@ class Reader {
 
 Page ParsePage(QStringView text) { return Reader(text).Read(); }
 
+Page ForReaders(Page page, Digits digits) {
+  page.title = ReadingText(page.title, digits);
+  for (PagePart& part : page.parts) {
+    if (part.kind == PagePart::Kind::kParagraph) part.text = ReadingText(part.text, digits);
+  }
+  return page;
+}
+
 std::optional<Page> ReadPage(const Folder& book, const QString& sourceInBook) {
   const std::optional<QString> text = ReadText(book, sourceInBook);
   if (!text) return std::nullopt;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "book/folder.h"
+#include "book/reading_text.h"
 
 namespace book {
 
@@ -39,6 +40,8 @@ struct PagePlace {
 // Lines outside all elements are paragraphs, too; in a page of many thousands of them a paragraph
 // is some hundred lines.
 Page ParsePage(QStringView text);
+// The page as readers are shown it: its title and its texts as ReadingText has them.
+Page ForReaders(Page page, Digits digits = Digits::kAsTheyAre);
 // Nothing, with a warning, where the file isn't there.
 [[nodiscard]] std::optional<Page> ReadPage(const Folder& book, const QString& sourceInBook);
 

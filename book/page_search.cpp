@@ -127,7 +127,7 @@ bool PageSearch::MayHoldAll(QByteArrayView bytes) {
 std::optional<Match> PageSearch::Find(QByteArrayView bytes) {
   if (words_.isEmpty()) return std::nullopt;
   if (IsLittleEndian(bytes) && !MayHoldAll(bytes)) return std::nullopt;
-  const Page page = ParsePage(DecodeText(bytes));
+  const Page page = ForReaders(ParsePage(DecodeText(bytes)));
   Match match;
   if (!Confirm(match, page, words_)) return std::nullopt;
   match.title = page.title;

@@ -131,7 +131,8 @@ void CollectionPage::ShowPage(const book::Node& node, const QString& words) {
     return;
   }
   if (page->title.isEmpty()) page->title = node.label;
-  page_.ShowPage(std::move(*page), book::BackgroundOf(surroundings_.book, node), words);
+  page_.ShowPage(book::ForReaders(std::move(*page)), book::BackgroundOf(surroundings_.book, node),
+                 words);
 }
 
 void CollectionPage::ShowText(bool text) {

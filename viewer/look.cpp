@@ -8,6 +8,7 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "book/reading_text.h"
 #include "book/shown_name.h"
 
 namespace viewer {
@@ -164,7 +165,8 @@ QString PersianNumber(qint64 number) {
 }
 
 QString AsCaption(const QString& text) {
-  QString caption = book::WithSigns(text.left(kLongestCaption).simplified());
+  const QString read = book::ReadingText(QStringView(text).left(kLongestCaption));
+  QString caption = book::WithSigns(read.simplified());
   if (text.size() > kLongestCaption) caption += kDots;
   return caption;
 }

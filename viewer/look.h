@@ -41,8 +41,8 @@ inline constexpr int kHeadingPixels = 19;
 // With Persian digits.
 QString PersianNumber(qint64 number);
 
-// A text of the book as one line of bounded length, for lists, cards and titles of windows; with
-// signs for controls.
+// A text of the book as it should read, as one line of bounded length, for lists, cards and titles
+// of windows; with signs for controls.
 QString AsCaption(const QString& text);
 // The same for a tool tip, which would take signs of a mark-up language in it for such and be as
 // wide as its longest word.

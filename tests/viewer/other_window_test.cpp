@@ -85,7 +85,7 @@ TEST_F(Viewing, AHitOpensItsPageWithTheWordMarked) {
   EXPECT_TRUE(PageText(*window_).contains(u"متن نخست"_s));
   const auto& page = *qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s));
   ASSERT_EQ(page.extraSelections().size(), 1);
-  EXPECT_EQ(page.extraSelections().front().cursor.selectedText(), u"روباهي"_s);
+  EXPECT_EQ(page.extraSelections().front().cursor.selectedText(), u"روباهی"_s);
   Click(*window_, u"back"_s);
   EXPECT_TRUE(IsSeen(*window_, u"hits"_s));
 }
@@ -100,7 +100,7 @@ TEST_F(Viewing, TheNextSearchEndsTheOneBefore) {
   Open();
   Search(u"متن"_s);
   Search(u"روباهي"_s);
-  ASSERT_TRUE(Await([&] { return Status().contains(u"۱ نوشته با «روباهي»"_s); }));
+  ASSERT_TRUE(Await([&] { return Status().contains(u"۱ نوشته با «روباهی»"_s); }));
   EXPECT_EQ(ListOf(*window_, u"hits"_s).model()->rowCount(), 1);
 }
 

@@ -1,6 +1,8 @@
 // The viewer's window as a reader meets it: index, contents, pages, what belongs to them.
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QTest>
 #include <QTextBlock>
@@ -98,6 +100,35 @@ TEST_F(Reading, ASelectedEntryShowsItsPageWithItsPicture) {
   EXPECT_TRUE(text.contains(u"متن دوم"_s));
   EXPECT_TRUE(text.contains(QChar::ObjectReplacementCharacter));
   EXPECT_TRUE(text.contains(u"پس از تصویر"_s));
+}
+
+TEST_F(Reading, PersianIsShownAndCopiedAsItShouldRead) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/TXT/ONE.htm"_s,
+               viewer_tests::PageText(u"كتاب\u200Fها"_s,
+                                      {u"در 23.\u200F5 و ۱۲:\u200F۳۰ مي\u200Fشود.\u200F"_s}));
+  Show();
+  OpenCollection();
+  EXPECT_TRUE(PageText(*window_).contains(u"کتاب\u200Cها"_s));
+  EXPECT_TRUE(PageText(*window_).contains(u"در 23.5 و ۱۲:۳۰ می\u200Cشود.\u200F"_s));
+  auto& page = *qobject_cast<QTextEdit*>(&Find(*window_, u"page"_s));
+  page.selectAll();
+  QTest::keyClick(&page, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().contains(u"در 23.5 و ۱۲:۳۰ می\u200Cشود.\u200F"_s));
+}
+
+TEST_F(Reading, TitlesReadAsTheyShouldInContentsAndOnCards) {
+  MakeBook(maker_);
+  maker_.Write(u"Data/_xml/Index.xml"_s,
+               u"<strings>\r\n\t<aTitle1 vol=\"txt\">كتاب\u200Fها 1.\u200F5</aTitle1>\r\n"_s);
+  maker_.Write(u"Data/_xml/aTitle1.xml"_s,
+               u"<?xml version=\"1.0\"?>\r\n<Tree>\r\n\t<node label=\"مي\u200Fشود 6.\u200F4\""
+               " src=\"DATA/TXT/ONE.htm\" mediaStatus=\"000\" pic=\"0\" />\r\n</Tree>\r\n"_s);
+  Show();
+  EXPECT_EQ(Find(*window_, u"a1"_s).accessibleName(), u"کتاب\u200Cها 1.5"_s);
+  OpenCollection();
+  EXPECT_EQ(RowsOf(ListOf(*window_)), QStringList{u"می\u200Cشود 6.4"_s});
+  EXPECT_EQ(window_->windowTitle(), u"کتاب\u200Cها 1.5"_s);
 }
 
 TEST_F(Reading, ParagraphsRunFromRightToLeft) {
