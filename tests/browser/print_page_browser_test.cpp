@@ -163,17 +163,34 @@ TEST_F(PrintPageInBrowser, ReadsFromRightToLeftUnderItsTitle) {
   EXPECT_THAT(facts, HasSubstr("|wide=false|"));
 }
 
+TEST_F(PrintPageInBrowser, NumbersAddressesAndHalfSpacesReadAsTheyShould) {
+  AddPage(u"مي\u200Fشود 6.\u200F4",
+          u"كتاب\u200Fها در 23.\u200F5 و ۱۲:\u200F۳۰ و http:\u200F//a1.\u200Fir رفت.\u200F پس", {});
+  Export();
+  const std::string facts = Facts();
+  EXPECT_THAT(facts, HasSubstr("|title=می\u200Cشود 6.4|"));
+  EXPECT_THAT(facts,
+              HasSubstr("|first=کتاب\u200Cها در 23.5 و ۱۲:۳۰ و http://a1.ir رفت.\u200F پس|"));
+}
+
+TEST_F(PrintPageInBrowser, WithoutScriptsThePageIsAsItWasWritten) {
+  AddPage(u"باغ", u"كتاب\u200Fها در 23.\u200F5", {});
+  Export();
+  const std::string page = Browse({"--blink-settings=scriptEnabled=false", "--dump-dom"}, kPage);
+  EXPECT_THAT(page, HasSubstr("كتاب\u200Fها در 23.\u200F5"));
+}
+
 TEST_F(PrintPageInBrowser, BlankParagraphsAtTheEndsTakeNoPlace) {
   AddPage(u"باغ", u"يكم\r\n\r\nسوم", {});
   Export();
   const std::string facts = Facts();
-  EXPECT_THAT(facts, HasSubstr("|shown=2|first=يكم|"));
+  EXPECT_THAT(facts, HasSubstr("|shown=2|first=یکم|"));
 }
 
 TEST_F(PrintPageInBrowser, FindsThePicturesBesideThePages) {
   AddPage(u"نگاره", u"پيش\r\n {0}\r\nپس", {{0, u"MyBook.jpg"}});
   Export();
-  EXPECT_THAT(Facts(), HasSubstr("|shown=2|first=پيش|pictures=600x800|hidden=0|"));
+  EXPECT_THAT(Facts(), HasSubstr("|shown=2|first=پیش|pictures=600x800|hidden=0|"));
 }
 
 TEST_F(PrintPageInBrowser, APictureThatIsNotThereLeavesNoBrokenFrame) {
@@ -192,7 +209,7 @@ TEST_F(PrintPageInBrowser, OddTitlesLeaveTheButtonAndTheTextAtWork) {
   AddPage(u"گل \"سرخ\" & 'لاله' \\ <b>ياس</title><i></script></div>", u"يكم", {});
   Export();
   const std::string facts = Facts();
-  EXPECT_THAT(facts, HasSubstr("|shown=1|first=يكم|"));
+  EXPECT_THAT(facts, HasSubstr("|shown=1|first=یکم|"));
   EXPECT_THAT(facts, HasSubstr("|printed=1|"));
 }
 
