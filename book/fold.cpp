@@ -4,7 +4,6 @@
 #include <QHash>
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <memory>
 
 namespace book {
@@ -27,19 +26,25 @@ void PassOver(Table& table, char16_t first, char16_t last) {
 }
 
 void FoldLetters(Table& table) {
-  Same(table, u'\u06CC', u"\u064A\u0649\u0626\u06CC");  // yeh, of either keyboard, with hamza
-  Same(table, u'\u06A9', u"\u0643\u06AA");              // kaf
-  Same(table, u'\u0627', u"\u0622\u0623\u0625\u0671");  // alef with madda, hamza, wasla
-  Same(table, u'\u0648', u"\u0624");                    // waw with hamza
+  Same(table, u'\u06CC', u"\u064A\u0649\u06CC");                    // yeh, of either keyboard
+  Same(table, u'\u06A9', u"\u0643\u06AA");                          // kaf
+  Same(table, u'\u0627', u"\u0622\u0623\u0625\u0671");              // alef with madda, hamza, wasla
+  Same(table, u'\u0648', u"\u0624");                                // waw with hamza
   Same(table, u'\u0647', u"\u0629\u06C0\u06C1\u06C2\u06C3\u06D5");  // heh and teh marbuta
+}
+
+// Those of a hamza or a madda belong to their letter.
+void PassOverVowelSigns(Table& table) {
+  PassOver(table, u'\u064B', u'\u0652');
+  PassOver(table, u'\u0656', u'\u065F');
+  PassOver(table, u'\u0670', u'\u0670');  // alef above
 }
 
 void PassOverMarks(Table& table) {
   PassOver(table, u'\u0610', u'\u061A');  // signs above
   PassOver(table, u'\u061C', u'\u061C');  // Arabic letter mark
   PassOver(table, u'\u0640', u'\u0640');  // tatweel
-  PassOver(table, u'\u064B', u'\u065F');  // vowel signs
-  PassOver(table, u'\u0670', u'\u0670');  // alef above
+  PassOver(table, u'\u0653', u'\u0655');  // madda, hamza
   PassOver(table, u'\u06D6', u'\u06DC');  // signs of recitation
   PassOver(table, u'\u06DF', u'\u06E4');
   PassOver(table, u'\u06E7', u'\u06E8');
@@ -75,11 +80,12 @@ void FoldShapes(Table& table, Ligatures& ligatures) {
   for (std::size_t c = u'\uFB50'; c <= u'\uFEFC'; ++c) {
     const auto shape = static_cast<char16_t>(c);
     if (!IsShape(shape)) continue;
-    const QString letters = QString(QChar(shape)).normalized(QString::NormalizationForm_KD);
+    const QString letters = QString(QChar(shape)).normalized(QString::NormalizationForm_KC);
     if (letters == QChar(shape)) continue;
-    const QString folded = FoldedBy(table, letters);
-    if (folded.trimmed().isEmpty()) {
-      table[c] = 0;  // a vowel sign, alone on a blank or on a tatweel
+    // A vowel sign's own shape stands on a blank, or on a tatweel.
+    const QString folded = FoldedBy(table, letters).trimmed();
+    if (folded.isEmpty()) {
+      table[c] = 0;
     } else if (folded.size() == 1) {
       table[c] = folded.front().unicode();
     } else {
@@ -94,7 +100,7 @@ struct Folding {
   Ligatures ligatures;
 };
 
-std::unique_ptr<const Folding> MakeFolding() {
+std::unique_ptr<const Folding> MakeFolding(VowelSigns signs) {
   auto folding = std::make_unique<Folding>();
   Table& table = folding->table;
   for (std::size_t c = 0; c < table.size(); ++c) {
@@ -104,21 +110,26 @@ std::unique_ptr<const Folding> MakeFolding() {
   SameRange(table, u'\u0660', u'\u0669', u'0');
   SameRange(table, u'\u06F0', u'\u06F9', u'0');
   Same(table, u' ', u"\t\r\n\u00A0\u2002\u2003\u2009\u202F\u2028\u2029");
+  Same(table, u'.', u"\u066B");  // the decimal point
+  Same(table, u',', u"\u066C");  // that of thousands
   PassOverMarks(table);
+  if (signs == VowelSigns::kPassedOver) PassOverVowelSigns(table);
   PassOver(table, kSeveral, kSeveral);  // no character at all
   FoldShapes(table, folding->ligatures);
   return folding;
 }
 
-const Folding& TheFolding() {
-  static const std::unique_ptr<const Folding> kFolding = MakeFolding();
-  return *kFolding;
+const Folding& FoldingOf(VowelSigns signs) {
+  static const std::unique_ptr<const Folding> kPassingOver = MakeFolding(VowelSigns::kPassedOver);
+  if (signs == VowelSigns::kPassedOver) return *kPassingOver;
+  static const std::unique_ptr<const Folding> kCounting = MakeFolding(VowelSigns::kCount);
+  return *kCounting;
 }
 
 // Calls take(folded character, place in the text).
 template <typename Take>
-void FoldEach(QStringView text, const Take& take) {
-  const char16_t* const table = FoldTable();
+void FoldEach(QStringView text, VowelSigns signs, const Take& take) {
+  const char16_t* const table = FoldTable(signs);
   for (qsizetype i = 0; i < text.size(); ++i) {
     const char16_t as = table[text[i].unicode()];
     if (as == 0) continue;
@@ -126,53 +137,36 @@ void FoldEach(QStringView text, const Take& take) {
       take(QChar(as), i);
       continue;
     }
-    for (const QChar each : SeveralFor(text[i].unicode())) take(each, i);
+    for (const QChar each : SeveralFor(text[i].unicode(), signs)) take(each, i);
   }
 }
 
 }  // namespace
 
-const char16_t* FoldTable() { return TheFolding().table.data(); }
+const char16_t* FoldTable(VowelSigns signs) { return FoldingOf(signs).table.data(); }
 
-QStringView SeveralFor(char16_t ligature) {
-  const Ligatures& ligatures = TheFolding().ligatures;
+QStringView SeveralFor(char16_t ligature, VowelSigns signs) {
+  const Ligatures& ligatures = FoldingOf(signs).ligatures;
   const auto found = ligatures.constFind(ligature);
   return found == ligatures.cend() ? QStringView() : QStringView(*found);
 }
 
-QString Folded(QStringView text) {
+QString Folded(QStringView text, VowelSigns signs) {
   QString folded;
   folded.reserve(text.size());
-  FoldEach(text, [&](QChar as, qsizetype) { folded += as; });
+  FoldEach(text, signs, [&](QChar as, qsizetype) { folded += as; });
   return folded;
 }
 
-QString Folded(QStringView text, std::vector<qsizetype>& origins) {
+QString Folded(QStringView text, std::vector<qsizetype>& origins, VowelSigns signs) {
   QString folded;
   folded.reserve(text.size());
   origins.clear();
-  FoldEach(text, [&](QChar as, qsizetype from) {
+  FoldEach(text, signs, [&](QChar as, qsizetype from) {
     folded += as;
     origins.push_back(from);
   });
   return folded;
-}
-
-qsizetype OriginOf(QStringView text, qsizetype place) {
-  const char16_t* const table = FoldTable();
-  qsizetype origin = -1;
-  for (qsizetype folded = -1; folded < place;) {
-    const char16_t character = text[++origin].unicode();
-    const char16_t as = table[character];
-    folded += as == kSeveral ? SeveralFor(character).size() : as != 0 ? 1 : 0;
-  }
-  return origin;
-}
-
-QStringList WordsOf(const QString& typed) {
-  QStringList words = Folded(typed.simplified()).split(u' ', Qt::SkipEmptyParts);
-  std::ranges::stable_sort(words, std::greater<>(), &QString::size);
-  return words;
 }
 
 }  // namespace book

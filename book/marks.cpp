@@ -7,29 +7,49 @@ namespace {
 
 constexpr std::size_t kMostMarks = 100;
 
+// Where each term stands next, from a place on that only grows.
+class NextOfEach {
+ public:
+  NextOfEach(const QString& folded, const std::vector<Term>& terms)
+      : text_(UnitsOf(folded)), terms_(terms) {
+    for (const Term& term : terms) next_.push_back(term.In(text_));
+  }
+
+  // The first from the place on; the longest of those that start together.
+  std::optional<Stretch> From(std::size_t place) {
+    std::optional<Stretch> first;
+    for (std::size_t i = 0; i < terms_.size(); ++i) {
+      std::optional<Stretch>& next = next_[i];
+      if (next && next->start < place) next = terms_[i].In(text_, place);
+      if (next && (!first || next->start < first->start)) first = next;
+    }
+    return first;
+  }
+
+ private:
+  std::u16string_view text_;
+  const std::vector<Term>& terms_;
+  std::vector<std::optional<Stretch>> next_;
+};
+
 }  // namespace
 
-std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords) {
+std::vector<Mark> MarksIn(const QString& text, const Query& query) {
   std::vector<Mark> marks;
   std::vector<qsizetype> origins;
-  const QString folded = Folded(text, origins);
+  const QString folded = Folded(text, origins, query.Signs());
+  NextOfEach nextOfEach(folded, query.Terms());
   qsizetype after = 0;  // of the last mark, in the text
-  for (qsizetype at = 0; at < folded.size() && marks.size() < kMostMarks;) {
-    qsizetype nearest = -1;
-    qsizetype length = 0;
-    for (const QString& word : foldedWords) {
-      const qsizetype found = folded.indexOf(word, at);
-      if (found < 0 || (nearest >= 0 && found >= nearest)) continue;
-      nearest = found;
-      length = word.size();
-    }
-    if (nearest < 0) break;
-    const qsizetype start = origins[static_cast<std::size_t>(nearest)];
-    const qsizetype last = origins[static_cast<std::size_t>(nearest + length - 1)];
-    at = nearest + length;
+  std::size_t place = 0;
+  while (marks.size() < kMostMarks) {
+    const std::optional<Stretch> found = nextOfEach.From(place);
+    if (!found) break;
+    place = found->start + found->length;
+    const qsizetype start = origins[found->start];
+    const qsizetype end = origins[place - 1] + 1;
     if (start < after) continue;  // it starts within a ligature that is marked already
-    marks.push_back({start, last + 1 - start});
-    after = last + 1;
+    marks.push_back({start, end - start});
+    after = end;
   }
   return marks;
 }

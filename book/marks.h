@@ -2,8 +2,9 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 #include <vector>
+
+#include "book/query.h"
 
 namespace book {
 
@@ -12,7 +13,7 @@ struct Mark {
   qsizetype length = 0;
 };
 
-// Of folded words, in the order of the text, without overlap; the first 100.
-std::vector<Mark> MarksIn(const QString& text, const QStringList& foldedWords);
+// In the order of the text, without overlap; the first 100.
+std::vector<Mark> MarksIn(const QString& text, const Query& query);
 
 }  // namespace book

@@ -15,10 +15,6 @@ namespace {
 constexpr qsizetype kBefore = 40;  // characters of a snippet before the word
 constexpr qsizetype kAfter = 80;
 
-std::u16string_view ViewOf(const QString& text) {
-  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
-}
-
 bool IsLittleEndian(QByteArrayView bytes) {
   return !bytes.startsWith("\xFE\xFF") && !bytes.startsWith("\xEF\xBB\xBF");
 }
@@ -35,11 +31,7 @@ qsizetype BlankAfter(const QString& text, qsizetype at) {
   return blank < at - kAfter / 2 ? at : blank;
 }
 
-void SetSnippet(Match& match, const QString& text, const QString& word) {
-  const qsizetype at = Folded(text).indexOf(word);
-  if (at < 0) return;
-  const qsizetype start = OriginOf(text, at);
-  const qsizetype end = OriginOf(text, at + word.size() - 1) + 1;
+void SetSnippet(Match& match, const QString& text, qsizetype start, qsizetype end) {
   const qsizetype from = std::min(BlankBefore(text, start - kBefore), start);
   const qsizetype to = std::max(BlankAfter(text, end + kAfter), end);
   match.snippet = text.sliced(from, to - from);
@@ -65,34 +57,43 @@ class Texts {
   const Page& page_;
 };
 
-// Goes through the page's own texts, without its tags. Says whether each of the words is there, and
+// Goes through the page's own texts, without its tags. Says whether each of the terms is there, and
 // sets the place of the first in the page.
-bool Confirm(Match& match, const Page& page, const QStringList& words) {
-  QStringList missing = words;
+bool Confirm(Match& match, const Page& page, const Query& query) {
+  std::vector<const Term*> missing;
+  for (const Term& term : query.Terms()) missing.push_back(&term);
   const Texts texts(page);
-  QString firstWord;
-  for (int part = texts.First(); part < texts.End() && !missing.isEmpty(); ++part) {
-    const QString folded = Folded(texts.At(part));
-    const auto isHere = [&](const QString& word) { return folded.contains(word); };
-    const auto found = std::ranges::find_if(std::as_const(missing), isHere);
-    if (found == missing.cend()) continue;
-    if (firstWord.isEmpty()) {
-      firstWord = *found;
-      match.part = part;
-    }
-    missing.removeIf(isHere);
+  bool hasPlace = false;
+  std::vector<qsizetype> origins;
+  for (int part = texts.First(); part < texts.End() && !missing.empty(); ++part) {
+    const QString text = texts.At(part);
+    const QString folded = Folded(text, origins, query.Signs());
+    std::erase_if(missing, [&](const Term* term) {
+      const std::optional<Stretch> found = term->In(UnitsOf(folded));
+      if (!found) return false;
+      if (!hasPlace) {
+        match.part = part;
+        SetSnippet(match, text, origins[found->start],
+                   origins[found->start + found->length - 1] + 1);
+      }
+      hasPlace = true;
+      return true;
+    });
   }
-  if (!missing.isEmpty()) return false;
-  SetSnippet(match, texts.At(match.part), firstWord);
-  return true;
+  return missing.empty();
 }
 
 }  // namespace
 
-PageSearch::PageSearch(const QString& words) : words_(WordsOf(words)) {}
+// In the bytes a phrase may hold "&nbsp;".
+PageSearch::PageSearch(Query query) : query_(std::move(query)) {
+  for (const Term& term : query_.Terms()) {
+    for (const QString& word : term.Folded().split(u' ')) words_.emplace_back(word, false);
+  }
+}
 
 std::u16string_view PageSearch::Fold(QByteArrayView bytes) {
-  const char16_t* const table = FoldTable();
+  const char16_t* const table = FoldTable(query_.Signs());
   const auto count = static_cast<std::size_t>(bytes.size() / 2);
   if (folded_.size() < count) folded_.resize(count);
   const char* from = bytes.data();
@@ -109,8 +110,8 @@ std::u16string_view PageSearch::Fold(QByteArrayView bytes) {
 
 // The same for a page that holds some, which takes its time.
 std::u16string_view PageSearch::FoldWithLigatures(QByteArrayView bytes) {
-  const QString folded = Folded(DecodeText(bytes));
-  const std::u16string_view view = ViewOf(folded);
+  const QString folded = Folded(DecodeText(bytes), query_.Signs());
+  const std::u16string_view view = UnitsOf(folded);
   folded_.assign(view.begin(), view.end());
   return {folded_.data(), folded_.size()};
 }
@@ -119,17 +120,15 @@ std::u16string_view PageSearch::FoldWithLigatures(QByteArrayView bytes) {
 // done with that.
 bool PageSearch::MayHoldAll(QByteArrayView bytes) {
   const std::u16string_view folded = Fold(bytes);
-  return std::ranges::all_of(words_, [&](const QString& word) {
-    return folded.find(ViewOf(word)) != std::u16string_view::npos;
-  });
+  return std::ranges::all_of(words_, [&](const Term& term) { return term.In(folded).has_value(); });
 }
 
 std::optional<Match> PageSearch::Find(QByteArrayView bytes) {
-  if (words_.isEmpty()) return std::nullopt;
+  if (query_.IsEmpty()) return std::nullopt;
   if (IsLittleEndian(bytes) && !MayHoldAll(bytes)) return std::nullopt;
   const Page page = ForReaders(ParsePage(DecodeText(bytes)));
   Match match;
-  if (!Confirm(match, page, words_)) return std::nullopt;
+  if (!Confirm(match, page, query_)) return std::nullopt;
   match.title = page.title;
   return match;
 }

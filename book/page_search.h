@@ -3,14 +3,15 @@
 
 #include <QByteArrayView>
 #include <QString>
-#include <QStringList>
 #include <optional>
 #include <string_view>
 #include <vector>
 
+#include "book/query.h"
+
 namespace book {
 
-// The first place in a page where one of the words stands.
+// The first place in a page, as readers are shown it, where one of the words stands.
 struct Match {
   QString title;             // of the page
   QString snippet;           // the text around the word
@@ -22,10 +23,9 @@ struct Match {
 
 class PageSearch {
  public:
-  // Each of the words must occur, title included; words stand between blanks.
-  explicit PageSearch(const QString& words);
+  // Each of the words and phrases must occur, title included.
+  explicit PageSearch(Query query);
 
-  bool HasWords() const { return !words_.isEmpty(); }
   // In a page file as it stands on disk. Quick where a word isn't in the page.
   [[nodiscard]] std::optional<Match> Find(QByteArrayView bytes);
 
@@ -34,7 +34,8 @@ class PageSearch {
   std::u16string_view FoldWithLigatures(QByteArrayView bytes);
   [[nodiscard]] bool MayHoldAll(QByteArrayView bytes);
 
-  QStringList words_;
+  Query query_;
+  std::vector<Term> words_;       // those of its phrases, too, each by itself
   std::vector<char16_t> folded_;  // room for a page, kept from one to the next
 };
 

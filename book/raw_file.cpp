@@ -15,14 +15,13 @@ namespace book {
 namespace {
 
 // Without O_NONBLOCK a pipe would wait for a writer.
-int OpenWhatItIs(const QString& path) {
-  return ::open(QFile::encodeName(path).constData(),
-                O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+int OpenWhatItIs(const QByteArray& encodedPath) {
+  return ::open(encodedPath.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
 }
 
 class Handle {
  public:
-  explicit Handle(const QString& path) : number_(OpenWhatItIs(path)) {}
+  explicit Handle(const QByteArray& encodedPath) : number_(OpenWhatItIs(encodedPath)) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   ~Handle() {
@@ -58,12 +57,14 @@ class Handle {
 }  // namespace
 
 int OpenOrdinaryFile(const QString& path) {
-  Handle file(path);
+  Handle file(QFile::encodeName(path));
   return file.Size() < 0 ? -1 : file.Take();
 }
 
-QByteArrayView RawFile::Read(const QString& path) {
-  const Handle file(path);
+QByteArrayView RawFile::Read(const QString& path) { return Read(QFile::encodeName(path)); }
+
+QByteArrayView RawFile::Read(const QByteArray& encodedPath) {
+  const Handle file(encodedPath);
   const qint64 size = file.Size();
   if (size < 0) return {};
   const auto wanted = static_cast<std::size_t>(std::min(size, kLongestText));

@@ -16,11 +16,11 @@ struct Hit : Match {  // of its title: the entry's where the page has none
   QString source;  // path in the book of the page
 };
 
-// Finds the pages in which each of the words occurs, title included; words stand between blanks.
-// The hits come in the book's order. Ends when onHit returns false, and when goesOn does, which is
-// asked before each page. Blocks until then: meant for a worker thread, with a Folder of its
-// own. Pages that can't be read are passed over.
-void SearchBook(const Folder& book, const QString& words, const std::function<bool(Hit&&)>& onHit,
+// Finds the pages in which each of the words and phrases occurs, title included. The hits come in
+// the book's order. Ends when onHit returns false, and when goesOn does, which is asked before each
+// page. Blocks until then: meant for a worker thread, with a Folder of its own; reads on threads of
+// its own. Pages that can't be read are passed over.
+void SearchBook(const Folder& book, const Wish& wish, const std::function<bool(Hit&&)>& onHit,
                 const std::function<bool()>& goesOn = {});
 
 }  // namespace book

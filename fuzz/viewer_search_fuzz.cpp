@@ -12,6 +12,7 @@
 #include "book/marks.h"
 #include "book/page.h"
 #include "book/page_search.h"
+#include "book/query.h"
 #include "book/text_file.h"
 
 namespace {
@@ -19,6 +20,8 @@ namespace {
 using book::Folded;
 using book::Match;
 using book::Page;
+using book::Query;
+using book::Term;
 
 void Require(bool holds) {
   if (!holds) std::abort();
@@ -33,46 +36,50 @@ QStringList TextsOf(const Page& page) {
 }
 
 // The plain way, without a look at the bytes first.
-bool HoldsAll(const QStringList& texts, const QStringList& words) {
-  return std::ranges::all_of(words, [&](const QString& word) {
-    return std::ranges::any_of(texts,
-                               [&](const QString& text) { return Folded(text).contains(word); });
+bool Holds(const QString& text, const Term& term) {
+  const QString folded = Folded(text);
+  return term.In(book::UnitsOf(folded)).has_value();
+}
+
+bool HoldsAll(const QStringList& texts, const Query& query) {
+  return std::ranges::all_of(query.Terms(), [&](const Term& term) {
+    return std::ranges::any_of(texts, [&](const QString& text) { return Holds(text, term); });
   });
 }
 
 // A word may start or end within a ligature, which is one character.
-bool HoldsOne(const QString& text, const QStringList& words) {
-  const QString folded = Folded(text);
-  return std::ranges::any_of(words, [&](const QString& word) { return folded.contains(word); });
+bool HoldsOne(const QString& text, const Query& query) {
+  return std::ranges::any_of(query.Terms(), [&](const Term& term) { return Holds(text, term); });
 }
 
-void CheckMatch(const Match& match, const QStringList& texts, const QStringList& words) {
+void CheckMatch(const Match& match, const QStringList& texts, const Query& query) {
   Require(match.part >= -1 && match.part + 1 < texts.size());
   const QString& text = texts[match.part + 1];
   const QString found = text.sliced(match.offset, match.matchLength);
-  Require(HoldsOne(found, words));
+  Require(HoldsOne(found, query));
   Require(match.snippet.sliced(match.matchStart, match.matchLength) == found);
   Require(text.contains(match.snippet));
   for (int part = -1; part < match.part; ++part) {
-    for (const QString& word : words) Require(!Folded(texts[part + 1]).contains(word));
+    for (const Term& term : query.Terms()) Require(!Holds(texts[part + 1], term));
   }
 }
 
-void CheckMarks(const QString& text, const QStringList& words) {
-  const std::vector<book::Mark> marks = book::MarksIn(text, words);
+void CheckMarks(const QString& text, const Query& query) {
+  const std::vector<book::Mark> marks = book::MarksIn(text, query);
   qsizetype after = 0;
   for (const book::Mark& mark : marks) {
     Require(mark.start >= after && mark.length > 0);
     after = mark.start + mark.length;
     Require(after <= text.size());
-    Require(HoldsOne(text.sliced(mark.start, mark.length), words));
+    Require(HoldsOne(text.sliced(mark.start, mark.length), query));
   }
-  Require(HoldsOne(text, words) == !marks.empty());
+  Require(HoldsOne(text, query) == !marks.empty());
 }
 
-void CheckWords(const QStringList& words) {
-  for (const QString& word : words) {
-    Require(!word.isEmpty() && !word.contains(u' ') && Folded(word) == word);
+void CheckTerms(const Query& query) {
+  for (const Term& term : query.Terms()) {
+    const QString& folded = term.Folded();
+    Require(!folded.isEmpty() && folded == folded.simplified() && Folded(folded) == folded);
   }
 }
 
@@ -86,14 +93,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QString typed = book::DecodeText(bytes.first(wordBytes));
   const QByteArrayView file = bytes.sliced(wordBytes);
 
-  const QStringList words = book::WordsOf(typed);
-  CheckWords(words);
-  const Page page = book::ParsePage(book::DecodeText(file));
+  const Query query({.words = typed});
+  CheckTerms(query);
+  const Page page = book::ForReaders(book::ParsePage(book::DecodeText(file)));
   const QStringList texts = TextsOf(page);
-  book::PageSearch search(typed);
+  book::PageSearch search(query);
   const std::optional<Match> match = search.Find(file);
-  Require(match.has_value() == (!words.isEmpty() && HoldsAll(texts, words)));
-  if (match) CheckMatch(*match, texts, words);
-  for (const QString& text : texts) CheckMarks(text, words);
+  Require(match.has_value() == (!query.IsEmpty() && HoldsAll(texts, query)));
+  if (match) CheckMatch(*match, texts, query);
+  for (const QString& text : texts) CheckMarks(text, query);
   return 0;
 }

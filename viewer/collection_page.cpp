@@ -80,9 +80,9 @@ void CollectionPage::Open(const book::Collection& collection) {
   contents_.setFocus();
 }
 
-void CollectionPage::OpenAt(const book::Hit& hit, const QString& words) {
+void CollectionPage::OpenAt(const book::Hit& hit, const book::Wish& wish) {
   Load(hit.collection);
-  ShowEntry(hit.node, words);
+  ShowEntry(hit.node, book::Query(wish));
   ShowText(true);
   if (hit.part >= 0) page_.GoToWords({static_cast<std::size_t>(hit.part), hit.offset});
 }
@@ -103,10 +103,10 @@ void CollectionPage::Step(int step) {
 
 void CollectionPage::Zoom(int pixels) { page_.SetTextPixels(page_.TextPixels() + pixels); }
 
-void CollectionPage::ShowEntry(int node, const QString& words) {
+void CollectionPage::ShowEntry(int node, const book::Query& words) {
   const std::vector<book::Node>& nodes = contents_.Model().Nodes();
   if (node < 0 || static_cast<std::size_t>(node) >= nodes.size()) return;
-  if (node == current_ && words.isEmpty()) return;
+  if (node == current_ && words.IsEmpty()) return;
   current_ = node;
   contents_.Select(node);
   const book::Node& entry = nodes[static_cast<std::size_t>(node)];
@@ -122,7 +122,7 @@ void CollectionPage::ShowEntry(int node, const QString& words) {
   bar_.AllowPrinting(!page_.IsNotice());
 }
 
-void CollectionPage::ShowPage(const book::Node& node, const QString& words) {
+void CollectionPage::ShowPage(const book::Node& node, const book::Query& words) {
   std::optional<book::Page> page = book::ReadPage(surroundings_.book, node.source);
   if (!page) page = ReadMadePage(surroundings_.book, node);
   sheets_.setCurrentWidget(&page_);

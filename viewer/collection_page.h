@@ -23,7 +23,7 @@ class CollectionPage : public QWidget {
 
   void Open(const book::Collection& collection);
   // At an entry that a search has found.
-  void OpenAt(const book::Hit& hit, const QString& words);
+  void OpenAt(const book::Hit& hit, const book::Wish& wish);
 
   // From the text to the contents, where these are a page of their own; false if there is nowhere
   // to go back to but the index.
@@ -39,8 +39,8 @@ class CollectionPage : public QWidget {
 
  private:
   void Load(const book::Collection& collection);
-  void ShowEntry(int node, const QString& words = {});
-  void ShowPage(const book::Node& node, const QString& words);
+  void ShowEntry(int node, const book::Query& words = {});
+  void ShowPage(const book::Node& node, const book::Query& words);
   void ShowText(bool text);
   void Print(QPrinter& printer);
   bool IsApart() const { return surroundings_.look.dark; }

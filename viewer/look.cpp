@@ -156,6 +156,13 @@ QFont ViewerFont(int pixels, bool bold) {
   return font;
 }
 
+QTextCharFormat FoundWord() {
+  QTextCharFormat format;
+  format.setBackground(QColor(0xff, 0xd9, 0x66));
+  format.setForeground(Qt::black);
+  return format;
+}
+
 QString PersianNumber(qint64 number) {
   QString digits = QString::number(number);
   for (QChar& digit : digits) {

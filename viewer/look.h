@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QRect>
 #include <QString>
+#include <QTextCharFormat>
 
 namespace viewer {
 
@@ -34,6 +35,9 @@ QPalette PaletteOf(const Look& look);
 
 // The font of every text, of this height in pixels.
 QFont ViewerFont(int pixels, bool bold = false);
+
+// How a word that was sought is marked.
+QTextCharFormat FoundWord();
 
 inline constexpr int kCaptionPixels = 15;
 inline constexpr int kHeadingPixels = 19;

@@ -7,7 +7,6 @@
 #include <QTextFrame>
 #include <algorithm>
 
-#include "book/fold.h"
 #include "book/marks.h"
 #include "viewer/texts.h"
 
@@ -46,17 +45,17 @@ PageView::PageView(const book::Folder& book, const Look& look, Pictures& picture
                    [this] { AppendWhileNear(); });
 }
 
-void PageView::ShowPage(book::Page page, const QString& background, const QString& words) {
+void PageView::ShowPage(book::Page page, const QString& background, const book::Query& words) {
   background_ = background;
   isNotice_ = false;
-  words_ = book::WordsOf(words);
+  words_ = words;
   SetPage(std::move(page));
 }
 
 void PageView::ShowNotice(const QString& text) {
   background_.clear();
   isNotice_ = true;
-  words_.clear();
+  words_ = {};
   book::Page page;
   page.parts.push_back({book::PagePart::Kind::kParagraph, text});
   SetPage(std::move(page));
@@ -145,10 +144,8 @@ void PageView::ScrollTo(int position, int below) {
 }
 
 void PageView::MarkWords(int fromBlock) {
-  if (words_.isEmpty()) return;
-  QTextCharFormat format;
-  format.setBackground(QColor(0xff, 0xd9, 0x66));
-  format.setForeground(Qt::black);
+  if (words_.IsEmpty()) return;
+  const QTextCharFormat format = FoundWord();
   for (QTextBlock block = document()->findBlockByNumber(fromBlock);
        block.isValid() && marks_.size() < kMostMarks; block = block.next()) {
     for (const book::Mark& mark : book::MarksIn(block.text(), words_)) {

@@ -8,6 +8,7 @@
 
 #include "book/folder.h"
 #include "book/page.h"
+#include "book/query.h"
 #include "viewer/look.h"
 #include "viewer/page_document.h"
 #include "viewer/page_pictures.h"
@@ -25,7 +26,7 @@ class PageView : public QTextEdit {
   PageView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent);
 
   // From its beginning; the words are marked wherever they occur.
-  void ShowPage(book::Page page, const QString& background, const QString& words);
+  void ShowPage(book::Page page, const QString& background, const book::Query& words);
   // To the first of the words from this place of the page on.
   void GoToWords(book::PagePlace place);
   // A notice in place of a page.
@@ -78,7 +79,7 @@ class PageView : public QTextEdit {
   PageStyle style_;
   QString background_;
   bool isNotice_ = false;
-  QStringList words_;
+  book::Query words_;
   QList<ExtraSelection> marks_;
   bool appending_ = false;
 };

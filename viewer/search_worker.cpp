@@ -22,13 +22,13 @@ void SearchWorker::Cancel() {
   pool_.clear();
 }
 
-void SearchWorker::Start(const QString& root, const QString& words) {
+void SearchWorker::Start(const QString& root, const book::Wish& wish) {
   Cancel();
   cancelled_ = std::make_shared<std::atomic<bool>>(false);
-  pool_.start([this, flag = cancelled_, root, words] { Work(flag, root, words); });
+  pool_.start([this, flag = cancelled_, root, wish] { Work(flag, root, wish); });
 }
 
-void SearchWorker::Work(const Flag& cancelled, const QString& root, const QString& words) {
+void SearchWorker::Work(const Flag& cancelled, const QString& root, const book::Wish& wish) {
   const book::Folder book(root);
   std::vector<book::Hit> found;
   int count = 0;
@@ -45,7 +45,7 @@ void SearchWorker::Work(const Flag& cancelled, const QString& root, const QStrin
     found.push_back(std::move(hit));
     return ++count < kMostHits && deliverInSteps();
   };
-  book::SearchBook(book, words, take, deliverInSteps);
+  book::SearchBook(book, wish, take, deliverInSteps);
   Deliver(cancelled, std::move(found), true);
 }
 

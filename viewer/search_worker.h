@@ -27,12 +27,12 @@ class SearchWorker : public QObject {
   std::function<void()> onEnd;
 
   // Ends the search before.
-  void Start(const QString& root, const QString& words);
+  void Start(const QString& root, const book::Wish& wish);
   void Cancel();
 
  private:
   using Flag = std::shared_ptr<std::atomic<bool>>;
-  void Work(const Flag& cancelled, const QString& root, const QString& words);
+  void Work(const Flag& cancelled, const QString& root, const book::Wish& wish);
   void Deliver(const Flag& cancelled, std::vector<book::Hit> hits, bool end);
 
   Flag cancelled_;

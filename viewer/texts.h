@@ -86,6 +86,9 @@ inline QString NoSoundCard() {
 
 // Search.
 inline QString Hits() { return QStringLiteral("یافته\u200Cها"); }
+inline QString WholeWords() { return QStringLiteral("واژه\u200Cی کامل"); }
+inline QString WithVowelSigns() { return QStringLiteral("با نشانه\u200Cهای زیر و زبر"); }
+inline QString CountOfCollection() { return QStringLiteral("%1 — %2 نوشته"); }
 inline QString NotFound() { return QStringLiteral("«%1» در کتاب پیدا نشد."); }
 inline QString Searching() { return QStringLiteral("جست\u200Cوجو…"); }
 inline QString FoundWith() { return QStringLiteral("%1 نوشته با «%2»"); }

@@ -217,12 +217,12 @@ void Window::OpenCollection(const book::Collection& collection) {
   }
 }
 
-void Window::OpenHit(const book::Hit& hit, const QString& words) {
+void Window::OpenHit(const book::Hit& hit, const book::Wish& wish) {
   last_ = hit.collection;
   fromSearch_ = true;
   setWindowTitle(AsCaption(hit.collection.title));
   Show(&TextPage());
-  TextPage().OpenAt(hit, words);
+  TextPage().OpenAt(hit, wish);
 }
 
 void Window::Search() {
@@ -230,8 +230,8 @@ void Window::Search() {
   if (words.isEmpty()) return words_->setFocus();
   if (!searchPage_) {
     searchPage_ = new SearchPage(book_.Root(), look_, pages_);
-    searchPage_->onChosen = [this](const book::Hit& hit, const QString& typed) {
-      OpenHit(hit, typed);
+    searchPage_->onChosen = [this](const book::Hit& hit, const book::Wish& wish) {
+      OpenHit(hit, wish);
     };
     pages_->addWidget(searchPage_);
   }

@@ -48,7 +48,7 @@ class Window : public QWidget {
   void MakeKeys();
   void AfterFirstPaint();
   void OpenCollection(const book::Collection& collection);
-  void OpenHit(const book::Hit& hit, const QString& words);
+  void OpenHit(const book::Hit& hit, const book::Wish& wish);
   void Search();
   void GoBack();
   void GoHome();

@@ -91,15 +91,18 @@ TEST(Fold, EachFoldedCharacterKnowsWhereItCameFrom) {
   std::vector<qsizetype> origins;
   EXPECT_EQ(book::Folded(text, origins), QStringLiteral("سلام"));
   EXPECT_EQ(origins, (std::vector<qsizetype>{0, 2, 2, 3}));
-  for (std::size_t i = 0; i < origins.size(); ++i) {
-    EXPECT_EQ(book::OriginOf(text, static_cast<qsizetype>(i)), origins[i]);
-  }
 }
 
-TEST(Fold, TheWordsOfASearchAreFoldedTheLongestFirst) {
-  EXPECT_EQ(book::WordsOf(QStringLiteral("  با \tكتابِ\u3000من ")),
-            (QStringList{QStringLiteral("\u06A9تاب"), QStringLiteral("با"), QStringLiteral("من")}));
-  EXPECT_TRUE(book::WordsOf(QStringLiteral(" \u200C \u0640 ")).isEmpty());
+TEST(Fold, TheDecimalPointAndThatOfThousands) { ExpectSame("۲۳٫۵ ۱٬۰۰۰", "23.5 1,000"); }
+
+TEST(Fold, VowelSignsCountByChoice) {
+  const auto folded = [](const char* text) {
+    return book::Folded(QString::fromUtf8(text), book::VowelSigns::kCount);
+  };
+  EXPECT_NE(folded("كِتاب"), folded("کتاب"));
+  EXPECT_EQ(folded("كِتــاب"), folded("کِت\u200Cاب"));
+  EXPECT_EQ(folded("آب"), folded("ا\u0653ب"));
+  EXPECT_EQ(folded("س\uFEFCم"), folded("سلام"));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QTextEdit>
 
 #include "tests/viewer/window_bench.h"
+#include "viewer/look.h"
 #include "viewer/window.h"
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,16 @@ class Viewing : public testing::Test {
     QTest::keyClick(&field, Qt::Key_Return);
   }
   bool AwaitHits(int count) {
-    return Await([&] { return ListOf(*window_, u"hits"_s).model()->rowCount() == count; });
+    return Await([&] { return HitRows().size() == count; });
+  }
+  // Those of the hits, without those of their collections.
+  QList<int> HitRows() {
+    const auto& model = *ListOf(*window_, u"hits"_s).model();
+    QList<int> rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+      if (model.flags(model.index(row, 0)).testFlag(Qt::ItemIsSelectable)) rows << row;
+    }
+    return rows;
   }
   QString Status() { return qobject_cast<QLabel*>(&Find(*window_, u"searchStatus"_s))->text(); }
 
@@ -90,6 +100,65 @@ TEST_F(Viewing, AHitOpensItsPageWithTheWordMarked) {
   EXPECT_TRUE(IsSeen(*window_, u"hits"_s));
 }
 
+TEST_F(Viewing, HitsStandByCollectionAndAreCounted) {
+  Open();
+  Search(u"متن"_s);
+  ASSERT_TRUE(AwaitHits(5));
+  EXPECT_EQ(RowsOf(ListOf(*window_, u"hits"_s)),
+            (QStringList{u"باغ‌ها & گل‌ها — ۳ نوشته"_s, u"یکم"_s, u"دوم"_s,
+                         u"برنامه"_s, u"قصه‌ها — ۱ نوشته"_s, u"aTitle2"_s,
+                         u"شعر — ۱ نوشته"_s, u"cTitle1"_s}));
+  auto& hits = ListOf(*window_, u"hits"_s);
+  EXPECT_EQ(hits.currentIndex().row(), 1);
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&hits, Qt::Key_Down);
+  EXPECT_EQ(hits.currentIndex().row(), 5);  // not at the title between
+  ClickRow(hits, 4);
+  EXPECT_TRUE(IsSeen(*window_, u"hits"_s));
+}
+
+TEST_F(Viewing, WholeWordsAndVowelSignsAreTicksThatSearchAnew) {
+  Open();
+  Search(u"روباه"_s);
+  ASSERT_TRUE(AwaitHits(1));
+  Click(*window_, u"wholeWords"_s);
+  EXPECT_TRUE(Await([&] { return Status().contains(u"پیدا نشد"_s); }));
+  Click(*window_, u"wholeWords"_s);
+  ASSERT_TRUE(AwaitHits(1));
+  Search(u"روباهِ"_s);
+  ASSERT_TRUE(AwaitHits(1));
+  Click(*window_, u"vowelSigns"_s);
+  EXPECT_TRUE(Await([&] { return Status().contains(u"پیدا نشد"_s); }));
+}
+
+// Pixels of the colour with which words that were sought are marked.
+int MarkedColumns(const QImage& card) {
+  int columns = 0;
+  for (int x = 0; x < card.width(); ++x) {
+    bool isMarked = false;
+    for (int y = 0; y < card.height(); ++y) {
+      isMarked = isMarked || card.pixelColor(x, y) == viewer::FoundWord().background().color();
+    }
+    columns += isMarked ? 1 : 0;
+  }
+  return columns;
+}
+
+TEST_F(Viewing, EveryWordIsMarkedInACard) {
+  Open();
+  const auto marked = [&](const QString& words) {
+    Search(words);
+    EXPECT_TRUE(AwaitHits(1));
+    auto& hits = ListOf(*window_, u"hits"_s);
+    const QRect place = hits.visualRect(hits.model()->index(1, 0));
+    return MarkedColumns(hits.viewport()->grab(place).toImage());
+  };
+  const int one = marked(u"روباهی"_s);
+  const int other = marked(u"است"_s);
+  EXPECT_GT(one, 5);
+  EXPECT_GT(other, 5);
+  EXPECT_NEAR(marked(u"روباهی است"_s), one + other, 2);
+}
+
 TEST_F(Viewing, ASearchWithoutHitsSaysSo) {
   Open();
   Search(u"هیچ‌جا"_s);
@@ -101,7 +170,7 @@ TEST_F(Viewing, TheNextSearchEndsTheOneBefore) {
   Search(u"متن"_s);
   Search(u"روباهي"_s);
   ASSERT_TRUE(Await([&] { return Status().contains(u"۱ نوشته با «روباهی»"_s); }));
-  EXPECT_EQ(ListOf(*window_, u"hits"_s).model()->rowCount(), 1);
+  EXPECT_EQ(HitRows().size(), 1);
 }
 
 TEST_F(Viewing, MusicRunsInTurnAndCanBeSwitchedOff) {

@@ -5,8 +5,8 @@
 #include <QFile>
 #include <vector>
 
-#include "book/fold.h"
 #include "book/marks.h"
+#include "book/query.h"
 #include "tests/viewer/book_maker.h"
 
 namespace viewer {
@@ -39,7 +39,7 @@ class BookSearch : public testing::Test {
 
   std::vector<book::Hit> Hits(const char* words) const {
     std::vector<book::Hit> hits;
-    book::SearchBook(maker_.Book(), QString::fromUtf8(words), [&](book::Hit&& hit) {
+    book::SearchBook(maker_.Book(), {.words = QString::fromUtf8(words)}, [&](book::Hit&& hit) {
       hits.push_back(std::move(hit));
       return true;
     });
@@ -102,7 +102,8 @@ TEST_F(BookSearch, MarksStandAtTheirPlaceAfterLigatures) {
   const QString text = QStringLiteral("\uFDF2 س\uFEFCم رفت \uFEFB");
   const auto marked = [&](const char* words) {
     QStringList found;
-    for (const book::Mark& mark : book::MarksIn(text, book::WordsOf(QString::fromUtf8(words)))) {
+    for (const book::Mark& mark :
+         book::MarksIn(text, book::Query({.words = QString::fromUtf8(words)}))) {
       found += text.sliced(mark.start, mark.length);
     }
     return found.join(u'|');
@@ -173,7 +174,8 @@ TEST_F(BookSearch, ALongParagraphIsShownInPart) {
 TEST_F(BookSearch, EndsWhenToldSo) {
   AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
   int hits = 0;
-  book::SearchBook(maker_.Book(), QStringLiteral("سيب"), [&](book::Hit&&) { return ++hits < 2; });
+  book::SearchBook(maker_.Book(), {.words = QStringLiteral("سيب")},
+                   [&](book::Hit&&) { return ++hits < 2; });
   EXPECT_EQ(hits, 2);
 }
 
@@ -181,7 +183,7 @@ TEST_F(BookSearch, IsCancelledBetweenPages) {
   AddCollection(u'a', {QStringLiteral("سيب"), QStringLiteral("سيب"), QStringLiteral("سيب")});
   int hits = 0;
   book::SearchBook(
-      maker_.Book(), QStringLiteral("سيب"),
+      maker_.Book(), {.words = QStringLiteral("سيب")},
       [&](book::Hit&&) {
         ++hits;
         return true;
@@ -209,6 +211,42 @@ TEST_F(BookSearch, PagesThatCantBeReadArePassedOver) {
   QFile::remove(maker_.PathOf(QStringLiteral("Data/TXT/P1.htm")));
   maker_.MakeFolder(QStringLiteral("Data/TXT/P1.htm"));
   EXPECT_EQ(Titles("سيب"), QStringLiteral("t2"));
+}
+
+// Many pages are searched by several threads at once.
+TEST_F(BookSearch, ManyPagesComeInTheirOrder) {
+  QStringList texts;
+  QStringList wanted;
+  for (int i = 0; i < 1'500; ++i) {
+    const bool has = i % 7 == 3;
+    texts += has ? QStringLiteral("باغ سيب") : QStringLiteral("باغ");
+    if (has) wanted += QStringLiteral("t%1").arg(i);
+  }
+  AddCollection(u'a', texts);
+  QFile::remove(maker_.PathOf(QStringLiteral("Data/TXT/P10.htm")));
+  wanted.removeOne(QStringLiteral("t10"));
+  EXPECT_EQ(Titles("سيب"), wanted.join(u' '));
+}
+
+TEST_F(BookSearch, ItEndsAmidManyPages) {
+  AddCollection(u'a', QStringList(1'500, QStringLiteral("سيب")));
+  int hits = 0;
+  book::SearchBook(maker_.Book(), {.words = QStringLiteral("سيب")},
+                   [&](book::Hit&&) { return ++hits < 700; });
+  EXPECT_EQ(hits, 700);
+}
+
+TEST_F(BookSearch, APhraseIsFoundAcrossHardBlanksAndNotAcrossParagraphs) {
+  AddCollection(u'a', {QStringLiteral("باغ&nbsp;سيب"), QStringLiteral("باغ|سيب"),
+                       QStringLiteral("باغ  \tسيب"), QStringLiteral("باغ خوب سيب")});
+  EXPECT_EQ(Titles("«باغ سیب»"), QStringLiteral("t0 t2"));
+}
+
+TEST_F(BookSearch, NumbersFindEachOtherWhateverTheirPoint) {
+  AddCollection(u'a',
+                {QStringLiteral("23.\u200F5"), QStringLiteral("۲۳٫۵"), QStringLiteral("235")});
+  EXPECT_EQ(Titles("۲۳٫۵"), QStringLiteral("t0 t1"));
+  EXPECT_EQ(Titles("23.5"), QStringLiteral("t0 t1"));
 }
 
 TEST_F(BookSearch, WithoutABookThereAreNoHits) { EXPECT_EQ(Titles("سيب"), QString()); }
