@@ -178,7 +178,7 @@ void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
   }
   if (IsApart() && readsText_) return;
   const QRect list = contents_.geometry();
-  painter.setFont(ViewerFont(IsApart() ? 20 : 16, true));
+  painter.setFont(ViewerFont(look.layout.collectionPixels, true));
   painter.setPen(look.accent);
   const QRect title(list.left() + 8, list.top() - kTitleHeight, list.width() - 16,
                     kTitleHeight - 10);

@@ -43,7 +43,7 @@ class CollectionPage : public QWidget {
   void ShowPage(const book::Node& node, const book::Query& words);
   void ShowText(bool text);
   void Print(QPrinter& printer);
-  bool IsApart() const { return surroundings_.look.dark; }
+  bool IsApart() const { return surroundings_.look.layout.contents == Layout::Contents::kApart; }
   QRect CoverBox() const;
   void Arrange();
 

@@ -49,9 +49,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(chosen      ? look_.accent
-                      : pointedAt ? QColor(128, 128, 128, 40)
-                                  : QColor(0, 0, 0, 0));
+    painter->setBrush(chosen ? look_.accent : pointedAt ? look_.pointed : QColor(Qt::transparent));
     painter->drawRoundedRect(QRectF(option.rect).adjusted(3, 1, -3, -1), 6, 6);
     const QColor ink = chosen ? look_.onAccent : node.isTitle ? look_.accent : look_.ink;
     const int indent = std::min(node.depth, ContentsModel::kDeepestIndent) * kIndent;
@@ -59,7 +57,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
     const QPointF sign(box.right() + 13, box.center().y() + 1);
     PaintSign(*painter, node, at, sign, ink);
     painter->setPen(ink);
-    painter->setFont(ViewerFont(14, node.isTitle));
+    painter->setFont(ViewerFont(kListPixels, node.isTitle));
     DrawText(*painter, box, index.data().toString(), 2, Qt::AlignVCenter);
     painter->restore();
   }

@@ -32,16 +32,16 @@ void FlatButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setFont(ViewerFont(kCaptionPixels));
   const bool onBar = place_ == Place::kBar;
-  QColor ground = onBar ? QColor(255, 255, 255, 24) : look_.card;
+  QColor ground = onBar ? look_.barButton : look_.card;
   QColor text = onBar ? look_.onBar : look_.ink;
   if (isEnabled() && (isDown() || underMouse() || isChecked())) {
-    ground = onBar && !look_.dark ? QColor(255, 255, 255, 60) : look_.accent;
-    text = onBar && !look_.dark ? look_.onBar : look_.onAccent;
+    ground = onBar ? look_.barPointed : look_.accent;
+    text = onBar ? look_.onBarPointed : look_.onAccent;
   }
   if (!isEnabled()) text.setAlpha(95);
   painter.setBrush(ground);
   painter.setPen(hasFocus() ? QPen(onBar ? look_.onBar : look_.accent, 2)
-                            : QPen(onBar ? QColor(255, 255, 255, 40) : look_.edge, 1));
+                            : QPen(onBar ? look_.barButtonEdge : look_.edge, 1));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 7, 7);
   painter.setPen(text);
   DrawText(painter, rect().adjusted(6, 0, -6, 0), caption_, 1, Qt::AlignHCenter | Qt::AlignVCenter);

@@ -64,7 +64,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
     if (!picture.title.isEmpty()) box.setHeight(kPictureHeight - 8);
     PaintPicture(*painter, box, picture);
     painter->setPen(look.ink);
-    painter->setFont(ViewerFont(13));
+    painter->setFont(ViewerFont(kNotePixels));
     const QRect words(box.left(), box.bottom() + 4, box.width(), card.bottom() - box.bottom() - 8);
     DrawText(*painter, words, index.data().toString(), 2, Qt::AlignHCenter | Qt::AlignVCenter);
     painter->restore();
@@ -82,8 +82,8 @@ class GalleryView::Painter : public QStyledItemDelegate {
     }
     DrawPlaceholder(painter, box, view_.look_);
     if (!path.isEmpty() && !view_.pictures_.IsBroken(path)) return;
-    painter.setPen(Qt::white);
-    painter.setFont(ViewerFont(13));
+    painter.setPen(kOnPicture);
+    painter.setFont(ViewerFont(kNotePixels));
     DrawText(painter, box.adjusted(4, 4, -4, -6), NoteInPlaceOf(path), 1,
              Qt::AlignHCenter | Qt::AlignBottom);
   }

@@ -34,7 +34,7 @@ void HitsPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 void HitsPainter::PaintCollection(QPainter& painter, const QRect& box, const QString& title) const {
-  painter.setFont(ViewerFont(16, true));
+  painter.setFont(ViewerFont(kCardPixels, true));
   painter.setPen(look_.accent);
   DrawText(painter, box, title, 1, Qt::AlignVCenter);
 }
@@ -45,7 +45,7 @@ void HitsPainter::PaintHit(QPainter& painter, const QRect& card, const book::Hit
   painter.setPen(pointedAt ? QPen(look_.accent, 2) : QPen(look_.edge, 1));
   painter.drawRoundedRect(card, 8, 8);
   const QRect box = card.adjusted(14, 6, -14, -6);
-  painter.setFont(ViewerFont(16, true));
+  painter.setFont(ViewerFont(kCardPixels, true));
   painter.setPen(look_.ink);
   DrawText(painter, {box.left(), box.top(), box.width(), 28}, AsCaption(hit.title), 1,
            Qt::AlignVCenter);
@@ -59,7 +59,7 @@ void HitsPainter::PaintSnippet(QPainter& painter, QPoint place, int width,
   for (QChar& character : shown) {
     if (character.isSpace()) character = QLatin1Char(' ');
   }
-  QTextLayout layout(book::WithSigns(shown), ViewerFont(14));
+  QTextLayout layout(book::WithSigns(shown), ViewerFont(kListPixels));
   QTextOption option(Qt::AlignRight);
   option.setTextDirection(Qt::RightToLeft);
   option.setWrapMode(QTextOption::WordWrap);
@@ -69,7 +69,7 @@ void HitsPainter::PaintSnippet(QPainter& painter, QPoint place, int width,
     QTextLayout::FormatRange range;
     range.start = static_cast<int>(mark.start);
     range.length = static_cast<int>(mark.length);
-    range.format = FoundWord();
+    range.format = FoundWord(look_);
     formats.push_back(range);
   }
   layout.setFormats(formats);

@@ -26,6 +26,12 @@ QString CreditOf(const book::Index& index) {
   return credit.isEmpty() ? credit : QChar(0x2068) + credit + QChar(0x2069);
 }
 
+QColor Shade(int alpha) {
+  QColor shade = kShade;
+  shade.setAlpha(alpha);
+  return shade;
+}
+
 }  // namespace
 
 CollectionCard::CollectionCard(const book::Folder& book, const book::Collection& collection,
@@ -43,7 +49,7 @@ CollectionCard::CollectionCard(const book::Folder& book, const book::Collection&
 }
 
 QRect CollectionCard::CoverBox() const {
-  if (look_.dark) return rect().adjusted(2, 2, -2, -2);
+  if (IsOverPicture()) return rect().adjusted(2, 2, -2, -2);
   const int height = this->height() - 20;
   const int width = height * 3 / 4;
   return {this->width() - 10 - width, 10, width, height};
@@ -54,7 +60,7 @@ void CollectionCard::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   QPixmap cover;
   if (looked_) cover = pictures_.Get(picture_, CoverBox().size(), Fit::kCovering, this);
-  look_.dark ? PaintOverCover(painter, cover) : PaintBesideCover(painter, cover);
+  IsOverPicture() ? PaintOverCover(painter, cover) : PaintBesideCover(painter, cover);
 }
 
 void CollectionCard::ShowPicture() {
@@ -79,19 +85,19 @@ void CollectionCard::PaintBesideCover(QPainter& painter, const QPixmap& cover) c
   painter.setPen(IsPointedAt() ? QPen(look_.accent, 2.5) : QPen(look_.edge, 1));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), 9, 9);
   const QRect box = CoverBox();
-  painter.fillRect(box.translated(-2, 3), QColor(0, 0, 0, 45));
+  painter.fillRect(box.translated(-2, 3), kPictureShadow);
   PaintCover(painter, cover);
-  painter.setPen(QPen(QColor(0, 0, 0, 70), 1));
+  painter.setPen(QPen(kPictureEdge, 1));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(box);
   QRect words(14, 12, box.left() - 28, height() - 24);
   if (collection_.isGallery) {
-    painter.setFont(ViewerFont(13));
+    painter.setFont(ViewerFont(kNotePixels));
     painter.setPen(look_.accent);
     DrawText(painter, words, texts::Gallery(), 1, Qt::AlignBottom);
     words.adjust(0, 0, 0, -24);
   }
-  painter.setFont(ViewerFont(16, true));
+  painter.setFont(ViewerFont(kCardPixels, true));
   painter.setPen(look_.ink);
   DrawText(painter, words, caption_, collection_.isGallery ? 3 : 4, Qt::AlignVCenter);
 }
@@ -104,24 +110,24 @@ void CollectionCard::PaintOverCover(QPainter& painter, const QPixmap& cover) con
   painter.setClipPath(shape);
   PaintCover(painter, cover);
   QLinearGradient shade(0, box.top() + box.height() * 0.3, 0, box.bottom());
-  shade.setColorAt(0, QColor(8, 11, 17, 0));
-  shade.setColorAt(0.5, QColor(8, 11, 17, 205));
-  shade.setColorAt(1, QColor(8, 11, 17, 245));
+  shade.setColorAt(0, Shade(0));
+  shade.setColorAt(0.5, Shade(205));
+  shade.setColorAt(1, Shade(245));
   painter.fillRect(box, shade);
   painter.restore();
   painter.setBrush(Qt::NoBrush);
   painter.setPen(IsPointedAt() ? QPen(look_.accent, 3) : QPen(look_.edge, 1));
   painter.drawPath(shape);
-  painter.setPen(Qt::white);
-  painter.setFont(ViewerFont(15, true));
+  painter.setPen(kOnPicture);
+  painter.setFont(ViewerFont(kCaptionPixels, true));
   QRect words = box.adjusted(12, 12, -12, -12);
   if (collection_.isGallery) {
-    painter.setPen(look_.accent);
-    painter.setFont(ViewerFont(13));
+    painter.setPen(kAccentOnPicture);
+    painter.setFont(ViewerFont(kNotePixels));
     DrawText(painter, words, texts::Gallery(), 1, Qt::AlignBottom);
     words.adjust(0, 0, 0, -24);
-    painter.setPen(Qt::white);
-    painter.setFont(ViewerFont(15, true));
+    painter.setPen(kOnPicture);
+    painter.setFont(ViewerFont(kCaptionPixels, true));
   }
   DrawText(painter, words, caption_, 3, Qt::AlignBottom);
 }
@@ -154,7 +160,7 @@ class IndexPage::Shelves : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     PaintCredit(painter);
-    if (look_.dark) return;
+    if (!look_.layout.hasShelves) return;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look_.edge, 1));
     painter.setBrush(look_.panel);
@@ -236,7 +242,7 @@ CollectionCard& IndexPage::CardOf(std::size_t number) {
 
 void IndexPage::resizeEvent(QResizeEvent* /*event*/) {
   const QSize view = viewport()->size();
-  plan_.Fit(view, look_.dark);
+  plan_.Fit(view, look_.layout);
   shelves_->resize(view);
   verticalScrollBar()->setPageStep(view.height());
   verticalScrollBar()->setRange(0, plan_.Height() - view.height());

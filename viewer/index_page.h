@@ -36,6 +36,7 @@ class CollectionCard : public QAbstractButton {
   void PaintCover(QPainter& painter, const QPixmap& cover) const;
   void PaintBesideCover(QPainter& painter, const QPixmap& cover) const;
   void PaintOverCover(QPainter& painter, const QPixmap& cover) const;
+  bool IsOverPicture() const { return look_.layout.cards == Layout::Cards::kOverPicture; }
   bool IsPointedAt() const { return hasFocus() || underMouse(); }
   QRect CoverBox() const;
 

@@ -7,6 +7,8 @@
 #include <QTextOption>
 #include <QtMath>
 #include <algorithm>
+#include <array>
+#include <vector>
 
 #include "book/reading_text.h"
 #include "book/shown_name.h"
@@ -14,47 +16,13 @@
 namespace viewer {
 namespace {
 
+constexpr std::array<Light, 3> kLights = {Light::kDay, Light::kPaper, Light::kNight};
 constexpr int kLongestCaption = 400;
 constexpr qsizetype kLongestTipWord = 40;
 constexpr qsizetype kLongestEnding = 12;
 constexpr int kWidestPath = 300;  // pixels before its ending, so that it stays on one line of a box
 constexpr QChar kDots(0x2026);
 constexpr qreal kLineSpacing = 1.12;  // marks above and below letters need their room
-
-Look PaperLook() {
-  Look look;
-  look.ground = QColor(0xf4, 0xea, 0xd2);
-  look.veil = QColor(0xfb, 0xf5, 0xe6, 60);
-  look.bar = QColor(0x1f, 0x4e, 0x5a);
-  look.onBar = QColor(0xfd, 0xf8, 0xea);
-  look.panel = QColor(0xfd, 0xf9, 0xee, 225);
-  look.card = QColor(0xff, 0xfd, 0xf6);
-  look.edge = QColor(0xd6, 0xbf, 0x8d);
-  look.ink = QColor(0x2d, 0x23, 0x18);
-  look.faint = QColor(0x75, 0x64, 0x4a);
-  look.accent = QColor(0x1f, 0x6b, 0x75);
-  look.onAccent = QColor(0xff, 0xff, 0xff);
-  look.paper = QColor(0xff, 0xfc, 0xf3);
-  return look;
-}
-
-Look DarkLook() {
-  Look look;
-  look.dark = true;
-  look.ground = QColor(0x12, 0x17, 0x20);
-  look.veil = QColor(0x0d, 0x13, 0x1f, 228);
-  look.bar = QColor(0x0b, 0x0f, 0x16);
-  look.onBar = QColor(0xf1, 0xe9, 0xd8);
-  look.panel = QColor(0x1a, 0x21, 0x2d, 225);
-  look.card = QColor(0x22, 0x2b, 0x39);
-  look.edge = QColor(0x3b, 0x47, 0x59);
-  look.ink = QColor(0xec, 0xe7, 0xdb);
-  look.faint = QColor(0xa9, 0xb1, 0xbd);
-  look.accent = QColor(0xe0, 0xae, 0x55);
-  look.onAccent = QColor(0x1b, 0x15, 0x0a);
-  look.paper = QColor(0x17, 0x1d, 0x27);
-  return look;
-}
 
 // The lines of the text in this width; more than `lines` are never laid out.
 std::vector<QTextLine> LayOut(QTextLayout& layout, int width, int lines) {
@@ -126,14 +94,23 @@ const QStringList& Families() {
 
 }  // namespace
 
-const Look& LookOf(int layout) {
-  static const Look kPaper = PaperLook();
-  static const Look kDark = DarkLook();
-  return layout == 2 ? kDark : kPaper;
+const Look& LookOf(int layout, Light light) {
+  static const std::vector<Look> kLooks = [] {
+    std::vector<Look> looks;
+    for (const int number : {1, 2}) {
+      for (const Light each : kLights) looks.push_back({ColoursOf(each), LayoutOf(number)});
+    }
+    return looks;
+  }();
+  const std::size_t first = layout == 2 ? kLights.size() : 0;
+  return kLooks[first +
+                static_cast<std::size_t>(std::ranges::find(kLights, light) - kLights.begin())];
 }
 
+const Look& LookOf(int layout) { return LookOf(layout, LayoutOf(layout).light); }
+
 QPalette PaletteOf(const Look& look) {
-  QPalette palette(look.dark ? look.card : look.ground);
+  QPalette palette(look.control);
   palette.setColor(QPalette::Window, look.ground);
   palette.setColor(QPalette::WindowText, look.ink);
   palette.setColor(QPalette::Base, look.paper);
@@ -156,10 +133,10 @@ QFont ViewerFont(int pixels, bool bold) {
   return font;
 }
 
-QTextCharFormat FoundWord() {
+QTextCharFormat FoundWord(const Look& look) {
   QTextCharFormat format;
-  format.setBackground(QColor(0xff, 0xd9, 0x66));
-  format.setForeground(Qt::black);
+  format.setBackground(look.mark);
+  format.setForeground(look.onMark);
   return format;
 }
 
@@ -225,9 +202,8 @@ void DrawCovering(QPainter& painter, const QRect& box, const QPixmap& picture) {
 
 void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look) {
   QLinearGradient ground(box.topRight(), box.bottomLeft());
-  const QColor deep = look.dark ? QColor(0x2b, 0x3a, 0x4f) : QColor(0x2c, 0x6a, 0x74);
-  ground.setColorAt(0, deep);
-  ground.setColorAt(1, deep.darker(150));
+  ground.setColorAt(0, look.placeholder);
+  ground.setColorAt(1, look.placeholder.darker(150));
   painter.fillRect(box, ground);
   const QPointF middle = QRectF(box).center();
   const double radius = std::min(box.width(), box.height()) * 0.28;
@@ -239,7 +215,7 @@ void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look) {
   }
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(0xf0, 0xd9, 0x9c, 200), 1.5));
+  painter.setPen(QPen(kStar, 1.5));
   painter.setBrush(Qt::NoBrush);
   painter.drawPolygon(star);
   painter.restore();

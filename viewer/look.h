@@ -1,7 +1,6 @@
-// How the two templates of a book look: colours, fonts, and texts drawn from right to left.
+// How a book looks: its layout in a light, fonts, and texts drawn from right to left.
 #pragma once
 
-#include <QColor>
 #include <QFont>
 #include <QPainter>
 #include <QPalette>
@@ -10,26 +9,19 @@
 #include <QString>
 #include <QTextCharFormat>
 
+#include "viewer/colours.h"
+#include "viewer/layout.h"
+
 namespace viewer {
 
-// The colours of one template. The first is a light paper, the second a dark room.
-struct Look {
-  bool dark = false;
-  QColor ground;    // behind everything
-  QColor veil;      // over the book's backdrop, so that texts stay readable
-  QColor bar;       // the bar at the top
-  QColor onBar;     // texts on it
-  QColor panel;     // shelves, lists
-  QColor card;      // a collection
-  QColor edge;      // thin lines
-  QColor ink;       // texts
-  QColor faint;     // lesser texts
-  QColor accent;    // what is chosen or pointed at
-  QColor onAccent;  // texts on it
-  QColor paper;     // behind the text of a page
+// A layout in one light.
+struct Look : Colours {
+  Layout layout;
 };
 
-// For 1 and 2, as the book's settings count them.
+// For 1 and 2, as the book's settings count them, in the light that the reader has chosen, or in
+// that of the layout.
+const Look& LookOf(int layout, Light light);
 const Look& LookOf(int layout);
 QPalette PaletteOf(const Look& look);
 
@@ -37,10 +29,15 @@ QPalette PaletteOf(const Look& look);
 QFont ViewerFont(int pixels, bool bold = false);
 
 // How a word that was sought is marked.
-QTextCharFormat FoundWord();
+QTextCharFormat FoundWord(const Look& look);
 
-inline constexpr int kCaptionPixels = 15;
-inline constexpr int kHeadingPixels = 19;
+// The heights of its letters, by what they are for.
+inline constexpr int kNotePixels = 13;     // below a picture, beside a title
+inline constexpr int kListPixels = 14;     // lines of lists
+inline constexpr int kCaptionPixels = 15;  // buttons, boxes, titles over pictures
+inline constexpr int kCardPixels = 16;     // titles on cards
+inline constexpr int kPicturePixels = 17;  // the title of a picture over the whole screen
+inline constexpr int kHeadingPixels = 19;  // what stands alone on a page
 
 // With Persian digits.
 QString PersianNumber(qint64 number);

@@ -145,7 +145,7 @@ void PageView::ScrollTo(int position, int below) {
 
 void PageView::MarkWords(int fromBlock) {
   if (words_.IsEmpty()) return;
-  const QTextCharFormat format = FoundWord();
+  const QTextCharFormat format = FoundWord(look_);
   for (QTextBlock block = document()->findBlockByNumber(fromBlock);
        block.isValid() && marks_.size() < kMostMarks; block = block.next()) {
     for (const book::Mark& mark : book::MarksIn(block.text(), words_)) {
@@ -199,9 +199,7 @@ void PageView::paintEvent(QPaintEvent* event) {
     const QPixmap picture = pictures_.Get(background_, box.size(), Fit::kCovering, viewport());
     if (!picture.isNull()) {
       DrawCovering(painter, box, picture);
-      QColor veil = look_.paper;
-      veil.setAlpha(look_.dark ? 228 : 200);
-      painter.fillRect(box, veil);
+      painter.fillRect(box, look_.paperVeil);
     }
   }
   QTextEdit::paintEvent(event);

@@ -12,6 +12,9 @@ namespace {
 
 constexpr int kTitleBand = 84;
 
+// Whatever the book's own look: pictures stand out in the dark.
+const Look& Room() { return LookOf(1, Light::kNight); }
+
 }  // namespace
 
 PictureShow::PictureShow(const book::Folder& book, const Look& /*look*/,
@@ -21,10 +24,10 @@ PictureShow::PictureShow(const book::Folder& book, const Look& /*look*/,
       gallery_(std::move(gallery)),
       current_(first),
       pictures_(kLargestOnScreen),
-      next_(QStringLiteral("nextPicture"), texts::Next(), LookOf(2), FlatButton::Place::kBar, this),
-      previous_(QStringLiteral("previousPicture"), texts::Previous(), LookOf(2),
+      next_(QStringLiteral("nextPicture"), texts::Next(), Room(), FlatButton::Place::kBar, this),
+      previous_(QStringLiteral("previousPicture"), texts::Previous(), Room(),
                 FlatButton::Place::kBar, this),
-      close_(QStringLiteral("closePicture"), texts::Close(), LookOf(2), FlatButton::Place::kBar,
+      close_(QStringLiteral("closePicture"), texts::Close(), Room(), FlatButton::Place::kBar,
              this) {
   setObjectName(QStringLiteral("pictureShow"));
   setAttribute(Qt::WA_DeleteOnClose);
@@ -51,7 +54,7 @@ void PictureShow::GoTo(int number) {
 
 void PictureShow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.fillRect(rect(), QColor(10, 11, 14));
+  painter.fillRect(rect(), kDarkRoom);
   const QRect box = rect().adjusted(20, 20, -20, -kTitleBand);
   const QString path = book_.Resolve(gallery_[static_cast<std::size_t>(current_)].path);
   const QPixmap shown = pictures_.Get(path, box.size(), Fit::kInside, this);
@@ -59,7 +62,7 @@ void PictureShow::paintEvent(QPaintEvent* /*event*/) {
     const QSizeF size = shown.deviceIndependentSize();
     painter.drawPixmap(QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2), shown);
   } else if (path.isEmpty() || pictures_.IsBroken(path)) {
-    painter.setPen(QColor(220, 220, 220));
+    painter.setPen(kOnPicture);
     painter.setFont(ViewerFont(kHeadingPixels));
     DrawText(painter, box, NoteInPlaceOf(path), 1, Qt::AlignHCenter | Qt::AlignVCenter);
   }
@@ -69,13 +72,13 @@ void PictureShow::paintEvent(QPaintEvent* /*event*/) {
 void PictureShow::PaintTitle(QPainter& painter) {
   const QRect band(0, height() - kTitleBand, width(), kTitleBand);
   const int beside = next_.x() + next_.width() + 16;
-  painter.setFont(ViewerFont(17));
-  painter.setPen(Qt::white);
+  painter.setFont(ViewerFont(kPicturePixels));
+  painter.setPen(kOnPicture);
   DrawText(painter, band.adjusted(beside, 8, -(width() - close_.x() + 16), -8),
            AsCaption(gallery_[static_cast<std::size_t>(current_)].title), 2,
            Qt::AlignHCenter | Qt::AlignVCenter);
-  painter.setFont(ViewerFont(13));
-  painter.setPen(QColor(190, 190, 190));
+  painter.setFont(ViewerFont(kNotePixels));
+  painter.setPen(kFaintOnPicture);
   const QString place = texts::PictureOf().arg(PersianNumber(current_ + 1),
                                                PersianNumber(static_cast<qint64>(gallery_.size())));
   DrawText(painter, {close_.x() - 130, band.top(), 114, band.height()}, place, 1, Qt::AlignVCenter);

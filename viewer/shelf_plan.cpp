@@ -7,18 +7,11 @@ namespace {
 
 constexpr int kGap = 16;
 constexpr int kPadding = 14;
-constexpr int kNarrowestCard = 270;
-constexpr int kWidestCard = 470;
-constexpr int kLowestCard = 158;
-constexpr int kHighestCard = 236;
-constexpr int kLowestPicture = 172;
-constexpr int kHighestPicture = 320;
 
 // Three shelves fill the view.
-int CardHeight(int view, bool dark) {
+int CardHeight(int view, const Layout& layout) {
   const int third = (view - ShelfPlan::kMargin - ShelfPlan::kCreditHeight) / 3 - 2 * kPadding;
-  return dark ? std::clamp(third, kLowestPicture, kHighestPicture)
-              : std::clamp(third - kGap, kLowestCard, kHighestCard);
+  return std::clamp(third - layout.aboveCards, layout.lowestCard, layout.highestCard);
 }
 
 }  // namespace
@@ -31,31 +24,30 @@ ShelfPlan::ShelfPlan(const std::vector<book::Collection>& collections) {
 }
 
 // The cards of a line, in its middle.
-void ShelfPlan::Arrange(Shelf& shelf, int inner, bool dark) {
+void ShelfPlan::Arrange(Shelf& shelf, int inner, const Layout& layout) {
   const int height = shelf.card.height();
-  const int widest = dark ? height * 17 / 10 : kWidestCard;
-  const int narrowest = dark ? height : kNarrowestCard;
+  const int narrowest = layout.narrowestCard.For(height);
   const int fitting = std::max(1, (inner + kGap) / (narrowest + kGap));
   shelf.columns = std::clamp(shelf.count, 1, fitting);
-  const int each = std::min(widest, (inner - (shelf.columns - 1) * kGap) / shelf.columns);
+  const int each =
+      std::min(layout.widestCard.For(height), (inner - (shelf.columns - 1) * kGap) / shelf.columns);
   shelf.card.setWidth(each);
   const int used = shelf.columns * each + (shelf.columns - 1) * kGap;
   shelf.right = kMargin + kPadding + inner - (inner - used) / 2;
 }
 
-void ShelfPlan::Fit(QSize view, bool dark) {
+void ShelfPlan::Fit(QSize view, const Layout& layout) {
   const int inner = view.width() - 2 * kMargin - 2 * kPadding;
-  const int between = dark ? 0 : kGap;
   int top = kMargin;
   for (Shelf& shelf : shelves_) {
-    shelf.card.setHeight(CardHeight(view.height(), dark));
-    Arrange(shelf, inner, dark);
+    shelf.card.setHeight(CardHeight(view.height(), layout));
+    Arrange(shelf, inner, layout);
     const int lines = (shelf.count + shelf.columns - 1) / shelf.columns;
     const int high = 2 * kPadding + lines * shelf.card.height() + (lines - 1) * kGap;
     shelf.ground = {kMargin, top, view.width() - 2 * kMargin, high};
-    top += high + between;
+    top += high + layout.betweenRows;
   }
-  height_ = std::max(top + kCreditHeight - between, view.height());
+  height_ = std::max(top + kCreditHeight - layout.betweenRows, view.height());
 }
 
 std::vector<QRect> ShelfPlan::Shelves() const {

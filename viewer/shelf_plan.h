@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "book/index.h"
+#include "viewer/layout.h"
 
 namespace viewer {
 
@@ -20,8 +21,8 @@ class ShelfPlan {
   // Of collections that stand by row; goes through them once.
   explicit ShelfPlan(const std::vector<book::Collection>& collections);
 
-  // For a view of this size, in one of the two templates.
-  void Fit(QSize view, bool dark);
+  // For a view of this size.
+  void Fit(QSize view, const Layout& layout);
 
   int Height() const { return height_; }
   std::vector<QRect> Shelves() const;
@@ -44,7 +45,7 @@ class ShelfPlan {
     int columns = 1;  // cards of a line
     QSize card;
   };
-  static void Arrange(Shelf& shelf, int inner, bool dark);
+  static void Arrange(Shelf& shelf, int inner, const Layout& layout);
 
   std::vector<Shelf> shelves_;
   int height_ = 0;

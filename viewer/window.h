@@ -65,7 +65,7 @@ class Window : public QWidget {
   book::Folder book_;
   book::Settings settings_;
   book::Index index_;
-  const Look& look_;
+  Look look_;
   Pictures pictures_;
   Music music_;
   bool musicIsAskedFor_ = false;  // not only begun with the book

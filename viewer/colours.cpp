@@ -1,0 +1,88 @@
+#include "viewer/colours.h"
+
+namespace viewer {
+namespace {
+
+constexpr Colours kDay = {
+    .ground = QColor(0xee, 0xf1, 0xf4),
+    .veil = QColor(0xf6, 0xf8, 0xfa, 120),
+    .bar = QColor(0x24, 0x43, 0x5c),
+    .onBar = QColor(0xff, 0xff, 0xff),
+    .barButton = QColor(255, 255, 255, 24),
+    .barButtonEdge = QColor(255, 255, 255, 40),
+    .barPointed = QColor(255, 255, 255, 60),
+    .onBarPointed = QColor(0xff, 0xff, 0xff),
+    .panel = QColor(0xfb, 0xfc, 0xfd, 230),
+    .card = QColor(0xff, 0xff, 0xff),
+    .edge = QColor(0xc6, 0xcf, 0xd8),
+    .ink = QColor(0x1a, 0x1f, 0x26),
+    .faint = QColor(0x59, 0x64, 0x70),
+    .accent = QColor(0x1c, 0x5f, 0x93),
+    .onAccent = QColor(0xff, 0xff, 0xff),
+    .pointed = QColor(128, 128, 128, 40),
+    .paper = QColor(0xff, 0xff, 0xff),
+    .paperVeil = QColor(0xff, 0xff, 0xff, 200),
+    .mark = QColor(0xff, 0xd9, 0x66),
+    .onMark = QColor(0, 0, 0),
+    .control = QColor(0xee, 0xf1, 0xf4),
+    .placeholder = QColor(0x3a, 0x62, 0x84),
+};
+
+constexpr Colours kPaper = {
+    .ground = QColor(0xf4, 0xea, 0xd2),
+    .veil = QColor(0xfb, 0xf5, 0xe6, 60),
+    .bar = QColor(0x1f, 0x4e, 0x5a),
+    .onBar = QColor(0xfd, 0xf8, 0xea),
+    .barButton = QColor(255, 255, 255, 24),
+    .barButtonEdge = QColor(255, 255, 255, 40),
+    .barPointed = QColor(255, 255, 255, 60),
+    .onBarPointed = QColor(0xfd, 0xf8, 0xea),
+    .panel = QColor(0xfd, 0xf9, 0xee, 225),
+    .card = QColor(0xff, 0xfd, 0xf6),
+    .edge = QColor(0xd6, 0xbf, 0x8d),
+    .ink = QColor(0x2d, 0x23, 0x18),
+    .faint = QColor(0x75, 0x64, 0x4a),
+    .accent = QColor(0x1f, 0x6b, 0x75),
+    .onAccent = QColor(0xff, 0xff, 0xff),
+    .pointed = QColor(128, 128, 128, 40),
+    .paper = QColor(0xff, 0xfc, 0xf3),
+    .paperVeil = QColor(0xff, 0xfc, 0xf3, 200),
+    .mark = QColor(0xff, 0xd9, 0x66),
+    .onMark = QColor(0, 0, 0),
+    .control = QColor(0xf4, 0xea, 0xd2),
+    .placeholder = QColor(0x2c, 0x6a, 0x74),
+};
+
+constexpr Colours kNight = {
+    .ground = QColor(0x12, 0x17, 0x20),
+    .veil = QColor(0x0d, 0x13, 0x1f, 228),
+    .bar = QColor(0x0b, 0x0f, 0x16),
+    .onBar = QColor(0xf1, 0xe9, 0xd8),
+    .barButton = QColor(255, 255, 255, 24),
+    .barButtonEdge = QColor(255, 255, 255, 40),
+    .barPointed = QColor(0xe0, 0xae, 0x55),
+    .onBarPointed = QColor(0x1b, 0x15, 0x0a),
+    .panel = QColor(0x1a, 0x21, 0x2d, 225),
+    .card = QColor(0x22, 0x2b, 0x39),
+    .edge = QColor(0x3b, 0x47, 0x59),
+    .ink = QColor(0xec, 0xe7, 0xdb),
+    .faint = QColor(0xa9, 0xb1, 0xbd),
+    .accent = QColor(0xe0, 0xae, 0x55),
+    .onAccent = QColor(0x1b, 0x15, 0x0a),
+    .pointed = QColor(128, 128, 128, 40),
+    .paper = QColor(0x17, 0x1d, 0x27),
+    .paperVeil = QColor(0x17, 0x1d, 0x27, 228),
+    .mark = QColor(0xff, 0xd9, 0x66),
+    .onMark = QColor(0, 0, 0),
+    .control = QColor(0x22, 0x2b, 0x39),
+    .placeholder = QColor(0x2b, 0x3a, 0x4f),
+};
+
+}  // namespace
+
+const Colours& ColoursOf(Light light) {
+  if (light == Light::kDay) return kDay;
+  return light == Light::kNight ? kNight : kPaper;
+}
+
+}  // namespace viewer
