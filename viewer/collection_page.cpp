@@ -173,7 +173,8 @@ void CollectionPage::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(rect(), look.panel);
   if (IsApart() && !readsText_) {
     const QRect box = CoverBox();
-    const QPixmap cover = surroundings_.pictures.Get(picture_, box.size(), Fit::kCovering, this);
+    const QPixmap cover =
+        surroundings_.pictures.Get({{picture_}, box.size(), Fit::kCovering, this}).pixmap;
     cover.isNull() ? DrawPlaceholder(painter, box, look) : DrawCovering(painter, box, cover);
   }
   if (IsApart() && readsText_) return;

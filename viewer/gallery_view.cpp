@@ -62,7 +62,7 @@ class GalleryView::Painter : public QStyledItemDelegate {
     painter->drawRoundedRect(card, 8, 8);
     QRect box = card.adjusted(8, 8, -8, -8);
     if (!picture.title.isEmpty()) box.setHeight(kPictureHeight - 8);
-    PaintPicture(*painter, box, picture);
+    PaintPicture(*painter, box, picture, index);
     painter->setPen(look.ink);
     painter->setFont(ViewerFont(kNotePixels));
     const QRect words(box.left(), box.bottom() + 4, box.width(), card.bottom() - box.bottom() - 8);
@@ -71,21 +71,20 @@ class GalleryView::Painter : public QStyledItemDelegate {
   }
 
  private:
-  void PaintPicture(QPainter& painter, const QRect& box, const book::Picture& picture) const {
-    const QString path = view_.book_.Resolve(picture.path);
-    const QPixmap shown = view_.pictures_.Get(path, box.size(), Fit::kInside, view_.viewport());
-    if (!shown.isNull()) {
-      const QSizeF size = shown.deviceIndependentSize();
-      painter.drawPixmap(QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2),
-                         shown);
-      return;
-    }
+  void PaintPicture(QPainter& painter, const QRect& box, const book::Picture& picture,
+                    const QPersistentModelIndex& index) const {
+    const PictureFile file{picture.path, true};
+    const ShownPicture shown = view_.pictures_.Get(
+        {file, box.size(), Fit::kInside, view_.viewport(), [&view = view_, index] {
+           return view.visualRect(index).intersects(view.viewport()->rect());
+         }});
+    if (!shown.pixmap.isNull()) return DrawInMiddle(painter, box, shown.pixmap, shown.size);
     DrawPlaceholder(painter, box, view_.look_);
-    if (!path.isEmpty() && !view_.pictures_.IsBroken(path)) return;
+    const QString note = view_.pictures_.NoteInPlaceOf(file);
+    if (note.isEmpty()) return;
     painter.setPen(kOnPicture);
     painter.setFont(ViewerFont(kNotePixels));
-    DrawText(painter, box.adjusted(4, 4, -4, -6), NoteInPlaceOf(path), 1,
-             Qt::AlignHCenter | Qt::AlignBottom);
+    DrawText(painter, box.adjusted(4, 4, -4, -6), note, 1, Qt::AlignHCenter | Qt::AlignBottom);
   }
 
   GalleryView& view_;

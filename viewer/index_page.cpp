@@ -59,7 +59,7 @@ void CollectionCard::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   QPixmap cover;
-  if (looked_) cover = pictures_.Get(picture_, CoverBox().size(), Fit::kCovering, this);
+  if (looked_) cover = pictures_.Get({{picture_}, CoverBox().size(), Fit::kCovering, this}).pixmap;
   IsOverPicture() ? PaintOverCover(painter, cover) : PaintBesideCover(painter, cover);
 }
 

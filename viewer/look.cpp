@@ -200,6 +200,14 @@ void DrawCovering(QPainter& painter, const QRect& box, const QPixmap& picture) {
   painter.drawPixmap(QRectF(box), picture, source);
 }
 
+void DrawInMiddle(QPainter& painter, const QRect& box, const QPixmap& picture, QSizeF size) {
+  const QPointF corner = QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2);
+  // As it is, it stays as sharp as it is.
+  if (picture.deviceIndependentSize() == size) return painter.drawPixmap(corner, picture);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(QRectF(corner, size), picture, picture.rect());
+}
+
 void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look) {
   QLinearGradient ground(box.topRight(), box.bottomLeft());
   ground.setColorAt(0, look.placeholder);

@@ -61,6 +61,9 @@ void DrawText(QPainter& painter, const QRect& box, const QString& text, int line
 // Fills the box with the middle of the picture.
 void DrawCovering(QPainter& painter, const QRect& box, const QPixmap& picture);
 
+// The whole picture in the middle of the box, at this size.
+void DrawInMiddle(QPainter& painter, const QRect& box, const QPixmap& picture, QSizeF size);
+
 // What stands where a picture isn't there, or not yet: an eight-pointed star on a coloured ground.
 void DrawPlaceholder(QPainter& painter, const QRect& box, const Look& look);
 

@@ -104,7 +104,7 @@ std::optional<QTextImageFormat> FormatFor(QTextCursor& cursor, const QString& pa
   } else {
     QTextDocument& document = *cursor.document();
     const QImage image =
-        DecodePicture(path, style.decodeBox, Fit::kInside, LargestPictureOf(document));
+        DecodeBeside(path, style.decodeBox, Fit::kInside, LargestPictureOf(document)).image;
     if (image.isNull()) return std::nullopt;
     format = PictureFormat(image.deviceIndependentSize(), style);
     document.addResource(QTextDocument::ImageResource, QUrl(name), image);

@@ -30,7 +30,7 @@ QSizeF PagePictures::intrinsicSize(QTextDocument* /*document*/, int /*position*/
 void PagePictures::drawObject(QPainter* painter, const QRectF& place, QTextDocument* /*document*/,
                               int /*position*/, const QTextFormat& format) {
   const QString path = PathOfPicture(format);
-  const QPixmap picture = pictures_.Get(path, box_, Fit::kInside, &shown_);
+  const QPixmap picture = pictures_.Get({{path}, box_, Fit::kInside, &shown_}).pixmap;
   if (!picture.isNull()) {
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
@@ -39,7 +39,7 @@ void PagePictures::drawObject(QPainter* painter, const QRectF& place, QTextDocum
     return;
   }
   DrawPlaceholder(*painter, place.toRect(), look_);
-  if (!pictures_.IsBroken(path)) return;
+  if (!pictures_.IsBroken({path})) return;
   QMetaObject::invokeMethod(
       this,
       [this, path] {

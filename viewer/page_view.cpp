@@ -196,7 +196,8 @@ void PageView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const QRect box = viewport()->rect();
     painter.fillRect(box, look_.paper);
-    const QPixmap picture = pictures_.Get(background_, box.size(), Fit::kCovering, viewport());
+    const QPixmap picture =
+        pictures_.Get({{background_}, box.size(), Fit::kCovering, viewport()}).pixmap;
     if (!picture.isNull()) {
       DrawCovering(painter, box, picture);
       painter.fillRect(box, look_.paperVeil);

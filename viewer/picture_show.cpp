@@ -20,10 +20,9 @@ const Look& Room() { return LookOf(1, Light::kNight); }
 PictureShow::PictureShow(const book::Folder& book, const Look& /*look*/,
                          std::vector<book::Picture> gallery, int first, QWidget* parent)
     : QWidget(parent, Qt::Window),
-      book_(book),
       gallery_(std::move(gallery)),
       current_(first),
-      pictures_(kLargestOnScreen),
+      pictures_(book, kLargestOnScreen),
       next_(QStringLiteral("nextPicture"), texts::Next(), Room(), FlatButton::Place::kBar, this),
       previous_(QStringLiteral("previousPicture"), texts::Previous(), Room(),
                 FlatButton::Place::kBar, this),
@@ -56,15 +55,14 @@ void PictureShow::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), kDarkRoom);
   const QRect box = rect().adjusted(20, 20, -20, -kTitleBand);
-  const QString path = book_.Resolve(gallery_[static_cast<std::size_t>(current_)].path);
-  const QPixmap shown = pictures_.Get(path, box.size(), Fit::kInside, this);
-  if (!shown.isNull()) {
-    const QSizeF size = shown.deviceIndependentSize();
-    painter.drawPixmap(QRectF(box).center() - QPointF(size.width() / 2, size.height() / 2), shown);
-  } else if (path.isEmpty() || pictures_.IsBroken(path)) {
+  const PictureFile file{gallery_[static_cast<std::size_t>(current_)].path, true};
+  const ShownPicture shown = pictures_.Get({file, box.size(), Fit::kInside, this});
+  if (!shown.pixmap.isNull()) {
+    DrawInMiddle(painter, box, shown.pixmap, shown.size);
+  } else if (pictures_.IsBroken(file)) {
     painter.setPen(kOnPicture);
     painter.setFont(ViewerFont(kHeadingPixels));
-    DrawText(painter, box, NoteInPlaceOf(path), 1, Qt::AlignHCenter | Qt::AlignVCenter);
+    DrawText(painter, box, pictures_.NoteInPlaceOf(file), 1, Qt::AlignHCenter | Qt::AlignVCenter);
   }
   PaintTitle(painter);
 }

@@ -35,7 +35,6 @@ class PictureShow : public QWidget {
   void GoTo(int number);
   void PaintTitle(QPainter& painter);
 
-  const book::Folder& book_;
   std::vector<book::Picture> gallery_;
   int current_;
   Pictures pictures_;  // of its own: these are large

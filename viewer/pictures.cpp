@@ -1,163 +1,30 @@
 #include "viewer/pictures.h"
 
-#include <QBuffer>
-#include <QDebug>
-#include <QFile>
-#include <QFileInfo>
-#include <QImageReader>
 #include <algorithm>
-#include <array>
+#include <memory>
+#include <utility>
 
-#include "media/turns.h"
 #include "viewer/texts.h"
 
 namespace viewer {
 namespace {
 
 constexpr int kKeptKilobytes = static_cast<int>(kKeptByWindow / 1024);
-
-QSize SizeShown(QSize whole, QSize box, Fit fit) {
-  if (fit == Fit::kCovering) {
-    const QSize covering = whole.scaled(box, Qt::KeepAspectRatioByExpanding);
-    // A long strip would grow without end in the direction that isn't shown.
-    const bool strip = covering.width() > 4 * box.width() || covering.height() > 4 * box.height();
-    return strip ? whole.scaled(box * 2, Qt::KeepAspectRatio) : covering;
-  }
-  if (whole.width() <= box.width() && whole.height() <= box.height()) return whole;
-  return whole.scaled(box, Qt::KeepAspectRatio);
-}
-
-// Of the process, whichever window asks.
-media::Turns::Turn Turn(std::uint64_t bytes) {
-  static media::Turns turns(media::kDecodingMemory);
-  return turns.Take(bytes);
-}
-
-// Of one format and no other; nothing in the bytes can lead to another file.
-class Reader {
- public:
-  Reader(QByteArray& bytes, media::PictureKind kind) : device_(&bytes) {
-    [[maybe_unused]] static const bool kIsLifted =
-        [] {  // the toolkit's own limit is the same for all programs
-          QImageReader::setAllocationLimit(
-              static_cast<int>(media::kDecodingMemory / media::kMegabyte));
-          return true;
-        }();
-    device_.open(QIODevice::ReadOnly);
-    reader_.setDevice(&device_);
-    const std::string_view name = media::FormatName(kind);
-    reader_.setFormat({name.data(), static_cast<qsizetype>(name.size())});
-    reader_.setAutoDetectImageFormat(false);
-    reader_.setAutoTransform(true);
-  }
-  bool LiesOnItsSide() const {
-    return (reader_.transformation() & QImageIOHandler::TransformationRotate90) != 0;
-  }
-  QImage Read(QSize size) {
-    reader_.setScaledSize(size);
-    return reader_.read();
-  }
-
- private:
-  QBuffer device_;
-  QImageReader reader_;
-};
-
-// What is to be done with a file, found before it takes memory.
-struct Plan {
-  media::PictureKind kind = media::PictureKind::kUnknown;
-  QSize shown;       // upright
-  QSize decoded;     // as the file has it, not turned upright
-  double finer = 1;  // pixels decoded to one that is shown
-  media::PictureNeed need;
-  std::string whyNot;
-};
-
-Plan PlanFor(QByteArray bytes, QSize box, Fit fit, quint64 most) {
-  const media::PictureHeader header =
-      media::ReadPictureHeader({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-  Plan plan;
-  plan.kind = header.kind;
-  plan.whyNot = media::WhyNotDecoded(header, {});
-  if (!plan.whyNot.empty()) return plan;
-  const bool lies = Reader(bytes, header.kind).LiesOnItsSide();
-  const auto whole = media::ToToolkit<QSize>(header.size);
-  plan.shown =
-      SizeShown(lies ? whole.transposed() : whole, box.expandedTo({1, 1}), fit).expandedTo({1, 1});
-  const media::PictureSize decoded = media::WithinMemory(media::FromToolkit(plan.shown), most);
-  plan.finer = static_cast<double>(decoded.width) / plan.shown.width();
-  const auto upright = media::ToToolkit<QSize>(decoded);
-  plan.decoded = lies ? upright.transposed() : upright;
-  plan.need = media::NeedOf(header, media::FromToolkit(plan.decoded));
-  plan.whyNot = media::WhyNotDecoded(header, media::FromToolkit(plan.decoded));
-  return plan;
-}
-
-Plan PlanFor(QFile& file, QSize box, Fit fit, quint64 most) {
-  Plan plan;
-  if (!file.open(QIODevice::ReadOnly)) {
-    plan.whyNot = file.errorString().toStdString();
-    return plan;
-  }
-  plan.whyNot = media::WhyNotRead(static_cast<std::uint64_t>(file.size()));
-  if (!plan.whyNot.empty()) return plan;
-  const auto turn = Turn(static_cast<std::uint64_t>(file.size()));
-  return PlanFor(file.read(file.size()), box, fit, most);
-}
-
-bool IsFile(const QString& path) { return !path.isEmpty() && QFileInfo(path).isFile(); }
-
-void TellWhyNot(const QString& path, const std::string& whyNot) {
-  qWarning() << "no picture that can be shown:" << path << whyNot.c_str();
-}
+constexpr int kThreads = 2;
+// One more is ready to begin where a thread has done with its own.
+constexpr int kAtOnce = kThreads + 1;
+// So many can hardly be seen at a time: some of them have been scrolled away.
+constexpr std::size_t kManyWishes = 200;
 
 }  // namespace
-
-QSize SizeOfPicture(const QString& path, QSize box) {
-  // Nearly each tells its size early; some begin with a lot of notes. So little is read at once
-  // that it needs no turn among those that decode.
-  constexpr std::array<qint64, 2> kBeginnings = {65'536, 8'388'608};  // bytes
-  if (!IsFile(path)) return {};
-  Plan plan;
-  QFile file(path);
-  for (const qint64 beginning : kBeginnings) {
-    if (!file.open(QIODevice::ReadOnly)) break;
-    const bool isWhole = file.size() <= beginning;
-    plan = PlanFor(file.read(beginning), box, Fit::kInside, kLargestInWindow);
-    file.close();
-    // What the rest takes is seen before it is decoded.
-    if (!isWhole && !plan.shown.isEmpty()) return plan.shown;
-    if (isWhole && plan.whyNot.empty()) return plan.shown;
-    if (isWhole) break;
-  }
-  TellWhyNot(path, plan.whyNot);
-  return {};
-}
-
-QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most) {
-  if (!IsFile(path)) return {};
-  QFile file(path);
-  const Plan plan = PlanFor(file, box, fit, most);
-  if (!plan.whyNot.empty()) {
-    TellWhyNot(path, plan.whyNot);
-    return {};
-  }
-  // While it waits for its turn, nothing is held of it.
-  const auto turn = Turn(plan.need.bytes);
-  file.seek(0);
-  QByteArray bytes = file.read(file.size());
-  QImage image = Reader(bytes, plan.kind).Read(plan.decoded);
-  if (image.isNull()) qWarning() << "damaged picture:" << path;
-  image.setDevicePixelRatio(plan.finer);
-  return image;
-}
 
 QString NoteInPlaceOf(const QString& path) {
   return path.isEmpty() ? texts::NoPicture() : texts::PictureNotShown();
 }
 
-Pictures::Pictures(quint64 largest) : largest_(largest), ready_(kKeptKilobytes) {
-  pool_.setMaxThreadCount(2);
+Pictures::Pictures(const book::Folder& book, quint64 largest)
+    : book_(book), largest_(largest), ready_(kKeptKilobytes) {
+  pool_.setMaxThreadCount(kThreads);
 }
 
 Pictures::~Pictures() {
@@ -167,46 +34,121 @@ Pictures::~Pictures() {
 
 void Pictures::Start() {
   started_ = true;
-  for (const Wish& wish : early_) Decode(wish);
-  early_.clear();
+  std::ranges::reverse(wishes_);  // those of the first paint in their order
+  DecodeNext();
 }
 
-QPixmap Pictures::Get(const QString& path, QSize box, Fit fit, QWidget* waiting) {
-  if (path.isEmpty() || broken_.contains(path)) return {};
-  const QString key = QStringLiteral("%1x%2:%3:%4")
-                          .arg(box.width())
-                          .arg(box.height())
-                          .arg(static_cast<int>(fit))
-                          .arg(path);
-  if (const QPixmap* const ready = ready_.object(key)) return *ready;
-  if (pending_.contains(key)) return {};
-  pending_.insert(key);
-  const Wish wish{key, path, box, fit, waiting->devicePixelRatioF(), waiting};
-  started_ ? Decode(wish) : early_.push_back(wish);
+// The two kinds of paths are never taken for each other.
+QString Pictures::NameOf(const PictureFile& file) {
+  return (file.isInBook ? u'b' : u'd') + file.path;
+}
+
+QString Pictures::NoteInPlaceOf(const PictureFile& file) const {
+  if (file.path.isEmpty()) return viewer::NoteInPlaceOf(QString());
+  return notes_.value(NameOf(file));
+}
+
+ShownPicture Pictures::Get(const PictureWish& wanted) {
+  if (wanted.file.path.isEmpty() || IsBroken(wanted.file)) return {};
+  const QString slot = (wanted.fit == Fit::kInside ? u'i' : u'c') + NameOf(wanted.file);
+  const double ratio = wanted.waiting->devicePixelRatioF();
+  const Wish wish{
+      slot,
+      QStringLiteral("%1x%2@%3").arg(wanted.box.width()).arg(wanted.box.height()).arg(ratio) + slot,
+      wanted.file,
+      wanted.box,
+      wanted.fit,
+      ratio,
+      wanted.waiting,
+      wanted.isWanted};
+  if (!ready_.contains(wish.key)) Ask(wish);
+  return Ready(wish);
+}
+
+ShownPicture Pictures::Ready(const Wish& wish) const {
+  const auto known = known_.constFind(wish.slot);
+  if (known == known_.cend()) return {};
+  for (const QString& key : {wish.key, known->last, known->before}) {
+    const QPixmap* const pixmap = ready_.object(key);
+    if (pixmap == nullptr) continue;
+    const QSizeF size = SizeInBox(known->whole, wish.box * wish.ratio, wish.fit);
+    return {*pixmap, size / wish.ratio};
+  }
   return {};
 }
 
-void Pictures::Decode(const Wish& wish) {
-  const auto work = [this, wish] {
-    const QImage image = DecodePicture(wish.path, wish.box * wish.ratio, wish.fit, largest_);
-    QMetaObject::invokeMethod(
-        this, [this, wish, image] { Take(wish, image); }, Qt::QueuedConnection);
-  };
-  // What was asked last is what the reader looks at.
-  pool_.start(work, started_ ? ++asked_ : 0);
+bool Pictures::IsStale(const Wish& wish) {
+  return !wish.waiting || (wish.isWanted && !wish.isWanted());
 }
 
-void Pictures::Take(const Wish& wish, const QImage& image) {
+void Pictures::Ask(const Wish& wish) {
+  if (pending_.contains(wish.key)) return;
+  const auto drop = [this](const auto& isDropped) {
+    std::erase_if(wishes_, [&](const Wish& each) {
+      const bool drops = isDropped(each);
+      if (drops) pending_.remove(each.key);
+      return drops;
+    });
+  };
+  drop(
+      [&wish](const Wish& each) { return each.waiting == wish.waiting && each.slot == wish.slot; });
+  if (wishes_.size() > kManyWishes) drop(IsStale);
+  pending_.insert(wish.key);
+  wishes_.push_back(wish);
+  DecodeNext();
+}
+
+void Pictures::DecodeNext() {
+  while (started_ && running_ < kAtOnce && !wishes_.empty()) {
+    const Wish wish = std::move(wishes_.back());
+    wishes_.pop_back();
+    if (IsStale(wish)) {
+      pending_.remove(wish.key);
+      continue;
+    }
+    ++running_;
+    pool_.start([this, wish] {
+      const Taken taken = Decode(wish);
+      QMetaObject::invokeMethod(
+          this, [this, wish, taken] { Take(wish, taken); }, Qt::QueuedConnection);
+    });
+  }
+}
+
+// On a thread of the pool.
+Pictures::Taken Pictures::Decode(const Wish& wish) {
+  QString path = wish.file.path;
+  if (wish.file.isInBook) {
+    const QMutexLocker lock(&lookingUp_);
+    path = book_.Resolve(wish.file.path);
+  }
+  return {path, DecodePicture(path, wish.box * wish.ratio, wish.fit, largest_)};
+}
+
+void Pictures::Take(const Wish& wish, const Taken& taken) {
+  --running_;
+  ++decoded_;
   pending_.remove(wish.key);
-  if (image.isNull()) {
-    broken_.insert(wish.path);
+  if (taken.picture.image.isNull()) {
+    notes_.insert(NameOf(wish.file), viewer::NoteInPlaceOf(taken.path));
   } else {
-    auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(image));
-    pixmap->setDevicePixelRatio(wish.ratio * image.devicePixelRatio());
-    const qsizetype kilobytes = std::max<qsizetype>(1, image.sizeInBytes() / 1024);
-    ready_.insert(wish.key, pixmap.release(), kilobytes);
+    Keep(wish, taken.picture);
   }
   if (wish.waiting) wish.waiting->update();
+  DecodeNext();
+}
+
+// Of one picture two sizes at the most: a window that grows would drive out all others.
+void Pictures::Keep(const Wish& wish, const DecodedPicture& picture) {
+  auto pixmap = std::make_unique<QPixmap>(QPixmap::fromImage(picture.image));
+  pixmap->setDevicePixelRatio(wish.ratio * picture.image.devicePixelRatio());
+  const qsizetype kilobytes = std::max<qsizetype>(1, picture.image.sizeInBytes() / 1024);
+  ready_.insert(wish.key, pixmap.release(), kilobytes);
+  Known& known = known_[wish.slot];
+  known.whole = picture.whole;
+  if (known.last == wish.key) return;
+  if (known.before != wish.key) ready_.remove(known.before);
+  known.before = std::exchange(known.last, wish.key);
 }
 
 }  // namespace viewer

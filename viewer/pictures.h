@@ -1,8 +1,9 @@
-// The book's pictures, decoded at the size in which they are shown, beside the window's thread.
+// The book's pictures as its windows show them, decoded beside the windows' thread.
 #pragma once
 
 #include <QCache>
-#include <QImage>
+#include <QHash>
+#include <QMutex>
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
@@ -11,75 +12,102 @@
 #include <QString>
 #include <QThreadPool>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
-#include "media/picture_plan.h"
+#include "book/folder.h"
+#include "viewer/picture_decoder.h"
 
 namespace viewer {
 
-enum class Fit {
-  kInside,   // the whole picture, never larger than it is
-  kCovering  // fills the box
+// By its path on the disk, or by that in the book, which is looked up by the thread that decodes.
+struct PictureFile {
+  QString path;
+  bool isInBook = false;
 };
 
-// What is kept to be shown, of all that a process may keep: the window's pictures, as much of those
-// over the whole screen, and those of a section that is printed.
-inline constexpr quint64 kKeptByWindow = media::kKeptMemory / 4;
-inline constexpr quint64 kKeptForPaper = media::kKeptMemory / 2;
+struct ShownPicture {
+  QPixmap pixmap;  // null while there is nothing to show; perhaps of another size for now
+  QSizeF size;     // in which it is to be shown, in pixels of the widget
+};
 
-// Of one picture: several are seen at a time, or one over the whole screen.
-inline constexpr quint64 kLargestInWindow = kKeptByWindow / 4;
-inline constexpr quint64 kLargestOnScreen = kKeptByWindow / 8 * 7;
-
-// A null image, with a warning, where the file is no picture or would take too much of a decoder,
-// which is told before (media/picture_plan.h). Waits while other threads decode in the memory that
-// it needs. One of more than `most` bytes is coarser, by its device's pixel ratio.
-QImage DecodePicture(const QString& path, QSize box, Fit fit, quint64 most);
-
-// How large the picture is inside the box, by the beginning of its file: decoding it may fail
-// nonetheless. An empty size, with a warning, where it is known already that it can't be shown.
-QSize SizeOfPicture(const QString& path, QSize box);
-
-// What stands in the place of a picture that isn't shown; `path` is empty where there is no file.
-QString NoteInPlaceOf(const QString& path);
+// A picture that is wanted: `box` in pixels of the widget, which is painted again when it is there.
+struct PictureWish {
+  PictureFile file;
+  QSize box;
+  Fit fit = Fit::kInside;
+  QWidget* waiting = nullptr;
+  std::function<bool()> isWanted =
+      nullptr;  // asked before it is decoded; always, where there is none
+};
 
 // Keeps what was decoded lately. Until Start() nothing is decoded, so that the first window comes
-// up without waiting for pictures.
+// up without waiting for pictures. Asking takes no look at the disk.
 class Pictures : public QObject {
  public:
-  explicit Pictures(quint64 largest = kLargestInWindow);
+  explicit Pictures(const book::Folder& book, quint64 largest = kLargestInWindow);
   Pictures(const Pictures&) = delete;
   Pictures& operator=(const Pictures&) = delete;
   ~Pictures() override;
 
   void Start();
 
-  // Null while the picture isn't there: `waiting` is painted again when it is. `box` in pixels of
-  // the widget.
-  QPixmap Get(const QString& path, QSize box, Fit fit, QWidget* waiting);
-  // Once it is known that there is nothing to show.
-  bool IsBroken(const QString& path) const { return broken_.contains(path); }
+  // What was asked last is decoded first. While a picture of the right size is decoded, the one of
+  // the size before is shown; of a widget that asks for one size after the other, the last alone is
+  // decoded.
+  ShownPicture Get(const PictureWish& wish);
+  // The words for one that isn't shown, once that is known.
+  QString NoteInPlaceOf(const PictureFile& file) const;
+  bool IsBroken(const PictureFile& file) const { return !NoteInPlaceOf(file).isEmpty(); }
+
+  // How many have been decoded until now.
+  int DecodedCount() const { return decoded_; }
 
  private:
   struct Wish {
-    QString key;
-    QString path;
+    QString slot;  // the picture and its fit
+    QString key;   // the slot and the size
+    PictureFile file;
     QSize box;
     Fit fit;
     double ratio;
     QPointer<QWidget> waiting;
+    std::function<bool()> isWanted;
   };
-  void Decode(const Wish& wish);
-  void Take(const Wish& wish, const QImage& image);
+  // Of a slot.
+  struct Known {
+    QSize whole;
+    QString last;    // the key of what came last, ...
+    QString before;  // ... and before it
+  };
+  struct Taken {
+    QString path;
+    DecodedPicture picture;
+  };
+  static QString NameOf(const PictureFile& file);
+  static bool IsStale(const Wish& wish);
+  ShownPicture Ready(const Wish& wish) const;
+  void Ask(const Wish& wish);
+  void DecodeNext();
+  Taken Decode(const Wish& wish);
+  void Take(const Wish& wish, const Taken& taken);
+  void Keep(const Wish& wish, const DecodedPicture& picture);
 
+  QMutex lookingUp_;  // the threads that decode take turns with the folder
+  book::Folder book_;
   quint64 largest_;
   bool started_ = false;
-  int asked_ = 0;
-  std::vector<Wish> early_;
-  QSet<QString> pending_;
-  QSet<QString> broken_;
+  int running_ = 0;
+  int decoded_ = 0;
+  std::vector<Wish> wishes_;  // the last is the next
+  QSet<QString> pending_;     // the keys of those, and of what is being decoded
+  QHash<QString, QString> notes_;
+  QHash<QString, Known> known_;
   QCache<QString, QPixmap> ready_;
   QThreadPool pool_;
 };
+
+// What stands in the place of a picture that isn't shown; `path` is empty where there is no file.
+QString NoteInPlaceOf(const QString& path);
 
 }  // namespace viewer

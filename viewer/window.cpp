@@ -32,6 +32,7 @@ Window::Window(const QString& root, Outside outside)
       settings_(hasBook_ ? book::ReadSettings(book_) : book::Settings()),
       index_(hasBook_ ? book::ReadIndex(book_) : book::Index()),
       look_(LookOf(settings_.layout)),
+      pictures_(book_),
       music_(book_, hasBook_ && settings_.music ? TracksOf(book_) : QStringList(),
              outside_.makePlayer),
       surroundings_{book_,     settings_, look_,
@@ -145,7 +146,7 @@ void Window::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), look_.ground);
   const QRect box = rect().adjusted(0, kBarHeight, 0, 0);
-  const QPixmap backdrop = pictures_.Get(backdrop_, box.size(), Fit::kCovering, this);
+  const QPixmap backdrop = pictures_.Get({{backdrop_}, box.size(), Fit::kCovering, this}).pixmap;
   if (!backdrop.isNull()) {
     DrawCovering(painter, box, backdrop);
     painter.fillRect(box, look_.veil);
