@@ -136,7 +136,8 @@ int MarkedColumns(const QImage& card) {
   for (int x = 0; x < card.width(); ++x) {
     bool isMarked = false;
     for (int y = 0; y < card.height(); ++y) {
-      isMarked = isMarked || card.pixelColor(x, y) == viewer::FoundWord().background().color();
+      isMarked = isMarked ||
+                 card.pixelColor(x, y) == viewer::FoundWord(viewer::LookOf(1)).background().color();
     }
     columns += isMarked ? 1 : 0;
   }
