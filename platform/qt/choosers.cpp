@@ -164,8 +164,6 @@ void FileList::SetPath(TextView path) {
   FillFiles(peer, folder);
 }
 
-Text FileList::Pattern() const { return PeerOf<FileListPeer>(*this).pattern; }
-
 void FileList::SetPattern(TextView pattern) {
   auto& peer = PeerOf<FileListPeer>(*this);
   peer.pattern = pattern;

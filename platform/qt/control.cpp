@@ -226,11 +226,6 @@ void Control::SetHeight(Twips height) {
 bool Control::Visible() const { return !WidgetOf(*this).isHidden(); }
 void Control::SetVisible(bool visible) { WidgetOf(*this).setVisible(visible); }
 
-bool Control::Enabled() const {
-  const QAction* action = ThePeer().action;
-  return action != nullptr ? action->isEnabled() : WidgetOf(*this).isEnabled();
-}
-
 void Control::SetEnabled(bool enabled) {
   if (QAction* action = ThePeer().action; action != nullptr) {
     action->setEnabled(enabled);

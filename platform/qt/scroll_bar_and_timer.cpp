@@ -43,14 +43,9 @@ std::unique_ptr<Control::Peer> MakeScrollBar(const ControlRow&, QWidget* parent,
 }
 
 int ScrollBar::Value() const { return BarOf(*this).value(); }
-int ScrollBar::Max() const { return BarOf(*this).maximum(); }
 
 void ScrollBar::SetValue(int value) {
   WriteBar(*this, [value](QScrollBar& bar) { bar.setValue(value); });
-}
-
-void ScrollBar::SetMin(int minimum) {
-  WriteBar(*this, [minimum](QScrollBar& bar) { bar.setMinimum(minimum); });
 }
 
 void ScrollBar::SetMax(int maximum) {

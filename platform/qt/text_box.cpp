@@ -132,7 +132,6 @@ void TextBox::SetSelLength(Position length) {
   }
 }
 
-bool TextBox::Locked() const { return PeerOf<TextBoxPeer>(*this).Edit().isReadOnly(); }
 // What can't be changed stands on the window's own ground.
 void TextBox::SetLocked(bool locked) {
   QLineEdit& edit = PeerOf<TextBoxPeer>(*this).Edit();

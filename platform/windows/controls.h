@@ -36,7 +36,6 @@ class Control {
   void SetHeight(Twips height);
   bool Visible() const;
   void SetVisible(bool visible);
-  bool Enabled() const;
   void SetEnabled(bool enabled);
   platform::Text ToolTip() const;
   void SetToolTip(TextView tip);
@@ -132,7 +131,6 @@ class TextBox : public Control {
   void SelectAll();
   Position SelStart() const;
   Position SelLength() const;
-  bool Locked() const;
   void SetLocked(bool locked);
   std::function<void()> onChange;
   std::function<void(int keyCode)> onKeyPress;  // the character's code, Ctrl+A is 1
@@ -189,7 +187,6 @@ class FileList : public Control {
   using Control::Control;
   platform::Text Path() const;
   void SetPath(TextView path);
-  platform::Text Pattern() const;
   void SetPattern(TextView pattern);  // masks separated by ";", letter case doesn't count
   platform::Text FileName() const;    // the selected name without a path, or empty
   std::function<void()> onDoubleClick;
@@ -212,9 +209,7 @@ class ScrollBar : public Control {
   using Control::Control;
   int Value() const;
   void SetValue(int value);  // runs onChange where the value differs
-  void SetMin(int minimum);
   void SetMax(int maximum);  // a value beyond it comes down, which runs onChange
-  int Max() const;
   void SetSmallChange(int step);
   void SetLargeChange(int step);
   std::function<void()> onChange;

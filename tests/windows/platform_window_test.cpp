@@ -99,7 +99,7 @@ TEST(PlatformWindow, AReloadedWindowIsAsDesignedAgain) {
   EXPECT_FALSE(window.IsVisible());
   window.Show();
   EXPECT_EQ(window.field.Text(), u"as designed");
-  EXPECT_TRUE(window.go.Enabled());
+  EXPECT_TRUE(Robot::Find("Fixed", "go").isEnabled());
 }
 
 TEST(PlatformWindow, AnUnloadedWindowIsAFailureToUse) {
