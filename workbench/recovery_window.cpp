@@ -60,6 +60,7 @@ void RecoveryWindow::ShowNext() {
   records_.erase(records_.begin());
   if (!ReadFirst()) return Unload();
   ShowFirst();
+  Announce();
 }
 
 void RecoveryWindow::Refresh() {

@@ -9,6 +9,7 @@
 #include "platform/failure.h"
 #include "platform/qt/conversions.h"
 #include "platform/qt/fonts.h"
+#include "platform/qt/notice.h"
 #include "platform/qt/toolkit_texts.h"
 #include "platform/qt/trampoline.h"
 #include "platform/windows/message_box.h"
@@ -51,7 +52,7 @@ class ToolApplication : public QApplication {
 }  // namespace
 
 struct Application::Peer {
-  Peer(int& argc, char** argv) : application(argc, argv) {}
+  Peer(int& argc, char** argv) : application(argc, argv) { MakeNoticesKnown(); }
   ToolApplication application;
 };
 

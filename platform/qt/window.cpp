@@ -15,6 +15,7 @@
 #include "platform/qt/accessible_names.h"
 #include "platform/qt/artwork.h"
 #include "platform/qt/conversions.h"
+#include "platform/qt/notice.h"
 #include "platform/qt/peers.h"
 #include "platform/qt/trampoline.h"
 #include "platform/text/caption.h"
@@ -332,10 +333,13 @@ void Window::ShowBeside(const Window& owner) {
   PlaceBeside(widget, beside);
   LeadBetween(beside, widget);
   peer_->beside = &beside;
+  BecomeNotice(widget);
   widget.show();
   // Not every desktop heeds the wish.
   beside.activateWindow();
 }
+
+void Window::Announce() { AnnounceNotice(WidgetOf(*this)); }
 
 void Window::Hide() { WidgetOf(*this).hide(); }
 

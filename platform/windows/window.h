@@ -32,6 +32,8 @@ class Window {
   // Loads if need be and shows next to `owner`, not modal and in front of it. The focus stays with
   // that window; Ctrl+Tab takes it over to this one, and back.
   void ShowBeside(const Window& owner);
+  // Tells a screen reader what the labels of a window that was shown so say by now.
+  void Announce();
   void Hide();
   // Runs Form_Unload, then takes the window and its controls off the screen for good.
   void Unload();

@@ -5,6 +5,8 @@
                                         description
     screen_reader.py PID focus          gives the focus to each object that can take it, in turn
     screen_reader.py PID press NAME     presses the button of that name
+    screen_reader.py PID hear FILE      makes the file once it listens, then waits: the role and the
+                                        name of the first thing that comes up by itself
 
 Fields of a line stand between tabs; x and y count from the screen's corner. Status 1 if the program
 or the button isn't there.
@@ -15,7 +17,7 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 STATES = {
     Atspi.StateType.FOCUSABLE: "focusable",
@@ -72,10 +74,24 @@ def press(top, name):
     sys.exit("There is no such button.")
 
 
+def hear(top, listening):
+    """What Orca says by itself: a notification that comes to be seen."""
+    def tell(event):
+        if event.detail1 and event.source.get_role() == Atspi.Role.NOTIFICATION:
+            print(event.source.get_role_name(), event.source.get_name(), sep="\t")
+            Atspi.event_quit()
+
+    listener = Atspi.EventListener.new(tell)
+    listener.register("object:state-changed:showing")
+    open(listening, "w").close()
+    GLib.timeout_add_seconds(20, Atspi.event_quit)  # nothing was said
+    Atspi.event_main()
+
+
 def main(pid, act, *arguments):
     # A loaded machine may take its time (milliseconds: of a call, of a program that starts).
     Atspi.set_timeout(20000, 30000)
-    {"list": list_objects, "focus": focus_each, "press": press}[act](program(int(pid)), *arguments)
+    {"list": list_objects, "focus": focus_each, "press": press, "hear": hear}[act](program(int(pid)), *arguments)
 
 
 if __name__ == "__main__":

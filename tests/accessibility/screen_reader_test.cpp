@@ -7,7 +7,11 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QStringList>
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -17,6 +21,7 @@
 #include "platform/windows/controls.h"
 #include "support/window_catalogue.h"
 #include "tests/support/small_window.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -181,6 +186,47 @@ void PressAndCount(const QString& name, const int& clicks) {
   AskReader({QStringLiteral("press"), name});
   testing_support::Robot::WaitUntil([&] { return clicks > 0; });
   EXPECT_EQ(clicks, 1);
+}
+
+constexpr ControlRow kSaid[] = {
+    {.name = u"first", .kind = ControlKind::kLabel, .width = 1500, .height = 300, .text = u"يك"},
+    {.name = u"second",
+     .kind = ControlKind::kLabel,
+     .top = 300,
+     .width = 1500,
+     .height = 300,
+     .text = u"دو"}};
+constexpr WindowDefinition kNotice = {
+    .name = u"notice", .title = u"notice", .width = 3000, .height = 1500, .rows = kSaid};
+constexpr WindowDefinition kOwner = {
+    .name = u"owner", .title = u"owner", .width = 3000, .height = 1500};
+
+// It takes no focus, so a reader learns of it by being told.
+TEST(ScreenReaderNotice, HearsOfAWindowThatComesUpBesideAnother) {
+  const testing_support::TemporaryFolder folder;
+  const std::string listens = folder.HostPath("listens");
+  SmallWindow owner(kOwner);
+  SmallWindow notice(kNotice);
+  platform::Label second(notice, u"second");
+  owner.ShowActive();
+  const auto whenHeard = [&](const std::function<void()>& act) {
+    QTimer until;
+    QObject::connect(&until, &QTimer::timeout, [&] {
+      if (!std::filesystem::exists(listens)) return;
+      std::filesystem::remove(listens);
+      until.stop();
+      act();
+    });
+    until.start(std::chrono::milliseconds(20));
+    return AskReader({QStringLiteral("hear"), QString::fromStdString(listens)}).toStdString();
+  };
+  EXPECT_EQ(whenHeard([&] { notice.ShowBeside(owner); }), "notification\tيك. دو\n");
+  EXPECT_EQ(whenHeard([&] {
+              second.SetCaption(u"سه");
+              notice.Announce();
+            }),
+            "notification\tيك. سه\n");
+  EXPECT_TRUE(owner.OnScreen().isActiveWindow());
 }
 
 constexpr ControlRow kPressed[] = {
