@@ -86,7 +86,7 @@ std::string Model::OnScreen() const {
                     .mainOpen = mainOpen_,
                     .isGallery = galleryMode_,
                     .rest = platform::ToUtf8(rest_)};
-  for (const ModelRow& row : rows_) state.titles.push_back(row.title);
+  state.titles = lines_;
   return Describe(state);
 }
 
@@ -105,7 +105,7 @@ Operation Model::Choose() {
   if (Below(3) == 0) operation.deed = IsPending() ? Deed::kHeadingText : Deed::kHeading;
   if (IsOfPassage(operation.deed)) Select(operation);
   if (operation.deed != Deed::kOpenText) operation.word = "w" + std::to_string(Below(1000));
-  operation.row = Below(std::max(count_, 1));
+  operation.row = Below(std::max(static_cast<int>(rows_.size()), 1));
   if (operation.deed == Deed::kEntryPicture || operation.deed == Deed::kGalleryPicture) {
     operation.length = Below(kPictures);
   }
@@ -128,12 +128,8 @@ bool Model::IsPossible(const Operation& operation) const {
   switch (operation.deed) {
     case Deed::kHeadingText:
       return IsPending();
-    case Deed::kIdentity:
-    case Deed::kHeading:
-    case Deed::kMainTitle:
-      return !IsPending();
     case Deed::kMainTitleEnd:
-      return mainOpen_ > 0 && !IsPending();
+      return mainOpen_ > 0;
     case Deed::kRebuild:
       return !rest_.empty();
     case Deed::kEditTitle:
@@ -151,7 +147,10 @@ bool Model::IsPossible(const Operation& operation) const {
 
 // Main titles' texts are plain, and their titles and those of identities are locked.
 bool Model::CanBeOpened(const Operation& operation) const {
-  if (operation.row >= count_) return false;
+  if (operation.row >= static_cast<int>(rows_.size())) return false;
+  // A heading that goes before it has its text takes one off the count, and below 0 nothing is left
+  // to be filed.
+  if (operation.deed == Deed::kDeleteRow && count_ == 0) return false;
   const std::string& title = rows_[static_cast<std::size_t>(operation.row)].title;
   if (title == kMainEndMark) return false;
   if (operation.deed == Deed::kEditTitle) return title != kMainMark && title != kIdentity;
@@ -180,7 +179,8 @@ void Model::CarryOut(const Operation& operation) {
       return;
     }
     case Deed::kMainTitleEnd:
-      rows_.push_back({kMainEndMark, lastMain_});
+      AddLine(kMainEndMark);
+      RowInHand().text = lastMain_;
       ++count_;
       --mainOpen_;
       return;
@@ -195,6 +195,17 @@ void Model::CarryOut(const Operation& operation) {
   }
 }
 
+// Row `count_`: that of a heading without its text, whatever else it holds, or a new one.
+ModelRow& Model::RowInHand() {
+  if (!IsPending()) rows_.emplace_back();
+  return rows_[static_cast<std::size_t>(count_)];
+}
+
+void Model::AddLine(const std::string& title) {
+  RowInHand().title = title;
+  lines_.insert(lines_.begin() + count_, title);
+}
+
 void Model::FilePassage(const Operation& operation) {
   const std::string passage = Passage(operation);
   rest_.erase(0, static_cast<std::size_t>(operation.length));
@@ -206,18 +217,19 @@ void Model::FilePassage(const Operation& operation) {
       title_ += " (" + passage + ")";
       return;
     case Deed::kHeading:
-      rows_.push_back({passage, ""});
-      return;
+      return AddLine(passage);
     case Deed::kHeadingText:
-      rows_.back().text = passage;
+      RowInHand().text = passage;
       ++count_;
       return;
     case Deed::kIdentity:
-      rows_.push_back({kIdentity, passage});
+      AddLine(kIdentity);
+      RowInHand().text = passage;
       ++count_;
       return;
     case Deed::kMainTitle:
-      rows_.push_back({kMainMark, passage});
+      AddLine(kMainMark);
+      RowInHand().text = passage;
       lastMain_ = passage;
       ++count_;
       ++mainOpen_;
@@ -228,11 +240,12 @@ void Model::FilePassage(const Operation& operation) {
 }
 
 void Model::CarryOutOnRow(const Operation& operation) {
-  ModelRow& row = rows_[static_cast<std::size_t>(operation.row)];
+  const auto index = static_cast<std::size_t>(operation.row);
+  ModelRow& row = rows_[index];
+  if (operation.deed == Deed::kEditTitle) row.title = operation.word;
+  // What is kept writes the row's line anew.
+  lines_[index] = row.title;
   switch (operation.deed) {
-    case Deed::kEditTitle:
-      row.title = operation.word;
-      return;
     case Deed::kAttach:
       row.attached = true;
       return;
@@ -246,6 +259,7 @@ void Model::CarryOutOnRow(const Operation& operation) {
     // closes, empties the one that it has in view.
     case Deed::kDeleteRow:
       rows_.erase(rows_.begin() + operation.row);
+      lines_.erase(lines_.begin() + operation.row);
       --count_;
       if (isGallery_[operation.row]) gallery_[operation.row].clear();
       return;

@@ -42,13 +42,16 @@ class Model {
   std::string Passage(const Operation& operation) const;
   int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
   bool IsPending() const { return static_cast<int>(rows_.size()) > count_; }
+  ModelRow& RowInHand();
+  void AddLine(const std::string& title);
 
   std::mt19937 random_;
   platform::Text input_;
   platform::Text rest_;  // "\n" at a paragraph's end
   std::string title_;
   std::string lastMain_;
-  std::vector<ModelRow> rows_;  // a heading without its text is the last
+  std::vector<ModelRow> rows_;      // a heading without its text is the last
+  std::vector<std::string> lines_;  // titles; one that was overwritten stays behind its row's line
   int count_ = 0;
   int mainOpen_ = 0;
   int images_ = 0;
