@@ -1,4 +1,4 @@
-// What the six windows hold at design: titles, sizes, and every control with its place, text and
+// What the windows hold at design: titles, sizes, and every control with its place, text and
 // hint. Rows stand in tab order, frames before what they hold.
 #pragma once
 

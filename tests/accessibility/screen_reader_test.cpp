@@ -1,4 +1,4 @@
-// Every control of the six windows as a screen reader meets it on the accessibility bus: where it
+// Every control of all windows as a screen reader meets it on the accessibility bus: where it
 // stands, what it is and what it is called; that it can be given the focus, and pressed.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Every caption of the six windows fits its control, and nothing lies over a text, in the font of
+// Every caption of all windows fits its control, and nothing lies over a text, in the font of
 // the windows and in others, on screens of several densities.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The six windows as they come on the screen: every control can be reached, in the order in which
+// The windows as they come on the screen: every control can be reached, in the order in which
 // it is read, and has a name for those who can't see it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
