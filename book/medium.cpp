@@ -5,7 +5,6 @@
 
 #include "book/raw_file.h"
 #include "book/shown_name.h"
-#include "media/media_kind.h"
 
 namespace book {
 
@@ -33,6 +32,7 @@ media::Source Medium::Bytes() {
 bool Medium::BeginWhereTheMediumDoes() {
   const auto known = media::MediumOf(Bytes());
   if (!known) return false;
+  kind_ = known->kind;
   start_ = static_cast<qint64>(known->start);
   size_ = file_.size() - start_;
   return open(QIODevice::ReadOnly | QIODevice::Unbuffered) && seek(0);

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "book/folder.h"
+#include "media/media_kind.h"
 #include "media/source.h"
 
 namespace book {
@@ -18,6 +19,8 @@ class Medium : public QIODevice {
   // known to be a sound or a film. The file that was looked at is the one that is played, whatever
   // comes under its name in the meantime.
   [[nodiscard]] static std::unique_ptr<Medium> Open(const Folder& book, const QString& path);
+
+  media::MediaKind Kind() const { return kind_; }
 
   // For the log.
   QString Path() const { return path_; }
@@ -36,6 +39,7 @@ class Medium : public QIODevice {
 
   QString path_;
   QFile file_;
+  media::MediaKind kind_{};
   qint64 start_ = 0;
   qint64 size_ = 0;
 };

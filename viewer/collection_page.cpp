@@ -26,7 +26,7 @@ CollectionPage::CollectionPage(const Surroundings& surroundings, QWidget* parent
       reader_(this),
       sheets_(&reader_),
       page_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
-      gallery_(surroundings.book, surroundings.look, surroundings.pictures, &sheets_),
+      gallery_(surroundings, &sheets_),
       sections_(surroundings.look, &reader_),
       bar_(surroundings, &reader_) {
   setObjectName(QStringLiteral("collection"));

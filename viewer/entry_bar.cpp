@@ -8,7 +8,7 @@
 #include "book/known_files.h"
 #include "book/medium.h"
 #include "book/shown_name.h"
-#include "viewer/film_window.h"
+#include "viewer/missing_packages.h"
 #include "viewer/texts.h"
 
 namespace viewer {
@@ -139,13 +139,14 @@ void EntryBar::SwitchSound() {
   if (sounds_) return Silence();
   if (!IsThere(media_.sound, texts::SoundMissing(), kAnyEnding)) return;
   auto sound = book::Medium::Open(surroundings_.book, media_.sound);
-  if (!sound) return TellSound();
+  if (!sound) return TellSound(texts::CantPlaySound());
+  soundKind_ = sound->Kind();
   if (!player_) {
     player_ = surroundings_.outside.makePlayer();
     player_->onEnd = [this](bool played) {
       if (!sounds_) return;
       Silence();
-      if (!played) TellSound();
+      if (!played) TellSound(WithMissingPackages(texts::CantPlaySound(), soundKind_));
     };
   }
   surroundings_.hushMusic(true);
@@ -154,7 +155,7 @@ void EntryBar::SwitchSound() {
   player_->Play(std::move(sound));
 }
 
-void EntryBar::TellSound() { Tell(window(), texts::CantPlaySound()); }
+void EntryBar::TellSound(const QString& why) { Tell(window(), why); }
 
 void EntryBar::Silence() {
   if (!sounds_) return;

@@ -38,7 +38,7 @@ class EntryBar : public QWidget {
   void OpenWithItsProgram();
   void StartProgram();
   void SwitchSound();
-  void TellSound();
+  void TellSound(const QString& why);
   void ShowFilm();
   [[nodiscard]] bool IsThere(const QString& path, const QString& missing, const QString& ending);
 
@@ -47,6 +47,7 @@ class EntryBar : public QWidget {
   book::Media media_;
   std::unique_ptr<Player> player_;
   bool sounds_ = false;
+  media::MediaKind soundKind_{};
   FlatButton previous_;
   FlatButton next_;
   FlatButton attachment_;

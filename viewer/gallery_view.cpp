@@ -90,9 +90,12 @@ class GalleryView::Painter : public QStyledItemDelegate {
   GalleryView& view_;
 };
 
-GalleryView::GalleryView(const book::Folder& book, const Look& look, Pictures& pictures,
-                         QWidget* parent)
-    : QListView(parent), book_(book), look_(look), pictures_(pictures), model_(new Model(this)) {
+GalleryView::GalleryView(const Surroundings& surroundings, QWidget* parent)
+    : QListView(parent),
+      surroundings_(surroundings),
+      look_(surroundings.look),
+      pictures_(surroundings.pictures),
+      model_(new Model(this)) {
   setObjectName(QStringLiteral("gallery"));
   setAccessibleName(texts::Gallery());
   setFrameShape(QFrame::NoFrame);
@@ -122,7 +125,7 @@ void GalleryView::ShowGallery(std::vector<book::Picture> gallery) {
 
 void GalleryView::OpenPicture(int number) {
   if (number < 0 || static_cast<std::size_t>(number) >= model_->pictures.size()) return;
-  auto* const show = new PictureShow(book_, look_, model_->pictures, number, window());
+  auto* const show = new PictureShow(surroundings_, model_->pictures, number, window());
   show->onLeft = [this](int last) { setCurrentIndex(model_->index(last)); };
   show->showFullScreen();
 }

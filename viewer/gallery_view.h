@@ -8,12 +8,13 @@
 #include "book/gallery.h"
 #include "viewer/look.h"
 #include "viewer/pictures.h"
+#include "viewer/surroundings.h"
 
 namespace viewer {
 
 class GalleryView : public QListView {
  public:
-  GalleryView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent);
+  GalleryView(const Surroundings& surroundings, QWidget* parent);
   GalleryView(const GalleryView&) = delete;
   GalleryView& operator=(const GalleryView&) = delete;
   ~GalleryView() override;
@@ -30,7 +31,7 @@ class GalleryView : public QListView {
   class Model;
   class Painter;
 
-  const book::Folder& book_;
+  const Surroundings& surroundings_;
   const Look& look_;
   Pictures& pictures_;
   Model* model_;

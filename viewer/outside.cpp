@@ -4,13 +4,16 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 #include <QPrintDialog>
+#include <QStandardPaths>
 #include <QUrl>
 #include <string>
 
 #include "launch/launcher.h"
 #include "viewer/film_window.h"
 #include "viewer/media_player.h"
+#include "viewer/missing_packages.h"
 #include "viewer/surroundings.h"
 #include "viewer/texts.h"
 
@@ -52,11 +55,17 @@ void ShowFilm(std::unique_ptr<book::Medium> medium, const QString& title, QWidge
               std::function<void()> onClosed) {
   // The toolkit's player wants a sound card for a film, too.
   if (!CanPlaySounds()) {
-    Tell(parent, texts::NoSoundCard());
+    const media::MediaKind kind = medium->Kind();
+    const bool lacksPlugIns = !MissingPackages(kind, PlugInFolders()).isEmpty();
+    Tell(parent,
+         lacksPlugIns ? WithMissingPackages(texts::CantPlayFilm(), kind) : texts::NoSoundCard());
     return onClosed();
   }
+  static QPointer<FilmWindow> running;  // one at a time
+  if (running) running->close();
   auto* const film =
       new FilmWindow(std::move(medium), title, parent);  // deletes itself when closed
+  running = film;
   film->onClosed = std::move(onClosed);
   film->show();
 }
@@ -75,10 +84,16 @@ QString ChooseFolder(QWidget* parent) {
       QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
 }
 
+QString ChooseNewFile(QWidget* parent, const QString& name) {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+  return QFileDialog::getSaveFileName(parent, texts::SavePicture(), folder + u'/' + name, {},
+                                      nullptr, QFileDialog::DontUseNativeDialog);
+}
+
 }  // namespace
 
 Outside TheMachine() {
-  return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print, ChooseFolder};
+  return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print, ChooseFolder, ChooseNewFile};
 }
 
 }  // namespace viewer

@@ -38,6 +38,9 @@ struct Outside {
   std::function<void(const std::function<void(QPrinter&)>& draw, QWidget* parent)> print;
   // Asks for the folder of a book; empty if the reader has none to name.
   std::function<QString(QWidget* parent)> chooseFolder = nullptr;
+  // Asks where a file is to be written, under this name unless the reader has another; empty if
+  // nowhere.
+  std::function<QString(QWidget* parent, const QString& name)> chooseNewFile = nullptr;
 };
 
 Outside TheMachine();

@@ -72,7 +72,7 @@ ShownPicture Pictures::Ready(const Wish& wish) const {
     const QPixmap* const pixmap = ready_.object(key);
     if (pixmap == nullptr) continue;
     const QSizeF size = SizeInBox(known->whole, wish.box * wish.ratio, wish.fit);
-    return {*pixmap, size / wish.ratio};
+    return {*pixmap, size / wish.ratio, QSizeF(known->whole) / wish.ratio};
   }
   return {};
 }

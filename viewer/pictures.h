@@ -29,6 +29,7 @@ struct PictureFile {
 struct ShownPicture {
   QPixmap pixmap;  // null while there is nothing to show; perhaps of another size for now
   QSizeF size;     // in which it is to be shown, in pixels of the widget
+  QSizeF whole;    // its own, in the same
 };
 
 // A picture that is wanted: `box` in pixels of the widget, which is painted again when it is there.

@@ -84,6 +84,28 @@ inline QString NoSoundCard() {
   return QStringLiteral("در این رایانه نمی\u200Cتوان فیلم پخش کرد: کارت صدا پیدا نشد.");
 }
 
+// %1 are names of Debian's packages.
+inline QString PackagesMissing() {
+  return QStringLiteral("برای آن در این رایانه باید این\u200Cها نصب شود:\n%1");
+}
+
+inline QString Pause() { return QStringLiteral("مکث"); }
+inline QString GoOn() { return QStringLiteral("پخش"); }
+inline QString WholeScreen() { return QStringLiteral("تمام صفحه"); }
+inline QString PlaceInFilm() { return QStringLiteral("جای فیلم"); }
+inline QString Volume() { return QStringLiteral("بلندی صدا"); }
+
+inline QString Turn() { return QStringLiteral("چرخاندن"); }
+inline QString WholeSize() { return QStringLiteral("اندازه\u200Cی اصلی"); }
+inline QString FitToScreen() { return QStringLiteral("هم\u200Cاندازه\u200Cی صفحه"); }
+inline QString Copy() { return QStringLiteral("رونوشت"); }
+inline QString Save() { return QStringLiteral("ذخیره"); }
+inline QString SavePicture() { return QStringLiteral("ذخیره\u200Cی تصویر"); }
+inline QString NotIntoTheBook() {
+  return QStringLiteral("در پوشه\u200Cی کتاب چیزی نوشته نمی\u200Cشود. جای دیگری برگزینید.");
+}
+inline QString CantSave() { return QStringLiteral("این تصویر ذخیره نشد."); }
+
 // Search.
 inline QString Hits() { return QStringLiteral("یافته\u200Cها"); }
 inline QString WholeWords() { return QStringLiteral("واژه\u200Cی کامل"); }

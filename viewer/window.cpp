@@ -197,7 +197,7 @@ CollectionPage& Window::TextPage() {
 
 QWidget* Window::GalleryPage() {
   if (!galleryPage_) {
-    galleryPage_ = new GalleryView(book_, look_, pictures_, pages_);
+    galleryPage_ = new GalleryView(surroundings_, pages_);
     galleryPage_->setObjectName(QStringLiteral("galleryPage"));
     pages_->addWidget(galleryPage_);
   }

@@ -160,6 +160,10 @@ viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked) {
     asked->closeLastFilm = std::move(onClosed);
   };
   outside.chooseFolder = [asked](QWidget*) { return asked->chosenFolder; };
+  outside.chooseNewFile = [asked](QWidget*, const QString& name) {
+    asked->nameOfNewFile = name;
+    return asked->newFile;
+  };
   outside.makePlayer = [asked] { return std::make_unique<SilentPlayer>(asked); };
   outside.print = [asked](const std::function<void(QPrinter&)>& draw, QWidget*) {
     const QString file =

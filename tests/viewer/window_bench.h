@@ -27,6 +27,8 @@ struct Asked {
   std::function<void(bool)> endOfLastSound;
   std::function<void(QPrinter&)> chosenInDialog;  // what the reader sets up before printing
   QString chosenFolder;                           // what the reader names for a book
+  QString newFile;                                // the same for a picture to be saved
+  QString nameOfNewFile;                          // what was proposed
   QTemporaryDir folder;
 };
 viewer::Outside MachineOf(const std::shared_ptr<Asked>& asked);
