@@ -14,7 +14,7 @@ PLAY_PACKAGES=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-
   qt6-translations-l10n)
 TEST_PACKAGES=(python3 xvfb xauth x11-utils chromium poppler-utils desktop-file-utils appstream
   fonts-noto-core fonts-freefarsi libglib2.0-bin dbus at-spi2-core python3-gi gir1.2-atspi-2.0
-  pulseaudio strace locales gstreamer1.0-plugins-base gstreamer1.0-plugins-good
+  pulseaudio pulseaudio-utils strace locales gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   gstreamer1.0-plugins-bad gstreamer1.0-libav)
 
 say() { printf '%s\n' "$*"; }

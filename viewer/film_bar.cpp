@@ -72,7 +72,8 @@ FilmBar::FilmBar(QWidget* parent)
 
 void FilmBar::ShowLength(qint64 length) {
   const QSignalBlocker quiet(place_);
-  place_.setRange(0, static_cast<int>(std::clamp<qint64>(length, 0, kLongest)));
+  length_ = static_cast<int>(std::clamp<qint64>(length, 0, kLongest));
+  place_.setRange(0, std::max(length_, place_.value()));
   Tell();
 }
 
@@ -80,7 +81,9 @@ void FilmBar::ShowLength(qint64 length) {
 void FilmBar::ShowPlace(qint64 place) {
   if (place_.isSliderDown()) return;
   const QSignalBlocker quiet(place_);
-  place_.setValue(static_cast<int>(std::clamp<qint64>(place, 0, kLongest)));
+  const int shown = static_cast<int>(std::clamp<qint64>(place, 0, kLongest));
+  if (shown > place_.maximum()) place_.setMaximum(shown);
+  place_.setValue(shown);
   Tell();
 }
 
@@ -100,8 +103,8 @@ void FilmBar::SwitchSound() {
 }
 
 void FilmBar::Tell() {
-  time_.setText(PersianTime(place_.value()) + QStringLiteral(" / ") +
-                PersianTime(place_.maximum()));
+  const QString place = PersianTime(place_.value());
+  time_.setText(length_ == 0 ? place : place + QStringLiteral(" / ") + PersianTime(length_));
 }
 
 }  // namespace viewer

@@ -20,7 +20,8 @@ class FilmBar : public QWidget {
   std::function<void(int percent)> onVolume;
   std::function<void()> onWholeScreen;
 
-  // What the film does; nothing of it comes back as a wish.
+  // What the film does; nothing of it comes back as a wish. Some players know no length, or a wrong
+  // one: the slider then goes as far as the film has gone.
   void ShowLength(qint64 length);
   void ShowPlace(qint64 place);
   void ShowPlaying(bool plays);
@@ -38,6 +39,7 @@ class FilmBar : public QWidget {
   QLabel time_;
   QSlider volume_;
   FlatButton whole_;
+  int length_ = 0;  // 0 while it isn't known
   int before_ = 0;  // the volume before it was silenced
 };
 

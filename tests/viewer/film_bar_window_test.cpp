@@ -37,6 +37,15 @@ TEST_F(Bar, TellsTheTimeAsTheFilmRuns) {
   EXPECT_TRUE(asked_.isEmpty()) << "what the film tells is no wish";
 }
 
+TEST_F(Bar, AFilmOfUnknownLengthIsFollowedAsFarAsItHasGone) {
+  bar_.ShowLength(0);
+  bar_.ShowPlace(4'000);
+  EXPECT_EQ(Time(), u"۰:۰۴"_s);
+  EXPECT_EQ(Slider(u"filmPlace"_s).value(), 4'000);
+  bar_.SeekBy(-3'000);
+  EXPECT_EQ(asked_, QStringList{u"seek 1000"_s});
+}
+
 TEST_F(Bar, HoursAreTold) {
   EXPECT_EQ(viewer::PersianTime(3'609'000), u"۱:۰۰:۰۹"_s);
   EXPECT_EQ(viewer::PersianTime(-5), u"۰:۰۰"_s);

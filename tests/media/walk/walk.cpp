@@ -1,6 +1,7 @@
 // media_walk bare|walled FILE...        plays each by its path with the toolkit's player alone
 // media_walk books FILE ADDRESS [NAME]  opens a book for each hostile medium, and lets it sound
 // media_walk samples                    plays the samples out of a book, and says how each ended
+// media_walk concert                    reads a book with its ears open, and says what it hears
 #include <QApplication>
 #include <QAudioOutput>
 #include <QFile>
@@ -17,6 +18,7 @@
 
 #include "tests/media/hostile_media.h"
 #include "tests/media/media_bytes.h"
+#include "tests/media/walk/concert.h"
 #include "tests/viewer/window_bench.h"
 #include "viewer/film_window.h"
 #include "viewer/media_player.h"
@@ -220,6 +222,8 @@ int main(int argc, char** argv) {
     ReadHostileBooks({words.value(1).toStdString(), words.value(2).toStdString()}, words.value(3));
   } else if (what == u"samples"_s) {
     PlaySamples();
+  } else if (what == u"concert"_s) {
+    media_tests::HearABook();
   } else {
     for (const QString& path : words.mid(1)) PlayByPath(path);
   }
