@@ -199,11 +199,14 @@ bool IsLostBy(const Outcome& outcome, const std::string& hostPath) {
                                    HostFolderOf(WithLinkFollowed(hostPath)) == outcome.lost);
 }
 
+// The first of them by name.
 void FailForWhatIsLost(const NotedPaths& paths) {
+  const Noted* lost = nullptr;
   for (const Noted* const noted : paths) {
-    const HostError error = noted->second.error;
-    if (error && Found(noted->first)) FailHost(u"flush", ToolPath(noted->first), error);
+    if (!noted->second.error || !Found(noted->first)) continue;
+    if (lost == nullptr || noted->first < lost->first) lost = noted;
   }
+  if (lost != nullptr) FailHost(u"flush", ToolPath(lost->first), lost->second.error);
 }
 
 }  // namespace
