@@ -100,25 +100,24 @@ std::vector<std::string> AvoidedIn(TextView text) {
 std::vector<std::string> AvoidedOnButtonsIn(TextView source) {
   std::vector<std::string> found;
   for (const Avoided& each : kAvoidedOnButtons) {
-    const Text quoted = u"u\"" + Text(each.word) + u"\"";
+    const Text quoted = u"\"" + Text(each.word) + u"\"";
     if (platform::InStr(Normal(source), quoted) == 0) continue;
     found.push_back(platform::ToUtf8(each.word) + ", which is " + platform::ToUtf8(each.instead));
   }
   return found;
 }
 
-// The sources in which texts of the tool's windows stand, and the one header of the viewer's.
+// The sources in which texts of windows stand, the tool's and the viewer's.
 std::vector<std::string> Sources() {
   std::vector<std::string> sources;
   for (const char* room : {"core", "editor", "export", "filed", "gallery", "platform", "recovery",
-                           "support", "workbench"}) {
+                           "support", "viewer", "workbench"}) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(Tree() / room)) {
       const auto kind = entry.path().extension();
       if (kind == ".cpp" || kind == ".h")
         sources.push_back(std::filesystem::relative(entry.path(), Tree()).string());
     }
   }
-  if (std::filesystem::exists(Tree() / "viewer/texts.h")) sources.emplace_back("viewer/texts.h");
   std::ranges::sort(sources);
   return sources;
 }
@@ -164,6 +163,7 @@ TEST(OneWord, IsFoundInEverySpelling) {
   EXPECT_THAT(AvoidedIn(u"u\"نوع پرونده\\u200Fها:\""), testing::SizeIs(1));
   EXPECT_THAT(AvoidedIn(u"به هم پيوستند"), testing::IsEmpty());
   EXPECT_THAT(AvoidedOnButtonsIn(u"{\"No\", u\"نه\"}"), testing::SizeIs(1));
+  EXPECT_THAT(AvoidedOnButtonsIn(u"QStringLiteral(\"نه\")"), testing::SizeIs(1));
 }
 
 }  // namespace
