@@ -170,10 +170,8 @@ void Keeper::Close() {
 }
 
 void Keeper::SetAside(LiveWork work) {
-  Keep(work);
-  if (file_ == nullptr || HoldsNothing(work)) return;
-  SyncBehind();
-  file_.reset();
+  Sync(work);
+  if (file_ != nullptr && !HoldsNothing(work)) file_.reset();
 }
 
 bool Keeper::KeepWhole(LiveWork work) {

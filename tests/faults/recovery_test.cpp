@@ -585,6 +585,21 @@ TEST_F(RecoveryFaults, WorkThatWasJustMovedIsTheFormerCollectionsStill) {
   EXPECT_EQ(Find().front().work.collection.key, u"a1");
 }
 
+// It is offered with the collection that it is of by then.
+TEST_F(RecoveryFaults, WhatIsSetAsideIsItsOwnCollections) {
+  RandomEditor editor(6);
+  Keeper keeper(host_.get(), Log());
+  keeper.Start(editor.Live());
+  editor.Work().fields.title = u"title";
+  keeper.Keep(editor.Live());
+  editor.Work().collection.key = u"a2";
+  keeper.SetAside(editor.Live());
+  EXPECT_TRUE(keeper.KeepWhole(editor.Live()));
+  EXPECT_THAT(Files(), SizeIs(2));
+  EXPECT_THAT(Find(), IsEmpty());
+  EXPECT_THAT(recovery::FindLeftRecords(*host_, {u"C:\\book\\", u"a2"}), SizeIs(1));
+}
+
 // A disk that takes no more bytes still has those that it took.
 TEST_F(RecoveryFaults, WhatWasWrittenBeforeTheRecordEndedIsSynced) {
   FaultyRecords records(*host_);
