@@ -13,19 +13,16 @@
 #include <functional>
 #include <set>
 
-#include "recovery/keeper.h"
-#include "recovery/piece.h"
 #include "recovery/replay.h"
-#include "tests/support/faulty_records.h"
+#include "tests/faults/recovery_faults.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
-#include "tests/support/recovery_work.h"
-#include "tests/support/temporary_folder.h"
 
 namespace {
 
+using faults::kDay;
+using faults::Keeper;
 namespace fs = std::filesystem;
-using recovery::Keeper;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -35,52 +32,7 @@ using testing_support::FullDisk;
 using testing_support::OrdinaryUser;
 using testing_support::RandomEditor;
 
-constexpr std::int64_t kDay = std::int64_t{24} * 60 * 60;
-
-class RecoveryFaults : public testing::Test {
- protected:
-  struct Left {
-    recovery::LeftRecord record;
-    recovery::Work work;
-  };
-  // What a later tool finds and can read.
-  std::vector<Left> Find() { return Find(*host_); }
-  static std::vector<Left> Find(platform::RecordFolder& records) {
-    std::vector<Left> found;
-    for (auto& record : recovery::FindLeftRecords(records, {u"C:\\book\\", u"a1"})) {
-      std::optional<recovery::Work> work = recovery::ReadLeft(record);
-      if (work) found.push_back({std::move(record), std::move(*work)});
-    }
-    return found;
-  }
-  std::function<void(platform::TextView)> Log() {
-    return [this](platform::TextView line) { log_.push_back(platform::ToUtf8(line)); };
-  }
-  std::vector<fs::path> Files() const {
-    std::vector<fs::path> files;
-    if (!fs::exists(HostPath())) return files;
-    for (const auto& entry : fs::directory_iterator(HostPath())) files.push_back(entry.path());
-    return files;
-  }
-  fs::path HostPath() const { return folder_.HostPath("recovery"); }
-
-  // A tool that files a while and is closed.
-  void LeaveOne(unsigned seed = 1) {
-    RandomEditor editor(seed);
-    Keeper keeper(host_.get(), Log());
-    keeper.Start(editor.Live());
-    editor.Work().fields.title = u"title";
-    for (int step = 0; step < 5; ++step) {
-      editor.Step();
-      keeper.Keep(editor.Live());
-    }
-  }
-
-  testing_support::TemporaryFolder folder_;
-  std::unique_ptr<platform::RecordFolder> host_ =
-      platform::HostRecordFolder(folder_.Path(u"recovery"));
-  std::vector<std::string> log_;
-};
+class RecoveryFaults : public faults::RecoveryFaults {};
 
 TEST_F(RecoveryFaults, EachOperationFailsInTurn) {
   constexpr int kSteps = 8;
@@ -247,119 +199,6 @@ TEST_F(RecoveryFaults, WhatOneToolOffersNoOtherDoes) {
   EXPECT_THAT(Find(), IsEmpty());
 }
 
-// Offered every few weeks all the while.
-TEST_F(RecoveryFaults, ARecordGoesAfterNinetyDays) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  for (const int day : {0, 1, 28, 57, 60, 89}) {
-    records.clockMoved = day * kDay;
-    EXPECT_THAT(Find(records), SizeIs(1)) << day;
-    EXPECT_THAT(Files(), SizeIs(1)) << day;
-  }
-  records.clockMoved = 91 * kDay;
-  EXPECT_THAT(recovery::FindLeftRecords(records, {u"C:\\other\\", u"a1"}), IsEmpty());
-  EXPECT_THAT(Files(), SizeIs(1)) << "another collection's";
-  EXPECT_THAT(Find(records), IsEmpty());
-  EXPECT_THAT(Files(), IsEmpty());
-}
-
-TEST_F(RecoveryFaults, ARecordThatWasNeverOfferedIsOfferedHoweverOldItIs) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  records.clockMoved = 400 * kDay;
-  EXPECT_THAT(Find(records), SizeIs(1));
-}
-
-TEST_F(RecoveryFaults, AClockThatWasSetBackTakesNothing) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  records.clockMoved = -10'000 * kDay;
-  EXPECT_THAT(Find(records), SizeIs(1));
-}
-
-// In the year 2106 for a month, and back: what was offered before and what never was.
-TEST_F(RecoveryFaults, AClockThatWasWrongForAWhileTakesNothing) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  for (const int day : {0, 29'200, 29'201, 29'230, 1, 2}) {
-    records.clockMoved = day * kDay;
-    EXPECT_THAT(Find(records), SizeIs(1)) << day;
-  }
-  fs::remove_all(HostPath());
-  LeaveOne();
-  for (const int day : {29'200, 29'230, 3}) {
-    records.clockMoved = day * kDay;
-    EXPECT_THAT(Find(records), SizeIs(1)) << day;
-  }
-}
-
-// A record of a time that never was goes, too.
-TEST_F(RecoveryFaults, ARecordOfAWrongClockGoesAfterNinetyDays) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  for (const int day : {0, 29, 58, 87}) {
-    records.clockMoved = (day - 10'000) * kDay;
-    EXPECT_THAT(Find(records), SizeIs(1)) << day;
-  }
-  records.clockMoved = (91 - 10'000) * kDay;
-  EXPECT_THAT(Find(records), IsEmpty());
-}
-
-// What the names say doesn't count where nobody wrote them so.
-TEST_F(RecoveryFaults, AnyNameIsTheNameOfARecord) {
-  FaultyRecords records(*host_);
-  for (const char* name : {"a1~x~y", "a1~1~1e300", "a1~-1~-5", "~~", "a1~1~2~3", "x", "a1~9~"}) {
-    LeaveOne();
-    fs::rename(Files().front(), HostPath() / (std::string(name) + ".record"));
-    EXPECT_THAT(Find(records), SizeIs(1)) << name;
-    EXPECT_THAT(Files(), SizeIs(1)) << name;
-    fs::remove_all(HostPath());
-  }
-}
-
-TEST_F(RecoveryFaults, AFailingRenameLeavesTheRecordAsItIs) {
-  LeaveOne();
-  FaultyRecords records(*host_);
-  records.clockMoved = kDay;
-  records.FailAt(4);
-  EXPECT_THAT(Find(records), SizeIs(1));
-  EXPECT_EQ(records.Names()[3], "Rename");
-  EXPECT_THAT(Find(records), SizeIs(1));
-}
-
-// Two runs may have had the same number, and so their records.
-TEST_F(RecoveryFaults, NoRecordTakesTheNameOfAnother) {
-  FaultyRecords records(*host_);
-  records.clockMoved = kDay;
-  for (unsigned seed = 1; seed <= 3; ++seed) {
-    LeaveOne(seed);
-    EXPECT_THAT(Find(records), SizeIs(seed));
-    EXPECT_THAT(Files(), SizeIs(seed));
-  }
-}
-
-TEST_F(RecoveryFaults, ANewerToolsRecordIsNeitherReadNorRemoved) {
-  LeaveOne();
-  const fs::path file = Files().front();
-  std::fstream(file, std::ios::in | std::ios::out | std::ios::binary).seekp(8).put('\x09');
-  FaultyRecords records(*host_);
-  records.clockMoved = 1000 * kDay;
-  EXPECT_THAT(Find(records), IsEmpty());
-  EXPECT_THAT(Files(), SizeIs(1));
-}
-
-TEST_F(RecoveryFaults, WhatAToolLeftAsItBeganGoes) {
-  LeaveOne();
-  std::ofstream(HostPath() / "a1-1-1.record") << "ZVRE";
-  std::ofstream(HostPath() / ".a1-1-2.record.zorvand-new") << "half";
-  std::ofstream(HostPath() / "notes.txt") << "somebody's";
-  EXPECT_THAT(Find(), SizeIs(1));
-  std::set<std::string> names;
-  for (const fs::path& file : Files()) names.insert(file.extension().string());
-  EXPECT_THAT(names, testing::UnorderedElementsAre(".record", ".txt"));
-  EXPECT_THAT(Files(), SizeIs(2));
-}
-
 // Typing in a large text: what it outgrows goes when nobody is waiting.
 TEST_F(RecoveryFaults, ARecordThatHasOutgrownTwiceWhatItHoldsIsWrittenAnew) {
   RandomEditor editor(5);
@@ -454,58 +293,6 @@ TEST_F(RecoveryFaults, OfManyRecordsNoneIsReadBeforeItIsAskedFor) {
   EXPECT_LE(records.MostRead(), recovery::kBeginning);
 }
 
-// A tool that was ended after the head of its file.
-TEST_F(RecoveryFaults, AHeadAloneGoes) {
-  LeaveOne();
-  std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << recovery::HeadBytes();
-  std::string newer = recovery::HeadBytes();
-  ++newer[8];
-  std::ofstream(HostPath() / "a1-1-2.record", std::ios::binary) << newer;
-  EXPECT_THAT(Find(), SizeIs(1));
-  EXPECT_THAT(Files(), SizeIs(2)) << "a newer tool's stays";
-}
-
-// One that was ended in its first write, or whose bytes a power cut took: nothing can come of it.
-TEST_F(RecoveryFaults, ATornFirstPieceGoes) {
-  std::string piece;
-  recovery::AppendPiece(piece, "the work");
-  std::string newer = recovery::HeadBytes();
-  ++newer[8];
-  const std::string head = recovery::HeadBytes();
-  const auto write = [&](const std::string& bytes) {
-    std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << bytes;
-  };
-  LeaveOne();
-  for (std::size_t cut = 1; cut < piece.size(); ++cut) {
-    write(head + piece.substr(0, cut));
-    EXPECT_THAT(Find(), SizeIs(1));
-    EXPECT_THAT(Files(), SizeIs(1)) << cut;
-    write(head + piece.substr(0, cut) + std::string(piece.size() - cut, '\0'));
-    EXPECT_THAT(Find(), SizeIs(1));
-    EXPECT_THAT(Files(), SizeIs(1)) << cut << ", zeros";
-    write(newer + piece.substr(0, cut));
-    EXPECT_THAT(Find(), SizeIs(1));
-    EXPECT_THAT(Files(), SizeIs(2)) << cut << ", a newer tool's";
-  }
-  write(head + std::string(500, '\0'));
-  EXPECT_THAT(Find(), SizeIs(1));
-  EXPECT_THAT(Files(), SizeIs(1));
-  write(std::string(500, '\0'));
-  EXPECT_THAT(Find(), SizeIs(1));
-  EXPECT_THAT(Files(), SizeIs(1));
-}
-
-// Somebody may find a way to what stands behind it.
-TEST_F(RecoveryFaults, ADamagedFirstPieceWithMoreBehindItStays) {
-  LeaveOne();
-  std::fstream(Files().front(), std::ios::in | std::ios::out | std::ios::binary).seekp(24).put('x');
-  EXPECT_THAT(Find(), IsEmpty());
-  EXPECT_THAT(Files(), SizeIs(1));
-  std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << "somebody's own, no record";
-  EXPECT_THAT(Find(), IsEmpty());
-  EXPECT_THAT(Files(), SizeIs(2));
-}
-
 // What nobody would read isn't written.
 TEST_F(RecoveryFaults, ARecordEndsBeforeItIsTooLongToBeRead) {
   FaultyRecords records(*host_);
@@ -522,24 +309,6 @@ TEST_F(RecoveryFaults, ARecordEndsBeforeItIsTooLongToBeRead) {
   keeper.Close();
   records.sizeAdded = 0;
   EXPECT_THAT(Find(records), SizeIs(1));
-}
-
-// What comes after damage may be all of the work.
-TEST_F(RecoveryFaults, OnlyAWholeRecordOfNothingGoes) {
-  LeaveOne();
-  RandomEditor editor(8);
-  recovery::LiveWork nothing = editor.Live();
-  recovery::Recorded recorded;
-  const std::string whole = testing_support::WholeRecord(nothing, recorded);
-  const auto write = [&](const std::string& bytes) {
-    std::ofstream(HostPath() / "a1-1-1.record", std::ios::binary) << bytes;
-  };
-  write(whole + std::string(20, '\1'));
-  EXPECT_THAT(Find(), SizeIs(1));
-  EXPECT_THAT(Files(), SizeIs(2));
-  write(whole);
-  EXPECT_THAT(Find(), SizeIs(1));
-  EXPECT_THAT(Files(), SizeIs(1));
 }
 
 // The file's beginning says whose it is, so it is written anew, which takes long: not while an

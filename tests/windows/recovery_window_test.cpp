@@ -4,15 +4,12 @@
 #include <sys/stat.h>
 
 #include <QApplication>
-#include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/gallery_desk.h"
-#include "tests/support/recovery_work.h"
+#include "tests/support/left_work.h"
 
 namespace {
 
@@ -24,58 +21,7 @@ using testing_support::FormatDesk;
 using testing_support::GalleryDesk;
 using testing_support::Robot;
 
-class RecoveryWindow : public testing::Test {
- protected:
-  static bool IsShown() {
-    const QWidget* window = Robot::FindWindow("Recovery");
-    return window != nullptr && window->isVisible();
-  }
-  static std::string Says(const QString& label) {
-    return Robot::FindAs<QLabel>("Recovery", label).text().toStdString();
-  }
-  static bool CanBring() { return Robot::Find("Recovery", "recoverBring").isEnabled(); }
-
-  std::vector<fs::path> Records() const {
-    const fs::path folder = desk.folder.HostPath("state/recovery");
-    std::vector<fs::path> records;
-    if (!fs::exists(folder)) return records;
-    for (const auto& entry : fs::directory_iterator(folder)) records.push_back(entry.path());
-    return records;
-  }
-
-  // Everything of the work that the workbench holds.
-  std::string Held() {
-    recovery::Work work{.filed = static_cast<const filed::FiledWork&>(desk.form3),
-                        .fields = {.title = desk.form3.bname.Text(),
-                                   .restFile = desk.form3.currentBook,
-                                   .chosenImage = desk.form3.chosenImage,
-                                   .galleryFolder = desk.form3.pictures.galleryFolder},
-                        .collection = {},
-                        .rest = desk.form3.matn.Text()};
-    std::string shown;
-    for (const std::string& line : FormatDesk::Lines("bindex")) shown += line + "\n";
-    return testing_support::Described(work) + shown + FormatDesk::Shown("Com(9)") +
-           FormatDesk::Shown("Com(12)");
-  }
-
-  // The workbench is closed and opened again.
-  void OpenAnew() {
-    Robot::CloseWindow("Form3");
-    desk.PressNext();
-  }
-
-  // Five rows, and a paragraph that is left.
-  void FileFive() {
-    desk.OpenOn(u"identity\r\nHead\r\nText\r\nMain\r\nOther\r\nsome text\r\nand what is left");
-    FormatDesk::Mark(Qt::Key_F6, "identity");
-    FormatDesk::FileHeading("Head", "Text");
-    FormatDesk::Mark(Qt::Key_F1, "Main");
-    FormatDesk::FileHeading("Other", "some text");
-    Robot::PressKey("Form3", "matn", Qt::Key_F4);
-  }
-
-  GalleryDesk desk;
-};
+class RecoveryWindow : public testing_support::LeftWorkTest {};
 
 TEST_F(RecoveryWindow, WithNothingLeftNobodySeesAnything) {
   desk.Open();
@@ -285,46 +231,6 @@ TEST_F(RecoveryWindow, DropAsksOnceAndRemoves) {
   EXPECT_THAT(Records(), IsEmpty());
 }
 
-TEST_F(RecoveryWindow, WhatCantBeDroppedIsSaidAndStaysOffered) {
-  FileFive();
-  OpenAnew();
-  desk.robot.AnswerYes();
-  desk.records.FailAt(1);
-  Robot::Click("Recovery", "recoverDrop");
-  const auto boxes = desk.robot.TakeBoxes();
-  ASSERT_THAT(boxes, SizeIs(2));
-  EXPECT_EQ(boxes.front().buttons, QMessageBox::Yes | QMessageBox::No);
-  EXPECT_EQ(boxes.back().buttons, QMessageBox::Ok);
-  EXPECT_EQ(desk.LoggedFailures(87), 1);
-  ASSERT_TRUE(IsShown());
-  EXPECT_EQ(Says("recoverCount"), "5");
-  EXPECT_THAT(Records(), SizeIs(1));
-  desk.robot.AnswerYes();
-  Robot::Click("Recovery", "recoverDrop");
-  EXPECT_FALSE(IsShown());
-  EXPECT_THAT(Records(), IsEmpty());
-}
-
-// The old record of what came back couldn't be removed: it is in hand, and goes with the build.
-TEST_F(RecoveryWindow, ARecordThatStaysAfterThePressGoesWithTheBuild) {
-  FileFive();
-  OpenAnew();
-  desk.records.FailAt(0);
-  Robot::Click("Recovery", "recoverBring");
-  const auto removal = std::ranges::find(desk.records.Names(), "Remove");
-  const auto k = removal - desk.records.Names().begin() + 1;
-  OpenAnew();
-  desk.records.FailAt(static_cast<std::size_t>(k));
-  Robot::Click("Recovery", "recoverBring");
-  ASSERT_EQ(desk.records.Names()[static_cast<std::size_t>(k) - 1], "Remove");
-  EXPECT_EQ(desk.LoggedFailures(87), 1);
-  EXPECT_FALSE(IsShown());
-  EXPECT_THAT(Records(), SizeIs(2));
-  EXPECT_EQ(desk.form3.entryCount, 5);
-  Robot::PressKey("Form3", "matn", Qt::Key_F12);
-  EXPECT_THAT(Records(), IsEmpty());
-}
-
 // Who ignores the window has a record of what is filed now, beside the other.
 TEST_F(RecoveryWindow, WorkBesideItTakesTheButtonAndLosesNothing) {
   FileFive();
@@ -336,45 +242,6 @@ TEST_F(RecoveryWindow, WorkBesideItTakesTheButtonAndLosesNothing) {
   EXPECT_THAT(Records(), SizeIs(2));
   desk.InEntry(0, [] { Robot::Click("Form6", "btn(0)"); });
   EXPECT_TRUE(CanBring()) << "the table is empty again";
-}
-
-// The table is empty still, and what the press takes the place of is a record of its own.
-TEST_F(RecoveryWindow, WhatWasTypedBeforeThePressIsOfferedAtTheNextOpening) {
-  FileFive();
-  const std::string held = Held();
-  OpenAnew();
-  Robot::Type("Form3", "bname", "typed");
-  FormatDesk::OpenBook("One.txt");
-  FormatDesk::Mark(Qt::Key_F11, "Head");
-  const std::string typed = Held();
-  ASSERT_TRUE(CanBring());
-  Robot::Click("Recovery", "recoverBring");
-  EXPECT_EQ(Held(), held);
-  EXPECT_THAT(Records(), SizeIs(2));
-  OpenAnew();
-  EXPECT_EQ(Says("recoverCount"), "5");
-  Robot::Click("Recovery", "recoverLater");
-  ASSERT_TRUE(IsShown());
-  Robot::Click("Recovery", "recoverBring");
-  EXPECT_EQ(Held(), typed);
-}
-
-// It is none of what is built.
-TEST_F(RecoveryWindow, ABuildLeavesWhatWasTypedBeforeThePress) {
-  FileFive();
-  OpenAnew();
-  Robot::Type("Form3", "bname", "typed");
-  Robot::Click("Recovery", "recoverBring");
-  Robot::PressKey("Form3", "matn", Qt::Key_F12);
-  EXPECT_THAT(Records(), SizeIs(1));
-}
-
-TEST_F(RecoveryWindow, ATextThatWasOnlyOpenedBeforeThePressLeavesNothing) {
-  FileFive();
-  OpenAnew();
-  FormatDesk::OpenBook("One.txt");
-  Robot::Click("Recovery", "recoverBring");
-  EXPECT_THAT(Records(), SizeIs(1));
 }
 
 TEST_F(RecoveryWindow, OffersTheNewestFirstAndTheOthersAfterIt) {
@@ -565,46 +432,6 @@ TEST_F(RecoveryWindow, WhateverFailsInTheFolderNothingElseDoes) {
     EXPECT_FALSE(Robot::FindWindow("Form3")->isVisible()) << k;
     Robot::CloseWindow("Form3");
   }
-}
-
-TEST_F(RecoveryWindow, IsReachedByKeysInTheOrderOfItsButtons) {
-  FileFive();
-  OpenAnew();
-  QWidget& window = *Robot::FindWindow("Recovery");
-  window.activateWindow();
-  Robot::Settle();
-  std::vector<std::string> reached;
-  Robot::Find("Recovery", "recoverBring").setFocus();
-  for (int i = 0; i < 3; ++i) {
-    reached.push_back(window.focusWidget()->objectName().toStdString());
-    Robot::PressKey("Recovery", window.focusWidget()->objectName(), Qt::Key_Tab);
-  }
-  EXPECT_THAT(reached, ElementsAre("recoverBring", "recoverLater", "recoverDrop"));
-  Robot::PressKey("Recovery", "recoverBring", Qt::Key_Return);
-  EXPECT_EQ(desk.form3.entryCount, 5);
-}
-
-// It never takes the focus, so a key goes there, and back.
-TEST_F(RecoveryWindow, AKeyLeadsThereAndBack) {
-  const auto press = [](const char* window, const QString& control) {
-    Robot::Find(window, control).setFocus();
-    Robot::PressKey(window, control, Qt::Key_Tab, Qt::ControlModifier);
-    Robot::Settle();
-    const QWidget* const focus = QApplication::focusWidget();
-    return (QApplication::activeWindow()->objectName() + u'.' +
-            (focus != nullptr ? focus->objectName() : QString()))
-        .toStdString();
-  };
-  FileFive();
-  OpenAnew();
-  EXPECT_EQ(press("Form3", "matn"), "Recovery.recoverBring");
-  EXPECT_EQ(press("Recovery", "recoverBring"), "Form3.matn");
-  FormatDesk::OpenBook("One.txt");
-  FormatDesk::FileHeading("Head", "Text");
-  EXPECT_EQ(press("Form3", "bname"), "Recovery.recoverLater") << "the table isn't empty";
-  Robot::PressKey("Recovery", "recoverLater", Qt::Key_Return);
-  EXPECT_FALSE(IsShown());
-  EXPECT_EQ(press("Form3", "matn"), "Form3.matn") << "there is nowhere to go";
 }
 
 }  // namespace

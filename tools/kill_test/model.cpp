@@ -126,6 +126,9 @@ void Model::Select(Operation& operation) const {
 bool Model::IsPossible(const Operation& operation) const {
   if (IsOfPassage(operation.deed) && operation.length == 0) return false;
   switch (operation.deed) {
+    // A text that was only opened is nobody's work, and takes the place of what was.
+    case Deed::kOpenText:
+      return !isOpened_ || !title_.empty();
     case Deed::kHeadingText:
       return IsPending();
     case Deed::kMainTitleEnd:
