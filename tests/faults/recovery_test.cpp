@@ -339,13 +339,18 @@ TEST_F(RecoveryFaults, WorkThatMovesToAnotherCollectionIsWrittenAnewAWhileLater)
   EXPECT_EQ(Described(*work), Described(editor.Work()));
 }
 
-TEST_F(RecoveryFaults, WorkThatWasJustMovedIsTheFormerCollectionsStill) {
-  RandomEditor editor(6);
-  Keeper keeper(host_.get(), Log());
+// Something is kept for a1, and is a2's then.
+void KeepAndMove(RandomEditor& editor, Keeper& keeper) {
   keeper.Start(editor.Live());
   editor.Work().fields.title = u"title";
   keeper.Keep(editor.Live());
   editor.Work().collection.key = u"a2";
+}
+
+TEST_F(RecoveryFaults, WorkThatWasJustMovedIsTheFormerCollectionsStill) {
+  RandomEditor editor(6);
+  Keeper keeper(host_.get(), Log());
+  KeepAndMove(editor, keeper);
   editor.Work().fields.title = u"another";
   keeper.Keep(editor.Live());
   keeper.Close();
@@ -358,10 +363,7 @@ TEST_F(RecoveryFaults, WorkThatWasJustMovedIsTheFormerCollectionsStill) {
 TEST_F(RecoveryFaults, WhatIsSetAsideIsItsOwnCollections) {
   RandomEditor editor(6);
   Keeper keeper(host_.get(), Log());
-  keeper.Start(editor.Live());
-  editor.Work().fields.title = u"title";
-  keeper.Keep(editor.Live());
-  editor.Work().collection.key = u"a2";
+  KeepAndMove(editor, keeper);
   keeper.SetAside(editor.Live());
   EXPECT_TRUE(keeper.KeepWhole(editor.Live()));
   EXPECT_THAT(Files(), SizeIs(2));
