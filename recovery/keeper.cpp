@@ -169,7 +169,7 @@ void Keeper::Close() {
   held_.reset();
 }
 
-void Keeper::SetAside(LiveWork work) {
+void Keeper::SetAside(const LiveWork& work) {
   Sync(work);
   if (file_ != nullptr && !HoldsNothing(work)) file_.reset();
 }

@@ -50,7 +50,7 @@ class Keeper {
   void Close();
   // What this run has recorded so far is left for another opening, as something else is about to
   // take the place of the work; the next record of the run is another.
-  void SetAside(LiveWork work);
+  void SetAside(const LiveWork& work);
   // All of the work goes into a record of this run at once, onto the disk. False where that failed.
   [[nodiscard]] bool KeepWhole(LiveWork work);
   // An earlier run's record of this work, where this run has none: it goes or stays in its place.
