@@ -5,8 +5,6 @@
 namespace book {
 namespace {
 
-constexpr std::size_t kMostMarks = 100;
-
 // Where each term stands next, from a place on that only grows.
 class NextOfEach {
  public:
@@ -34,14 +32,14 @@ class NextOfEach {
 
 }  // namespace
 
-std::vector<Mark> MarksIn(const QString& text, const Query& query) {
+std::vector<Mark> MarksIn(const QString& text, const Query& query, std::size_t most) {
   std::vector<Mark> marks;
   std::vector<qsizetype> origins;
   const QString folded = Folded(text, origins, query.Signs());
   NextOfEach nextOfEach(folded, query.Terms());
   qsizetype after = 0;  // of the last mark, in the text
   std::size_t place = 0;
-  while (marks.size() < kMostMarks) {
+  while (marks.size() < most) {
     const std::optional<Stretch> found = nextOfEach.From(place);
     if (!found) break;
     place = found->start + found->length;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <vector>
 
 #include "book/query.h"
@@ -13,7 +14,7 @@ struct Mark {
   qsizetype length = 0;
 };
 
-// In the order of the text, without overlap; the first 100.
-std::vector<Mark> MarksIn(const QString& text, const Query& query);
+// In the order of the text, without overlap; no more than `most`.
+std::vector<Mark> MarksIn(const QString& text, const Query& query, std::size_t most = 100);
 
 }  // namespace book

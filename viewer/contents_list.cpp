@@ -34,9 +34,11 @@ class ContentsList::Painter : public QStyledItemDelegate {
   Painter(const Look& look, const ContentsModel& model, QObject* parent)
       : QStyledItemDelegate(parent), look_(look), model_(model) {}
 
+  int pixels = kUsualPixels;
+
   QSize sizeHint(const QStyleOptionViewItem& /*option*/,
                  const QModelIndex& /*index*/) const override {
-    return {100, kRowHeight};
+    return {100, kRowHeight * pixels / kUsualPixels};
   }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -57,7 +59,7 @@ class ContentsList::Painter : public QStyledItemDelegate {
     const QPointF sign(box.right() + 13, box.center().y() + 1);
     PaintSign(*painter, node, at, sign, ink);
     painter->setPen(ink);
-    painter->setFont(ViewerFont(kListPixels, node.isTitle));
+    painter->setFont(ViewerFont(pixels, node.isTitle));
     DrawText(*painter, box, index.data().toString(), 2, Qt::AlignVCenter);
     painter->restore();
   }
@@ -89,14 +91,32 @@ ContentsList::ContentsList(const Look& look, QWidget* parent) : QListView(parent
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-  setItemDelegate(new Painter(look, model_, this));
+  painter_ = new Painter(look, model_, this);
+  setItemDelegate(painter_);
   setModel(&model_);
 }
 
-void ContentsList::SetContents(book::Contents contents) {
+void ContentsList::SetPixels(int pixels) {
+  if (painter_->pixels == pixels) return;
+  painter_->pixels = pixels;
+  emit painter_->sizeHintChanged({});
+  scheduleDelayedItemsLayout();
+}
+
+void ContentsList::SetContents(book::Contents contents, const std::vector<bool>& openParts) {
   quiet_ = true;
-  model_.SetContents(std::move(contents));
+  model_.SetContents(std::move(contents), openParts);
   scrollToTop();
+  quiet_ = false;
+}
+
+void ContentsList::Filter(const QString& words) {
+  quiet_ = true;
+  const int node = model_.NodeAt(currentIndex());
+  model_.SetFilter(book::Query({.words = words}));
+  const QModelIndex index = model_.RowOf(node);
+  setCurrentIndex(index);
+  if (index.isValid()) scrollTo(index);
   quiet_ = false;
 }
 

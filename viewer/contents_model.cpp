@@ -1,5 +1,8 @@
 #include "viewer/contents_model.h"
 
+#include <algorithm>
+
+#include "book/fold.h"
 #include "viewer/look.h"
 
 namespace viewer {
@@ -10,11 +13,13 @@ constexpr std::size_t kOpenFromTheStart = 400;
 
 }  // namespace
 
-void ContentsModel::SetContents(book::Contents contents) {
+void ContentsModel::SetContents(book::Contents contents, const std::vector<bool>& openParts) {
   beginResetModel();
   contents_ = std::move(contents);
   const std::size_t count = contents_.nodes.size();
-  open_.assign(count, count <= kOpenFromTheStart);
+  open_ = openParts;
+  if (open_.size() != count) open_.assign(count, count <= kOpenFromTheStart);
+  filter_ = {};
   ListRows();
   endResetModel();
 }
@@ -23,6 +28,7 @@ void ContentsModel::SetContents(book::Contents contents) {
 void ContentsModel::ListRows() {
   rows_.clear();
   rowOfNode_.assign(contents_.nodes.size(), -1);
+  if (!filter_.IsEmpty()) return ListFiltered();
   for (std::size_t i = 0; i < contents_.nodes.size(); ++i) {
     const int parent = contents_.nodes[i].parent;
     const bool known = parent >= 0 && static_cast<std::size_t>(parent) < i;
@@ -31,6 +37,38 @@ void ContentsModel::ListRows() {
     rowOfNode_[i] = static_cast<int>(rows_.size());
     rows_.push_back(static_cast<int>(i));
   }
+}
+
+bool ContentsModel::HasFilteredWords(std::size_t node) const {
+  const QString folded = book::Folded(contents_.nodes[node].label, filter_.Signs());
+  return std::ranges::all_of(filter_.Terms(), [&](const book::Term& term) {
+    return term.In(book::UnitsOf(folded)).has_value();
+  });
+}
+
+// From the end on: what is found keeps the titles around it.
+void ContentsModel::ListFiltered() {
+  std::vector<bool> isKept(contents_.nodes.size());
+  for (std::size_t i = contents_.nodes.size(); i-- > 0;) {
+    if (!isKept[i] && !HasFilteredWords(i)) continue;
+    isKept[i] = true;
+    const int parent = contents_.nodes[i].parent;
+    if (parent >= 0 && static_cast<std::size_t>(parent) < i) {
+      isKept[static_cast<std::size_t>(parent)] = true;
+    }
+  }
+  for (std::size_t i = 0; i < isKept.size(); ++i) {
+    if (!isKept[i]) continue;
+    rowOfNode_[i] = static_cast<int>(rows_.size());
+    rows_.push_back(static_cast<int>(i));
+  }
+}
+
+void ContentsModel::SetFilter(const book::Query& query) {
+  beginResetModel();
+  filter_ = query;
+  ListRows();
+  endResetModel();
 }
 
 int ContentsModel::rowCount(const QModelIndex& parent) const {

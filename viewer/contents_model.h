@@ -4,6 +4,8 @@
 #include <QAbstractListModel>
 #include <vector>
 
+#include "book/query.h"
+
 #include "book/contents.h"
 
 namespace viewer {
@@ -13,7 +15,11 @@ class ContentsModel : public QAbstractListModel {
   // Beyond it, titles are drawn no further to the left.
   static constexpr int kDeepestIndent = 10;
 
-  void SetContents(book::Contents contents);
+  // Where no open parts are told, or those of another text, a short one lies open.
+  void SetContents(book::Contents contents, const std::vector<bool>& openParts = {});
+  const std::vector<bool>& OpenParts() const { return open_; }
+  // Which parts are open is the same again without it.
+  void SetFilter(const book::Query& query);
   const std::vector<book::Node>& Nodes() const { return contents_.nodes; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -31,9 +37,12 @@ class ContentsModel : public QAbstractListModel {
 
  private:
   void ListRows();
+  void ListFiltered();
+  bool HasFilteredWords(std::size_t node) const;
 
   book::Contents contents_;
   std::vector<bool> open_;
+  book::Query filter_;
   std::vector<int> rows_;       // nodes, in the order of the file
   std::vector<int> rowOfNode_;  // -1 where it isn't seen
 };

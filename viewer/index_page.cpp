@@ -39,11 +39,10 @@ CollectionCard::CollectionCard(const book::Folder& book, const book::Collection&
     : QAbstractButton(parent),
       book_(book),
       collection_(collection),
-      caption_(AsCaption(collection.title)),
       look_(look),
       pictures_(pictures) {
   setObjectName(collection.row + QString::number(collection.number));
-  setAccessibleName(caption_);
+  setAccessibleName(AsCaption(collection.title));
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
 }
@@ -99,7 +98,8 @@ void CollectionCard::PaintBesideCover(QPainter& painter, const QPixmap& cover) c
   }
   painter.setFont(ViewerFont(kCardPixels, true));
   painter.setPen(look_.ink);
-  DrawText(painter, words, caption_, collection_.isGallery ? 3 : 4, Qt::AlignVCenter);
+  DrawText(painter, words, AsCaption(collection_.title), collection_.isGallery ? 3 : 4,
+           Qt::AlignVCenter);
 }
 
 void CollectionCard::PaintOverCover(QPainter& painter, const QPixmap& cover) const {
@@ -129,7 +129,7 @@ void CollectionCard::PaintOverCover(QPainter& painter, const QPixmap& cover) con
     painter.setPen(kOnPicture);
     painter.setFont(ViewerFont(kCaptionPixels, true));
   }
-  DrawText(painter, words, caption_, 3, Qt::AlignBottom);
+  DrawText(painter, words, AsCaption(collection_.title), 3, Qt::AlignBottom);
 }
 
 void CollectionCard::enterEvent(QEnterEvent* event) {

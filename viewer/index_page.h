@@ -42,7 +42,6 @@ class CollectionCard : public QAbstractButton {
 
   const book::Folder& book_;
   book::Collection collection_;
-  QString caption_;
   const Look& look_;
   Pictures& pictures_;
   QString picture_;

@@ -10,7 +10,6 @@
 #include <array>
 #include <vector>
 
-#include "book/reading_text.h"
 #include "book/shown_name.h"
 
 namespace viewer {
@@ -92,6 +91,11 @@ const QStringList& Families() {
   return kFamilies;
 }
 
+book::Digits& DigitsOfCaptions() {
+  static book::Digits digits = book::Digits::kAsTheyAre;
+  return digits;
+}
+
 }  // namespace
 
 const Look& LookOf(int layout, Light light) {
@@ -133,6 +137,12 @@ QFont ViewerFont(int pixels, bool bold) {
   return font;
 }
 
+QFont ViewerFont(int pixels, bool bold, const QString& family) {
+  QFont font = ViewerFont(pixels, bold);
+  if (!family.isEmpty()) font.setFamilies(QStringList{family} + Families());
+  return font;
+}
+
 QTextCharFormat FoundWord(const Look& look) {
   QTextCharFormat format;
   format.setBackground(look.mark);
@@ -148,8 +158,11 @@ QString PersianNumber(qint64 number) {
   return digits;
 }
 
+void ShowDigits(book::Digits digits) { DigitsOfCaptions() = digits; }
+
 QString AsCaption(const QString& text) {
-  const QString read = book::ReadingText(QStringView(text).left(kLongestCaption));
+  const QString read =
+      book::ReadingText(QStringView(text).left(kLongestCaption), DigitsOfCaptions());
   QString caption = book::WithSigns(read.simplified());
   if (text.size() > kLongestCaption) caption += kDots;
   return caption;

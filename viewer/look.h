@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTextCharFormat>
 
+#include "book/reading_text.h"
 #include "viewer/colours.h"
 #include "viewer/layout.h"
 
@@ -27,6 +28,8 @@ QPalette PaletteOf(const Look& look);
 
 // The font of every text, of this height in pixels.
 QFont ViewerFont(int pixels, bool bold = false);
+// With a family of the reader's choice first.
+QFont ViewerFont(int pixels, bool bold, const QString& family);
 
 // How a word that was sought is marked.
 QTextCharFormat FoundWord(const Look& look);
@@ -45,6 +48,8 @@ QString PersianNumber(qint64 number);
 // A text of the book as it should read, as one line of bounded length, for lists, cards and titles
 // of windows; with signs for controls.
 QString AsCaption(const QString& text);
+// Which digits captions have from now on.
+void ShowDigits(book::Digits digits);
 // The same for a tool tip, which would take signs of a mark-up language in it for such and be as
 // wide as its longest word.
 QString AsToolTip(const QString& text);

@@ -93,7 +93,15 @@ QString ChooseNewFile(QWidget* parent, const QString& name) {
 }  // namespace
 
 Outside TheMachine() {
-  return {OpenFile, StartProgram, ShowFilm, MakeMediaPlayer, Print, ChooseFolder, ChooseNewFile};
+  const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return {OpenFile,
+          StartProgram,
+          ShowFilm,
+          MakeMediaPlayer,
+          Print,
+          ChooseFolder,
+          ChooseNewFile,
+          settings + QStringLiteral("/zorvand-viewer")};
 }
 
 }  // namespace viewer

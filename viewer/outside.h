@@ -41,6 +41,8 @@ struct Outside {
   // Asks where a file is to be written, under this name unless the reader has another; empty if
   // nowhere.
   std::function<QString(QWidget* parent, const QString& name)> chooseNewFile = nullptr;
+  // Where the viewer may remember what it is told; empty where it remembers nothing.
+  QString memoryFolder = {};
 };
 
 Outside TheMachine();

@@ -34,6 +34,13 @@ constexpr double kTopGap = 0.6;
 
 int Part(const PageStyle& style, double part) { return qRound(style.pixels * part); }
 
+// Of the first block that a piece of the page makes.
+class PieceOfPage : public QTextBlockUserData {
+ public:
+  explicit PieceOfPage(book::PagePlace from) : place(from) {}
+  const book::PagePlace place;
+};
+
 QTextBlockFormat BlockOf(Qt::Alignment alignment, int lineHeight, int bottomMargin) {
   QTextBlockFormat block;
   block.setLayoutDirection(Qt::RightToLeft);
@@ -44,19 +51,20 @@ QTextBlockFormat BlockOf(Qt::Alignment alignment, int lineHeight, int bottomMarg
 }
 
 QTextBlockFormat BlockOf(Qt::Alignment alignment, const PageStyle& style) {
-  return BlockOf(alignment, 165, Part(style, kParagraphGap));
+  return BlockOf(alignment, style.lineHeight, Part(style, kParagraphGap));
 }
 
 QTextCharFormat Letters(const PageStyle& style) {
   QTextCharFormat letters;
-  letters.setFont(ViewerFont(style.pixels));
+  letters.setFont(ViewerFont(style.pixels, false, style.letters));
   letters.setForeground(style.ink);
   return letters;
 }
 
 void AppendParagraph(QTextCursor& cursor, const QString& text, const PageStyle& style) {
   // Left is where the line starts.
-  cursor.insertBlock(BlockOf(Qt::AlignLeft, style), Letters(style));
+  const Qt::Alignment alignment = style.justified ? Qt::AlignJustify : Qt::AlignLeft;
+  cursor.insertBlock(BlockOf(alignment, style), Letters(style));
   cursor.insertText(text);
 }
 
@@ -149,6 +157,28 @@ void FitPicture(const QTextBlock& block, const PageStyle& style) {
 
 }  // namespace
 
+book::PagePlace PlaceInPage(const QTextDocument& document, int position) {
+  for (QTextBlock block = document.findBlock(position); block.isValid(); block = block.previous()) {
+    const auto* const piece = static_cast<const PieceOfPage*>(block.userData());
+    if (piece == nullptr) continue;
+    return {piece->place.part, piece->place.offset + std::max(0, position - block.position())};
+  }
+  return {};
+}
+
+int PositionOf(const QTextDocument& document, book::PagePlace place) {
+  int position = 0;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const auto* const piece = static_cast<const PieceOfPage*>(block.userData());
+    if (piece == nullptr) continue;
+    if (place < piece->place) break;
+    const bool isSame = piece->place.part == place.part;
+    position =
+        block.position() + (isSame ? static_cast<int>(place.offset - piece->place.offset) : 0);
+  }
+  return std::min(position, document.characterCount() - 1);
+}
+
 QString PathOfPicture(const QTextFormat& format) { return format.property(kPath).toString(); }
 
 void ReplaceByWords(QTextDocument& document, const QString& path, const PageStyle& style) {
@@ -183,7 +213,7 @@ void BeginPage(QTextDocument& document, const QString& title, const PageStyle& s
   }
   cursor.setBlockFormat(block);
   QTextCharFormat letters = Letters(style);
-  letters.setFont(ViewerFont(Part(style, kTitleHeight), true));
+  letters.setFont(ViewerFont(Part(style, kTitleHeight), true, style.letters));
   cursor.insertText(title.left(kLongestTitle), letters);
 }
 
@@ -196,11 +226,13 @@ book::PagePlace AppendStep(QTextDocument& document, const book::Folder& book,
   for (qsizetype weight = 0; from < until && weight < kWeightOfStep;) {
     const book::PagePart& part = page.parts[from.part];
     const PagePiece piece = PieceAt(page, from);
+    const int block = document.blockCount();
     if (part.kind == book::PagePart::Kind::kPicture) {
       AppendPicture(cursor, book, part.text, style);
     } else {
       AppendParagraph(cursor, part.text.mid(from.offset, piece.length), style);
     }
+    document.findBlockByNumber(block).setUserData(new PieceOfPage(from));
     weight += piece.weight;
     from = piece.next;
   }

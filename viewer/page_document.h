@@ -14,7 +14,10 @@
 namespace viewer {
 
 struct PageStyle {
-  int pixels = 17;              // the height of the letters
+  int pixels = 17;       // the height of the letters
+  QString letters;       // a font's family before those of the viewer
+  int lineHeight = 165;  // per cent
+  bool justified = false;
   double pictureScale = 1;      // pixels of the document to one of a picture
   QSize pictureBox{600, 1200};  // the most that a picture takes, in pixels of the document
   QSize decodeBox{600, 1200};   // larger pictures are made as small as this
@@ -22,6 +25,11 @@ struct PageStyle {
       false;  // there is room for them, and a handler of the document draws them
   QColor ink = Qt::black;
 };
+
+// Where in the page a place of the document comes from.
+book::PagePlace PlaceInPage(const QTextDocument& document, int position);
+// The other way round, as far as the document is laid out.
+int PositionOf(const QTextDocument& document, book::PagePlace place);
 
 // The path of the file of a picture in the document.
 QString PathOfPicture(const QTextFormat& format);

@@ -17,6 +17,7 @@ constexpr int kColumnWidth = 780;
 constexpr int kHighestPicture = 1200;
 constexpr int kNarrowMargin = 26;
 constexpr int kMostMarks = 500;
+constexpr std::size_t kMostFound = 10'000;
 
 }  // namespace
 
@@ -63,6 +64,8 @@ void PageView::ShowNotice(const QString& text) {
 
 void PageView::SetPage(book::Page page) {
   page_ = std::move(page);
+  found_.clear();
+  currentFound_ = -1;
   sections_ = CutIntoSections(page_);
   ShowSection(0);
 }
@@ -79,21 +82,40 @@ void PageView::ShowEndOfSection(int section) {
   verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
-void PageView::GoToWords(book::PagePlace place) {
+void PageView::ShowSectionOf(book::PagePlace place) {
   const auto after = std::upper_bound(sections_.begin(), sections_.end() - 1, place);
   ShowSection(static_cast<int>(after - sections_.begin()) - 1);
+}
+
+void PageView::GoToWords(book::PagePlace place) {
+  ShowSectionOf(place);
   while (!IsLaidOut() && next_ <= place) Append();
   if (marks_.isEmpty()) return;
   const int start = marks_.front().cursor.selectionStart();
   ScrollTo(start, viewport()->height() / 3);
 }
 
-void PageView::SetTextPixels(int pixels) {
+void PageView::SetStyle(const ReadingStyle& style) {
   const int top = PlaceAtTop();
-  style_.pixels = std::clamp(pixels, kSmallestText, kLargestText);
+  style_.pixels = style.pixels;
+  style_.letters = style.letters;
+  style_.lineHeight = style.lineHeight;
+  style_.justified = style.justified;
+  style_.ink = look_.ink;
   Restart();
   while (!IsLaidOut() && document()->characterCount() <= top) Append();
   ScrollTo(top);
+}
+
+book::PagePlace PageView::ReadersPlace() const {
+  const int top = PlaceAtTop();
+  return top == 0 ? SectionStart() : PlaceInPage(*document(), top);
+}
+
+void PageView::GoTo(book::PagePlace place) {
+  ShowSectionOf(place);
+  while (!IsLaidOut() && next_ <= place) Append();
+  ScrollTo(place == SectionStart() ? 0 : PositionOf(*document(), place));
 }
 
 // The section from its top on.
@@ -157,6 +179,53 @@ void PageView::MarkWords(int fromBlock) {
     }
   }
   setExtraSelections(marks_);
+}
+
+void PageView::Find(const book::Query& query) {
+  const book::PagePlace here = ReadersPlace();
+  words_ = query;
+  found_.clear();
+  for (std::size_t i = 0; i < page_.parts.size() && !query.IsEmpty(); ++i) {
+    if (page_.parts[i].kind != book::PagePart::Kind::kParagraph) continue;
+    const std::size_t room = kMostFound - found_.size();
+    for (const book::Mark& mark : book::MarksIn(page_.parts[i].text, query, room)) {
+      found_.push_back({{i, mark.start}, mark.length});
+    }
+  }
+  marks_.clear();
+  setExtraSelections({});
+  MarkWords(0);
+  const auto next =
+      std::ranges::find_if(found_, [&](const Found& each) { return each.place >= here; });
+  currentFound_ = found_.empty()         ? -1
+                  : next == found_.end() ? 0
+                                         : static_cast<int>(next - found_.begin());
+  ShowFound();
+}
+
+void PageView::StepFound(int step) {
+  if (found_.empty()) return;
+  currentFound_ = (currentFound_ + step + FoundCount()) % FoundCount();
+  ShowFound();
+}
+
+// Selected, so that it is told from the others.
+void PageView::ShowFound() {
+  QTextCursor cursor = textCursor();
+  cursor.clearSelection();
+  if (currentFound_ >= 0) {
+    const Found& found = found_[static_cast<std::size_t>(currentFound_)];
+    if (found.place < SectionStart() || found.place >= SectionEnd()) ShowSectionOf(found.place);
+    while (!IsLaidOut() && next_ <= found.place) Append();
+    const int start = PositionOf(*document(), found.place);
+    ScrollTo(start, viewport()->height() / 3);
+    cursor.setPosition(start);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor,
+                        static_cast<int>(found.length));
+  }
+  const int scrolled = verticalScrollBar()->value();
+  setTextCursor(cursor);
+  verticalScrollBar()->setValue(scrolled);
 }
 
 // The reader stays at the same line.

@@ -13,6 +13,7 @@
 #include "viewer/page_document.h"
 #include "viewer/page_pictures.h"
 #include "viewer/pictures.h"
+#include "viewer/reading_style.h"
 
 namespace viewer {
 
@@ -20,9 +21,6 @@ namespace viewer {
 // reader comes near to it.
 class PageView : public QTextEdit {
  public:
-  static constexpr int kSmallestText = 13;
-  static constexpr int kLargestText = 44;
-
   PageView(const book::Folder& book, const Look& look, Pictures& pictures, QWidget* parent);
 
   // From its beginning; the words are marked wherever they occur.
@@ -42,9 +40,18 @@ class PageView : public QTextEdit {
   book::PagePlace SectionStart() const { return sections_[static_cast<std::size_t>(section_)]; }
   book::PagePlace SectionEnd() const { return sections_[static_cast<std::size_t>(section_) + 1]; }
 
-  // The height of the letters. Changing it leaves the reader at the same line.
-  int TextPixels() const { return style_.pixels; }
-  void SetTextPixels(int pixels);
+  // Leaves the reader at the same line. The digits are the page's own.
+  void SetStyle(const ReadingStyle& style);
+  // Of the first line that is seen.
+  book::PagePlace ReadersPlace() const;
+  void GoTo(book::PagePlace place);
+
+  // Marks the words wherever they occur, and goes to the first of them from the reader's place on.
+  void Find(const book::Query& query);
+  // To the next (1) or the one before (-1), around the end of the page.
+  void StepFound(int step);
+  int FoundCount() const { return static_cast<int>(found_.size()); }
+  int FoundPlace() const { return currentFound_ + 1; }  // counted from 1
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -55,12 +62,14 @@ class PageView : public QTextEdit {
  private:
   void SetPage(book::Page page);
   void Restart();
+  void ShowSectionOf(book::PagePlace place);
   void ShowEndOfSection(int section);
   bool IsLaidOut() const { return next_ >= SectionEnd(); }
   void Append();
   void AppendUntil(book::PagePlace place);
   void AppendWhileNear();
   void MarkWords(int fromBlock);
+  void ShowFound();
   void ShowWordsFor(const QString& picture);
   void FitColumn();
   int PlaceAtTop() const;
@@ -82,6 +91,12 @@ class PageView : public QTextEdit {
   book::Query words_;
   QList<ExtraSelection> marks_;
   bool appending_ = false;
+  struct Found {
+    book::PagePlace place;
+    qsizetype length = 0;
+  };
+  std::vector<Found> found_;
+  int currentFound_ = -1;
 };
 
 }  // namespace viewer

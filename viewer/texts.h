@@ -30,6 +30,48 @@ inline QString Yes() { return QStringLiteral("بله"); }
 inline QString No() { return QStringLiteral("خیر"); }
 inline QString Cancel() { return QStringLiteral("انصراف"); }
 
+// What the window can be told to do.
+inline QString Options() { return QStringLiteral("گزینه\u200Cها"); }
+inline QString HistoryBack() { return QStringLiteral("به جای پیشین"); }
+inline QString HistoryForward() { return QStringLiteral("به جای پسین"); }
+inline QString Up() { return QStringLiteral("یک گام بالاتر"); }
+inline QString NextEntry() { return QStringLiteral("نوشته\u200Cی بعدی"); }
+inline QString PreviousEntry() { return QStringLiteral("نوشته\u200Cی قبلی"); }
+inline QString FindInPage() { return QStringLiteral("جست\u200Cوجو در این نوشته"); }
+inline QString NotInPage() { return QStringLiteral("پیدا نشد"); }
+inline QString FilterContents() { return QStringLiteral("یافتن در فهرست"); }
+inline QString PrintEntry() { return QStringLiteral("چاپ این نوشته"); }
+inline QString UsualSize() { return QStringLiteral("اندازه\u200Cی نخست"); }
+inline QString FullScreen() { return QStringLiteral("تمام صفحه"); }
+inline QString AllKeys() { return QStringLiteral("همه\u200Cی کلیدها"); }
+
+// How texts look.
+inline QString Reading() { return QStringLiteral("خط و رنگ نوشته\u200Cها"); }
+inline QString Letters() { return QStringLiteral("قلم:"); }
+inline QString BooksLetters() { return QStringLiteral("قلم کتاب"); }
+inline QString SampleOf() { return QStringLiteral("%1 — چو ایران نباشد تن من مباد ۱۲۳"); }
+inline QString LetterSize() { return QStringLiteral("اندازه:"); }
+inline QString LineSpacing() { return QStringLiteral("فاصله\u200Cی سطرها:"); }
+inline QString Percent() { return QStringLiteral("٪%1"); }
+inline QString ColoursOfText() { return QStringLiteral("رنگ:"); }
+inline QString BooksColours() { return QStringLiteral("رنگ کتاب"); }
+inline QString DayColours() { return QStringLiteral("روز"); }
+inline QString NightColours() { return QStringLiteral("شب"); }
+inline QString PaperColours() { return QStringLiteral("کاغذ"); }
+inline QString Justified() { return QStringLiteral("هم\u200Cتراز از هر دو سو"); }
+inline QString PersianDigits() { return QStringLiteral("رقم\u200Cهای فارسی"); }
+
+// What is remembered.
+inline QString OpensWhereYouWere() {
+  return QStringLiteral("کتاب از جایی که پیش\u200Cتر خوانده بودید باز شد: %1");
+}
+inline QString AddBookmark() { return QStringLiteral("نشانه گذاشتن"); }
+inline QString Bookmarks() { return QStringLiteral("نشانه\u200Cها"); }
+inline QString BookmarkName() { return QStringLiteral("نام نشانه:"); }
+inline QString BookmarkAdded() { return QStringLiteral("نشانه گذاشته شد: %1"); }
+inline QString GoToBookmark() { return QStringLiteral("رفتن"); }
+inline QString DropBookmark() { return QStringLiteral("برداشتن"); }
+
 // Collections, their contents and their pages.
 inline QString Gallery() { return QStringLiteral("گالری"); }
 inline QString NoPictures() { return QStringLiteral("در این گالری تصویری پیدا نشد."); }

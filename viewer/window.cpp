@@ -1,5 +1,6 @@
 #include "viewer/window.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QShortcut>
@@ -31,7 +32,9 @@ Window::Window(const QString& root, Outside outside)
       book_(found_.value_or(root)),
       settings_(hasBook_ ? book::ReadSettings(book_) : book::Settings()),
       index_(hasBook_ ? book::ReadIndex(book_) : book::Index()),
-      look_(LookOf(settings_.layout)),
+      memory_(hasBook_ ? outside_.memoryFolder : QString(), book_),
+      remembered_(memory_.Read()),
+      look_(LookIn(remembered_.style.light, settings_.layout)),
       pictures_(book_),
       music_(book_, hasBook_ && settings_.music ? TracksOf(book_) : QStringList(),
              outside_.makePlayer),
@@ -48,15 +51,28 @@ Window::Window(const QString& root, Outside outside)
   pages_->setObjectName(QStringLiteral("pages"));
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, kBarHeight, 0, 0);
+  rows->setSpacing(0);
+  word_ = new QLabel(this);
+  word_->setObjectName(QStringLiteral("word"));
+  word_->setTextFormat(Qt::PlainText);
+  word_->setMargin(8);
+  word_->hide();
+  rows->addWidget(word_);
   rows->addWidget(pages_);
+  ShowDigits(remembered_.style.digits);
   MakeBar();
-  MakeKeys();
+  MakeMenu();
+  qApp->installEventFilter(this);
   music_.onGivenUp = [this] { TellMusicGivenUp(); };
   index_.collections.empty() ? MakeNotice() : MakeIndex();
+  if (indexPage_) GoWhereTheReaderWas();
 }
 
 // The pages use what the window holds: they go first.
-Window::~Window() { delete pages_; }
+Window::~Window() {
+  Remember();
+  delete pages_;
+}
 
 void Window::MakeNotice() {
   notice_ = hasBook_ ? texts::NoCollections() : texts::NoBook();
@@ -88,6 +104,8 @@ void Window::MakeBar() {
   back_ = button("back", texts::Back());
   musicSwitch_ = button("music", texts::Music());
   find_ = button("find", texts::Find());
+  options_ = button("options", texts::Options());
+  QObject::connect(options_, &QAbstractButton::clicked, this, [this] { ShowMenu(); });
   words_ = new QLineEdit(this);
   words_->setObjectName(QStringLiteral("words"));
   words_->setPlaceholderText(texts::FindInBook());
@@ -99,7 +117,8 @@ void Window::MakeBar() {
   QObject::connect(musicSwitch_, &QAbstractButton::clicked, this, [this] { SwitchMusic(); });
   QObject::connect(find_, &QAbstractButton::clicked, this, [this] { Search(); });
   QObject::connect(words_, &QLineEdit::returnPressed, this, [this] { Search(); });
-  for (QWidget* widget : {static_cast<QWidget*>(find_), static_cast<QWidget*>(words_)}) {
+  for (QWidget* widget : {static_cast<QWidget*>(find_), static_cast<QWidget*>(words_),
+                          static_cast<QWidget*>(options_)}) {
     widget->setVisible(hasBook_);
   }
   musicSwitch_->setVisible(music_.HasTracks());
@@ -107,37 +126,12 @@ void Window::MakeBar() {
   back_->hide();
 }
 
-void Window::MakeKeys() {
-  const auto key = [this](const QKeySequence& keys, auto does) {
-    auto* const shortcut = new QShortcut(keys, this);
-    QObject::connect(shortcut, &QShortcut::activated, this, does);
-  };
-  key(Qt::Key_Escape, [this] { GoBack(); });
-  key(Qt::ALT | Qt::Key_Right, [this] { GoBack(); });  // back is to the right in a Persian book
-  key(Qt::ALT | Qt::Key_Home, [this] { GoHome(); });
-  key(Qt::CTRL | Qt::Key_F, [this] {
-    words_->setFocus();
-    words_->selectAll();
-  });
-  const auto step = [this](int by) {
-    if (collectionPage_ && pages_->currentWidget() == collectionPage_) collectionPage_->Step(by);
-  };
-  key(Qt::CTRL | Qt::Key_PageDown, [step] { step(1); });
-  key(Qt::CTRL | Qt::Key_PageUp, [step] { step(-1); });
-  const auto zoom = [this](int by) {
-    if (collectionPage_) collectionPage_->Zoom(by);
-  };
-  key(Qt::CTRL | Qt::Key_Plus, [zoom] { zoom(2); });
-  key(Qt::CTRL | Qt::Key_Equal, [zoom] { zoom(2); });
-  key(Qt::CTRL | Qt::Key_Minus, [zoom] { zoom(-2); });
-}
-
 // Pictures and music come once the reader sees the index.
 void Window::AfterFirstPaint() {
   pictures_.Start();
   backdrop_ = book_.Resolve(QStringLiteral("Data/FlashIMG/Back.jpg"));
   if (indexPage_) indexPage_->ShowTheRest();
-  if (music_.HasTracks()) music_.SwitchOn();
+  if (music_.HasTracks() && remembered_.music) music_.SwitchOn();
   TellMusic();
   update();
 }
@@ -182,14 +176,23 @@ void Window::resizeEvent(QResizeEvent* /*event*/) {
     musicSwitch_->setGeometry(left, top, 150, height);
     left += 158;
   }
-  find_->setGeometry(left, top, find_->sizeHint().width(), height);
-  left += find_->width() + 8;
+  for (FlatButton* button : {options_, find_}) {
+    button->setGeometry(left, top, button->sizeHint().width(), height);
+    left += button->width() + 8;
+  }
   words_->setGeometry(left, top, std::min(320, right - left - 8), height);
 }
 
 CollectionPage& Window::TextPage() {
   if (!collectionPage_) {
     collectionPage_ = new CollectionPage(surroundings_, pages_);
+    collectionPage_->onZoom = [this](int by) { Zoom(by); };
+    collectionPage_->onLeave = [this] {
+      word_->hide();
+      Leave();
+    };
+    collectionPage_->onArrive = [this] { Arrive(); };
+    collectionPage_->SetStyle(remembered_.style);
     pages_->addWidget(collectionPage_);
   }
   return *collectionPage_;
@@ -205,6 +208,7 @@ QWidget* Window::GalleryPage() {
 }
 
 void Window::OpenCollection(const book::Collection& collection) {
+  Leave();
   last_ = collection;
   fromSearch_ = false;
   setWindowTitle(AsCaption(collection.title));
@@ -216,14 +220,17 @@ void Window::OpenCollection(const book::Collection& collection) {
     Show(&TextPage());
     TextPage().Open(collection);
   }
+  Arrive();
 }
 
 void Window::OpenHit(const book::Hit& hit, const book::Wish& wish) {
+  Leave();
   last_ = hit.collection;
   fromSearch_ = true;
   setWindowTitle(AsCaption(hit.collection.title));
   Show(&TextPage());
   TextPage().OpenAt(hit, wish);
+  Arrive();
 }
 
 void Window::Search() {
@@ -236,12 +243,15 @@ void Window::Search() {
     };
     pages_->addWidget(searchPage_);
   }
+  Leave();
   Show(searchPage_);
   searchPage_->Search(words);
   searchPage_->FocusHits();
+  Arrive();
 }
 
 void Window::Show(QWidget* page) {
+  word_->hide();
   if (collectionPage_) collectionPage_->Silence();
   pages_->setCurrentWidget(page);
   const bool away = page != indexPage_;
@@ -252,27 +262,32 @@ void Window::Show(QWidget* page) {
 void Window::GoBack() {
   QWidget* const current = pages_->currentWidget();
   if (!indexPage_ || current == indexPage_) return;
+  Leave();
   if (current == collectionPage_ && fromSearch_) {
     fromSearch_ = false;
     Show(searchPage_);
-    return searchPage_->FocusHits();
+    searchPage_->FocusHits();
+    return Arrive();
   }
-  if (current == collectionPage_ && collectionPage_->GoBack()) return;
+  if (current == collectionPage_ && collectionPage_->GoBack()) return Arrive();
   GoHome();
 }
 
 void Window::GoHome() {
   if (!indexPage_) return;
+  Leave();
   if (searchPage_) searchPage_->Stop();
   fromSearch_ = false;
   setWindowTitle(texts::Book());
   Show(indexPage_);
   indexPage_->FocusCard(last_.number > 0 ? last_ : index_.collections.front());
+  Arrive();
 }
 
 void Window::SwitchMusic() {
   musicIsAskedFor_ = !music_.IsOn();
   music_.IsOn() ? music_.SwitchOff() : music_.SwitchOn();
+  remembered_.music = music_.IsOn();
   TellMusic();
 }
 
