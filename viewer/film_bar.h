@@ -43,7 +43,7 @@ class FilmBar : public QWidget {
   int before_ = 0;  // the volume before it was silenced
 };
 
-// "۳:۰۵", with hours "۱:۰۰:۰۹".
+// As in 3:05, with hours 1:00:09, in the digits of Persian.
 QString PersianTime(qint64 milliseconds);
 
 }  // namespace viewer
