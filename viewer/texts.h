@@ -140,7 +140,7 @@ inline QString Volume() { return QStringLiteral("بلندی صدا"); }
 inline QString Turn() { return QStringLiteral("چرخاندن"); }
 inline QString WholeSize() { return QStringLiteral("اندازه\u200Cی اصلی"); }
 inline QString FitToScreen() { return QStringLiteral("هم\u200Cاندازه\u200Cی صفحه"); }
-inline QString Copy() { return QStringLiteral("رونوشت"); }
+inline QString Copy() { return QStringLiteral("کپی"); }
 inline QString Save() { return QStringLiteral("ذخیره"); }
 inline QString SavePicture() { return QStringLiteral("ذخیره\u200Cی تصویر"); }
 inline QString NotIntoTheBook() {
