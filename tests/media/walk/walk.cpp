@@ -105,6 +105,7 @@ void ReadBook(const viewer_tests::BookMaker& book) {
   int ends = 0;
   Boxes boxes;
   viewer::Outside outside = viewer::TheMachine();
+  outside.memoryFolder.clear();  // each of the books is read for the first time
   outside.makePlayer = [&ends] { return std::make_unique<CountingPlayer>(ends); };
   viewer::Window window(book.Root(), outside);
   window.show();
