@@ -74,10 +74,9 @@ class GalleryView::Painter : public QStyledItemDelegate {
   void PaintPicture(QPainter& painter, const QRect& box, const book::Picture& picture,
                     const QPersistentModelIndex& index) const {
     const PictureFile file{picture.path, true};
-    const ShownPicture shown = view_.pictures_.Get(
-        {file, box.size(), Fit::kInside, view_.viewport(), [&view = view_, index] {
-           return view.visualRect(index).intersects(view.viewport()->rect());
-         }});
+    const ShownPicture shown =
+        view_.pictures_.Get({file, box.size(), Fit::kInside, view_.viewport(),
+                             [&view = view_, index] { return view.visualRect(index); }});
     if (!shown.pixmap.isNull()) return DrawInMiddle(painter, box, shown.pixmap, shown.size);
     DrawPlaceholder(painter, box, view_.look_);
     const QString note = view_.pictures_.NoteInPlaceOf(file);

@@ -60,7 +60,7 @@ ShownPicture Pictures::Get(const PictureWish& wanted) {
       wanted.fit,
       ratio,
       wanted.waiting,
-      wanted.isWanted};
+      wanted.place};
   if (!ready_.contains(wish.key)) Ask(wish);
   return Ready(wish);
 }
@@ -77,8 +77,11 @@ ShownPicture Pictures::Ready(const Wish& wish) const {
   return {};
 }
 
-bool Pictures::IsStale(const Wish& wish) {
-  return !wish.waiting || (wish.isWanted && !wish.isWanted());
+// As far as it can be seen.
+QRect Pictures::PlaceOf(const Wish& wish) {
+  if (!wish.waiting) return {};
+  const QRect all = wish.waiting->rect();
+  return wish.place ? wish.place().intersected(all) : all;
 }
 
 void Pictures::Ask(const Wish& wish) {
@@ -134,7 +137,7 @@ void Pictures::Take(const Wish& wish, const Taken& taken) {
   } else {
     Keep(wish, taken.picture);
   }
-  if (wish.waiting) wish.waiting->update();
+  if (!IsStale(wish)) wish.waiting->update(PlaceOf(wish));
   DecodeNext();
 }
 

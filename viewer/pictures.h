@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
+#include <QRect>
 #include <QSet>
 #include <QSize>
 #include <QString>
@@ -38,8 +39,8 @@ struct PictureWish {
   QSize box;
   Fit fit = Fit::kInside;
   QWidget* waiting = nullptr;
-  std::function<bool()> isWanted =
-      nullptr;  // asked before it is decoded; always, where there is none
+  // Where it stands in the widget by now, and whether it is seen at all; all over it, without.
+  std::function<QRect()> place = nullptr;
 };
 
 // Keeps what was decoded lately. Until Start() nothing is decoded, so that the first window comes
@@ -73,7 +74,7 @@ class Pictures : public QObject {
     Fit fit;
     double ratio;
     QPointer<QWidget> waiting;
-    std::function<bool()> isWanted;
+    std::function<QRect()> place;
   };
   // Of a slot.
   struct Known {
@@ -86,7 +87,8 @@ class Pictures : public QObject {
     DecodedPicture picture;
   };
   static QString NameOf(const PictureFile& file);
-  static bool IsStale(const Wish& wish);
+  static QRect PlaceOf(const Wish& wish);
+  static bool IsStale(const Wish& wish) { return PlaceOf(wish).isEmpty(); }
   ShownPicture Ready(const Wish& wish) const;
   void Ask(const Wish& wish);
   void DecodeNext();

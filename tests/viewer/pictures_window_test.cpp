@@ -69,7 +69,7 @@ TEST_F(PicturesOfABook, WhatNobodyWantsAnyLongerIsNotDecoded) {
                    {width, width},
                    width % 2 == 0 ? viewer::Fit::kInside : viewer::Fit::kCovering,
                    &waiting,
-                   [&isWanted] { return isWanted; }});
+                   [&isWanted] { return isWanted ? QRect(0, 0, 9, 9) : QRect(); }});
   }
   isWanted = false;
   pictures_.Start();
