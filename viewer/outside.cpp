@@ -94,14 +94,8 @@ QString ChooseNewFile(QWidget* parent, const QString& name) {
 
 Outside TheMachine() {
   const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  return {OpenFile,
-          StartProgram,
-          ShowFilm,
-          MakeMediaPlayer,
-          Print,
-          ChooseFolder,
-          ChooseNewFile,
-          settings + QStringLiteral("/zorvand-viewer")};
+  return {OpenFile, StartProgram, ShowFilm,      MakeMediaPlayer,
+          Print,    ChooseFolder, ChooseNewFile, settings + QStringLiteral("/zorvand-viewer")};
 }
 
 }  // namespace viewer
