@@ -143,11 +143,12 @@ class Replay {
 // The next free rows lie right after those that are there: whoever goes on makes no table up to a
 // number that is none of this work's. A row may have a text and no title: a heading that another
 // command has overwritten before it got its text.
-bool MakesSense(filed::FiledWork& filed) {
+bool MakesSense(const filed::FiledWork& filed) {
   constexpr std::ptrdiff_t kMostOpen = INT32_MAX;
-  return filed.entryCount <= LongestColumn(filed) &&
-         filed.imageCount <= filed.table.inlineImage.Count() && filed.mainOpen <= kMostOpen &&
-         filed.mainOpen >= -kMostOpen;
+  const std::ptrdiff_t rows =
+      std::max(filed.table.entryTitle.Count(), filed.table.entryText.Count());
+  return filed.entryCount <= rows && filed.imageCount <= filed.table.inlineImage.Count() &&
+         filed.mainOpen <= kMostOpen && filed.mainOpen >= -kMostOpen;
 }
 
 }  // namespace

@@ -358,6 +358,15 @@ TEST(RecoveryRecord, NoNumberInItMakesMoreThanItsBytes) {
   EXPECT_NE(ReadBack(piece(Change::kNumber, {0, 1})), "refused") << "a heading was deleted";
 }
 
+// A gallery's row alone is none that a count could be of: where it is empty nobody tells it again.
+TEST(RecoveryRecord, TheCountIsOfRowsThatHaveATitleOrAText) {
+  std::string content;
+  for (const std::uint64_t number : {5, 7, 1, 2, 0, 4}) AppendNumber(content, number);
+  std::string file = HeadBytes();
+  AppendPiece(file, content);
+  EXPECT_EQ(ReadBack(file), "refused");
+}
+
 // `characters` letters and blanks in paragraphs of that length, as the window files them.
 Text RichText(std::size_t characters, std::size_t ofParagraph) {
   namespace rtf = platform::rtf;
